@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// Where the user's planning work lives: `~/.vantle/planning.json`.
+namespace Planning
+{
+
+struct Config {
+    std::optional<QString> root;
+
+    bool operator==(const Config &) const = default;
+};
+
+bool save(const Config &config);
+void clear(); ///< removes the file: the only form of "no root"
+std::optional<QString> loadPlanningConfig();
+
+} // namespace Planning

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/// The files of this machine as the program needs them: whole files, in place, nothing cached. Paths are
+/// absolute.
+class FileSystem
+{
+public:
+    virtual ~FileSystem();
+    Q_DISABLE_COPY_MOVE(FileSystem)
+
+    /// The bytes of a regular file, a link to one counts; nothing for anything else, at once.
+    virtual std::optional<QByteArray> read(const QString &path) = 0;
+
+    /// Replaces the file's bytes in place: truncated and rewritten, no temporary file, no rename, because the
+    /// file may be a link and its mode and owner are the user's. False when it could not be written.
+    virtual bool write(const QString &path, const QByteArray &bytes) = 0;
+
+    /// Makes a directory and its missing parents; failures show in the write that follows.
+    virtual void createDirectory(const QString &path) = 0;
+
+    /// Removes a file or a link, never a directory; a failure is of no consequence.
+    virtual void remove(const QString &path) = 0;
+
+    /// Whether anything is at this path, links followed.
+    virtual bool exists(const QString &path) = 0;
+
+    /// Whether a directory is at this path, links followed.
+    virtual bool isDirectory(const QString &path) = 0;
+
+    static FileSystem &system();
+
+protected:
+    FileSystem() = default;
+};

@@ -1,0 +1,3 @@
+#include "Platform/Observable.h"
+
+Observable::~Observable() = default;

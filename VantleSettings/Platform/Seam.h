@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <utility>
+
+/// Where the program meets one part of the outside world. `Seam<X>::current()` is the system's own `X`, which
+/// `X::system()` gives, unless a test has put a stand-in in its place. Main thread only.
+template <class Interface>
+class Seam
+{
+public:
+    static Interface &current() { return s_standIn ? *s_standIn : Interface::system(); }
+
+    /// Puts a stand-in in the place of the system's own for as long as it lives; they nest.
+    class Replacement
+    {
+    public:
+        explicit Replacement(Interface &standIn) : m_previous(std::exchange(s_standIn, &standIn)) {}
+        ~Replacement() { s_standIn = m_previous; }
+        Q_DISABLE_COPY_MOVE(Replacement)
+
+    private:
+        Interface *m_previous;
+    };
+
+private:
+    static inline Interface *s_standIn = nullptr;
+};

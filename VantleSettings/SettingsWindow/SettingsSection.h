@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Platform/SystemColor.h"
+
+#include <QString>
+
+#include <array>
+#include <optional>
+
+/// The pages of the window, in sidebar order.
+enum class SettingsSection { general, planning, browser, data, about };
+
+inline constexpr std::array allSettingsSections{SettingsSection::general, SettingsSection::planning,
+                                                SettingsSection::browser, SettingsSection::data,
+                                                SettingsSection::about};
+
+QString rawValue(SettingsSection section); ///< the title
+std::optional<SettingsSection> settingsSection(const QString &rawValue);
+SystemColor tint(SettingsSection section);

@@ -1,0 +1,19 @@
+# What every target of ours is compiled with. Link `VantleCompileOptions` privately.
+add_library(VantleCompileOptions INTERFACE)
+target_compile_options(VantleCompileOptions INTERFACE
+    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
+    -Wimplicit-fallthrough -Wnull-dereference -Wformat=2)
+target_compile_definitions(VantleCompileOptions INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+    QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+set(VANTLE_SANITIZERS "" CACHE STRING "Sanitizers for the whole build, e.g. address,undefined")
+if(VANTLE_SANITIZERS)
+    add_compile_options(-fsanitize=${VANTLE_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${VANTLE_SANITIZERS})
+endif()
+option(VANTLE_COVERAGE "Instrument for line coverage (clang only)" OFF)
+if(VANTLE_COVERAGE)
+    add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
+    add_link_options(-fprofile-instr-generate)
+endif()
