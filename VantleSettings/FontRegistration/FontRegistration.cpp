@@ -1,0 +1,54 @@
+#include "FontRegistration/FontRegistration.h"
+
+#include "Platform/FontRegistry.h"
+#include "Platform/Seam.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace FontRegistration
+{
+
+QStringList names()
+{
+    return {u"JetBrainsMono-Regular"_s, u"JetBrainsMono-Medium"_s, u"JetBrainsMono-SemiBold"_s,
+            u"JetBrainsMono-Bold"_s};
+}
+
+QStringList candidateFontDirectories(const Bundle &bundle)
+{
+    QStringList directories;
+    if (bundle.resourceDirectory)
+        directories << *bundle.resourceDirectory + u"/Fonts"_s;
+    if (bundle.executablePath)
+        directories << QFileInfo(*bundle.executablePath).path() + u"/Vantle_VantleSettings.bundle/Fonts"_s;
+    directories << QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts");
+    return directories;
+}
+
+void registerFonts(const QStringList &directories, FontRegistry &registry)
+{
+    for (const QString &name : names()) {
+        for (const QString &directory : directories) {
+            const QString file = QDir(directory).filePath(name + u".ttf"_s);
+            if (QFileInfo::exists(file)) {
+                registry.add(file);
+                break;
+            }
+        }
+    }
+}
+
+void registerBundledFonts()
+{
+    static bool hasRegistered = false;
+    if (std::exchange(hasRegistered, true))
+        return;
+    registerFonts(candidateFontDirectories(Bundle::main()), Seam<FontRegistry>::current());
+}
+
+} // namespace FontRegistration

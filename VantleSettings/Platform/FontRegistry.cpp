@@ -1,0 +1,3 @@
+#include "Platform/FontRegistry.h"
+
+FontRegistry::~FontRegistry() = default;

@@ -1,0 +1,30 @@
+#include "Platform/FontRegistry.h"
+
+#import <AppKit/AppKit.h>
+#import <CoreText/CoreText.h>
+
+namespace
+{
+
+class CoreTextFontRegistry : public FontRegistry
+{
+  public:
+    void add(const QString &file) override
+    {
+        NSURL *url = [NSURL fileURLWithPath:file.toNSString()];
+        CTFontManagerRegisterFontsForURL((__bridge CFURLRef)url, kCTFontManagerScopeProcess, nullptr);
+    }
+
+    bool has(const QString &postScriptName) override
+    {
+        return [NSFont fontWithName:postScriptName.toNSString() size:12] != nil;
+    }
+};
+
+} // namespace
+
+FontRegistry &FontRegistry::system()
+{
+    static CoreTextFontRegistry registry;
+    return registry;
+}
