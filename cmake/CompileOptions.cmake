@@ -2,7 +2,8 @@
 add_library(VantleCompileOptions INTERFACE)
 target_compile_options(VantleCompileOptions INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-    -Wimplicit-fallthrough -Wnull-dereference -Wformat=2)
+    -Wimplicit-fallthrough -Wnull-dereference -Wformat=2
+    $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
 target_compile_definitions(VantleCompileOptions INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
     QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)

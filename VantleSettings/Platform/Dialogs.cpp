@@ -1,0 +1,61 @@
+#include "Platform/Dialogs.h"
+
+#include "Platform/ConfirmationDialog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QPointer>
+
+namespace
+{
+
+/// Runs a dialog of its own until it is answered. False also when its window goes away meanwhile.
+bool accepted(const QPointer<QDialog> &dialog)
+{
+    return dialog->exec() == QDialog::Accepted && dialog;
+}
+
+/// The folder itself, or the nearest one above it that still exists.
+QString nearestExisting(QString folder)
+{
+    while (!QDir(folder).exists() && folder.lastIndexOf(u'/') > 0)
+        folder.truncate(folder.lastIndexOf(u'/'));
+    return folder;
+}
+
+class ModalDialogs : public Dialogs
+{
+public:
+    std::optional<QString> chooseDirectory(const DirectoryQuestion &question) override
+    {
+        const QString start = nearestExisting(question.start.value_or(QDir::homePath()));
+        const QPointer<QFileDialog> dialog =
+            new QFileDialog(QApplication::activeWindow(), question.title, start);
+        dialog->setFileMode(QFileDialog::Directory);
+        dialog->setOption(QFileDialog::ShowDirsOnly);
+        dialog->setLabelText(QFileDialog::Accept, question.prompt);
+        dialog->setAccessibleDescription(question.message);
+        std::optional<QString> folder;
+        if (accepted(dialog.data()))
+            folder = dialog->selectedFiles().constFirst();
+        delete dialog;
+        return folder;
+    }
+
+    bool confirm(const Confirmation &confirmation) override
+    {
+        const QPointer<QDialog> dialog = new ConfirmationDialog(confirmation, QApplication::activeWindow());
+        const bool agreed = accepted(dialog);
+        delete dialog;
+        return agreed;
+    }
+};
+
+} // namespace
+
+Dialogs &Dialogs::system()
+{
+    static ModalDialogs dialogs;
+    return dialogs;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+/// What other programs do with files for the user. Both calls return at once; whether anything came of them
+/// is the user's to see.
+class Workspace
+{
+public:
+    virtual ~Workspace() = default;
+    Q_DISABLE_COPY_MOVE(Workspace)
+
+    /// Shows the file or folder at this path, selected, in the file manager.
+    virtual void reveal(const QString &path) = 0;
+
+    /// Opens the file at this path with its default application.
+    virtual void open(const QString &path) = 0;
+
+    static Workspace &system();
+
+protected:
+    Workspace() = default;
+};
