@@ -2,6 +2,8 @@
 
 #include <QUrl>
 
+#include <chrono>
+
 /// Requests to a listener on this machine, sent and forgotten.
 class LoopbackPost
 {
@@ -9,9 +11,14 @@ public:
     virtual ~LoopbackPost();
     Q_DISABLE_COPY_MOVE(LoopbackPost)
 
-    /// Posts the JSON object `{}` to this address and returns at once; no answer is ever looked at. The
-    /// request is given up when nothing has moved for 1.5 seconds. It never goes through a proxy.
+    /// Posts the JSON object `{}` to this port and path and returns at once; no answer is ever looked at.
+    /// Only 127.0.0.1 is contacted, directly, whatever proxies there are. The request is given up when
+    /// nothing has moved for 1.5 seconds; any number may be pending.
     virtual void post(const QUrl &url) = 0;
+
+    /// For the end of the program, when no event loop turns any more: returns when everything posted has
+    /// reached its listener or this time is over, at once when nothing is pending. What is left is dropped.
+    virtual void finish(std::chrono::milliseconds limit) = 0;
 
     static LoopbackPost &system();
 

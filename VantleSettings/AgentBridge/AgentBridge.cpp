@@ -1,0 +1,30 @@
+#include "AgentBridge/AgentBridge.h"
+
+#include "Platform/LoopbackPost.h"
+#include "Platform/Seam.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+const QUrl &baseURL()
+{
+    static const QUrl url(u"http://127.0.0.1:18484"_s, QUrl::StrictMode);
+    return url;
+}
+
+} // namespace
+
+void AgentBridge::fireAndForget(const QString &path)
+{
+    QUrl url = baseURL();
+    url.setPath(path);
+    Seam<LoopbackPost>::current().post(url);
+}
+
+void AgentBridge::finish()
+{
+    Seam<LoopbackPost>::current().finish(1500ms);
+}
