@@ -8,3 +8,7 @@ class QWidget;
 /// panel. Its name and description stay the widget's own. Call it before the widget is
 /// named or shown: from then on its role is fixed.
 void setAccessibleRole(QWidget *widget, QAccessible::Role role);
+
+/// Keeps a widget that is there for the eye only, e.g. a tinted tile, out of the accessibility tree: its
+/// parent, a plain widget or one with a role from above, leaves it out.
+void markAsDecoration(QWidget *widget);

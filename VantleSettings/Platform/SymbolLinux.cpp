@@ -1,0 +1,6 @@
+#include "Platform/SymbolDrawing.h"
+
+QImage symbolMask(const QString &name, qreal pointSize, qreal scale)
+{
+    return drawnSymbolMask(name, pointSize, scale);
+}

@@ -1,0 +1,81 @@
+#include "SettingsWindow/Components/Buttons.h"
+
+#include "Platform/Palette.h"
+#include "Platform/Symbol.h"
+#include "SettingsWindow/Components/Painting.h"
+#include "SettingsWindow/Components/Tokens.h"
+
+#include <QPainter>
+
+namespace
+{
+
+/// How a borderless button answers the pointer.
+qreal opacity(const QPushButton &button)
+{
+    if (!button.isEnabled())
+        return 0.4;
+    return button.isDown() ? 0.6 : 1;
+}
+
+QString withoutMnemonics(QString text)
+{
+    return text.replace(u'&', QStringLiteral("&&"));
+}
+
+} // namespace
+
+PushButton::PushButton(const QString &text, Size size, QWidget *parent)
+    : QPushButton(withoutMnemonics(text), parent), m_size(size)
+{
+    setFont(textFont(size == Size::small ? TextStyle::size12 : TextStyle::size13));
+    setFixedHeight(size == Size::small ? Tokens::smallButtonHeight : Tokens::largeButtonHeight);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(size == Size::small ? Qt::WA_MacSmallSize : Qt::WA_MacNormalSize);
+}
+
+IconButton::IconButton(const QString &symbol, const QString &toolTip, qreal pointSize, QWidget *parent)
+    : QPushButton(parent), m_symbol(symbol), m_pointSize(pointSize)
+{
+    setFixedSize(Tokens::iconTile, Tokens::iconTile);
+    setFlat(true);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::StrongFocus);
+    setToolTip(toolTip);
+    setAccessibleName(toolTip);
+}
+
+QSize IconButton::sizeHint() const
+{
+    return {Tokens::iconTile, Tokens::iconTile};
+}
+
+void IconButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setOpacity(opacity(*this));
+    if (underMouse() && isEnabled())
+        fill(painter, continuousRectangle(rect(), Tokens::buttonRadius), Tokens::quaternaryFill);
+    drawSymbol(painter, m_symbol, rect(), m_pointSize, textColor(TextColor::secondary));
+}
+
+LinkButton::LinkButton(const QString &text, QWidget *parent) : QPushButton(withoutMnemonics(text), parent)
+{
+    setFont(textFont(TextStyle::size13));
+    setFlat(true);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QSize LinkButton::sizeHint() const
+{
+    return fontMetrics().size(Qt::TextShowMnemonic, text());
+}
+
+void LinkButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setOpacity(opacity(*this));
+    painter.setPen(accentColor());
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextHideMnemonic, text());
+}

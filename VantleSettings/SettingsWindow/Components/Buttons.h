@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QPushButton>
+
+/// A push button in one of two heights. Its text is shown as it is.
+class PushButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    enum class Size { small, large };
+
+    explicit PushButton(const QString &text, Size size = Size::small, QWidget *parent = nullptr);
+
+    Size buttonSize() const { return m_size; }
+
+private:
+    Size m_size;
+};
+
+/// A symbol in the secondary colour that acts, in a frame of 22 by 22 points; the tooltip is its name unless
+/// it is given another.
+class IconButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    explicit IconButton(const QString &symbol, const QString &toolTip, qreal pointSize,
+                        QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_symbol;
+    qreal m_pointSize;
+};
+
+/// A text in the accent colour that acts.
+class LinkButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    explicit LinkButton(const QString &text, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};

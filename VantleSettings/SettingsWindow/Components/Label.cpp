@@ -1,0 +1,164 @@
+#include "SettingsWindow/Components/Label.h"
+
+#include <QEvent>
+#include <QFontMetricsF>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QTextDocument>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr int narrowest = 24;       ///< what a label that can give way asks for at least
+constexpr int widestLineHint = 640; ///< a wrapped text never asks for more
+
+} // namespace
+
+QString plainToolTip(const QString &text)
+{
+    if (text.size() < 80 && !Qt::mightBeRichText(text))
+        return text;
+    return QStringLiteral("<div style='white-space: pre-wrap'>%1</div>").arg(text.toHtmlEscaped());
+}
+
+Label::Label(const QString &text, TextStyle style, TextColor textColor, QWidget *parent)
+    : Label(text, style, textColor, TextFlow{.maximumLines = 1, .givesWay = false}, parent)
+{
+}
+
+Label::Label(const QString &text, TextStyle style, TextColor textColor, TextFlow flow, QWidget *parent)
+    : QLabel(parent), m_textColor(textColor), m_flow(flow)
+{
+    setFont(textFont(style));
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(wraps());
+    setSizePolicy(policy);
+    setText(text);
+}
+
+void Label::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    setAccessibleName(text);
+    forgetLines();
+}
+
+void Label::setTextColor(TextColor textColor)
+{
+    m_textColor = textColor;
+    update();
+}
+
+QSize Label::sizeHint() const
+{
+    if (m_naturalWidth < 0) {
+        const int natural = widthOfLines(textLines(m_text, font(), QWIDGETSIZE_MAX, {}), font());
+        m_naturalWidth = wraps() ? std::min(natural, widestLineHint) : natural;
+    }
+    return {m_naturalWidth, wraps() ? heightForWidth(m_naturalWidth) : heightOf(1)};
+}
+
+QSize Label::minimumSizeHint() const
+{
+    const int natural = sizeHint().width();
+    return {m_flow.givesWay ? std::min(natural, narrowest) : natural, heightOf(1)};
+}
+
+int Label::heightForWidth(int width) const
+{
+    return heightOf(linesFor(width).size());
+}
+
+int Label::heightOf(size_t lines) const
+{
+    const QFontMetricsF metrics(font());
+    const qreal gaps = metrics.lineSpacing() * static_cast<qreal>(std::max<size_t>(lines, 1) - 1);
+    return static_cast<int>(std::ceil(metrics.height() + gaps));
+}
+
+const std::vector<QString> &Label::linesFor(int width) const
+{
+    if (m_linesWidth != width) {
+        m_lines = textLines(m_text, font(), width, m_flow);
+        m_linesWidth = width;
+    }
+    return m_lines;
+}
+
+void Label::forgetLines()
+{
+    m_linesWidth = -1;
+    m_naturalWidth = -1;
+    updateGeometry();
+    update();
+}
+
+void Label::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(textColor(m_textColor));
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    const QFontMetricsF metrics(font());
+    const std::vector<QString> &lines = linesFor(width());
+    qreal baseline = (height() - heightOf(lines.size())) / 2.0 + metrics.ascent();
+    const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
+    for (const QString &line : lines) {
+        const qreal room = width() - metrics.horizontalAdvance(line);
+        const qreal x = side & Qt::AlignHCenter ? room / 2 : side & Qt::AlignRight ? room : 0;
+        painter.drawText(QPointF(x, std::round(baseline)), line);
+        baseline += metrics.lineSpacing();
+    }
+}
+
+void Label::resizeEvent(QResizeEvent *event)
+{
+    QLabel::resizeEvent(event);
+    update();
+}
+
+void Label::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange)
+        forgetLines();
+    QLabel::changeEvent(event);
+}
+
+WrappedLabel::WrappedLabel(const QString &text, TextStyle style, TextColor textColor, Lines lines,
+                           QWidget *parent)
+    : Label(text, style, textColor, TextFlow{.balanced = lines == Lines::balancedCentred}, parent)
+{
+    if (lines == Lines::balancedCentred)
+        setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+}
+
+ElidedLabel::ElidedLabel(const QString &text, TextStyle style, TextColor textColor, int maximumLines,
+                         QWidget *parent)
+    : Label(text, style, textColor, TextFlow{.maximumLines = maximumLines}, parent)
+{
+}
+
+bool ElidedLabel::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return Label::event(event);
+    if (isElided())
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainToolTip(text()), this);
+    else
+        event->ignore();
+    return true;
+}
+
+bool ElidedLabel::isElided() const
+{
+    qsizetype ellipses = 0;
+    for (const QString &line : shownLines())
+        ellipses += line.count(QChar(0x2026));
+    return ellipses > text().count(QChar(0x2026));
+}

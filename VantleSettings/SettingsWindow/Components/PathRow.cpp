@@ -1,0 +1,37 @@
+#include "SettingsWindow/Components/PathRow.h"
+
+#include "Platform/Pasteboard.h"
+#include "Platform/Seam.h"
+#include "SettingsWindow/Components/Buttons.h"
+#include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/Tokens.h"
+
+#include <QHBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int labelColumn = 136;
+constexpr int columnGap = 8;
+constexpr qreal copySymbolSize = 11;
+
+} // namespace
+
+PathRow::PathRow(const QString &label, const QString &path, QWidget *parent) : QWidget(parent)
+{
+    auto *caption = new ElidedLabel(label, TextStyle::size12Medium, TextColor::secondary);
+    caption->setFixedWidth(labelColumn);
+    auto *copy = new IconButton(u"doc.on.doc"_s, u"Copy path"_s, copySymbolSize);
+    copy->setAccessibleName(u"Copy path of %1"_s.arg(label));
+    connect(copy, &IconButton::clicked, this, [path] { Seam<Pasteboard>::current().setText(path); });
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
+                               Tokens::rowPaddingVertical);
+    layout->setSpacing(columnGap);
+    layout->addWidget(caption);
+    layout->addWidget(new ElidedLabel(path, TextStyle::size11, TextColor::primary80), 1);
+    layout->addWidget(copy);
+}

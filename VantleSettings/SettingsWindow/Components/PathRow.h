@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QWidget>
+
+/// A labelled path with a button that copies it.
+class PathRow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PathRow(const QString &label, const QString &path, QWidget *parent = nullptr);
+};

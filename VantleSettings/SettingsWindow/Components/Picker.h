@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QComboBox>
+
+/// A pop-up of a few choices. Its owner reacts to `activated`, which only the user sends. The wheel never
+/// changes it unless it has the focus, so a page can be scrolled across it.
+class Picker : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit Picker(QWidget *parent = nullptr);
+
+    /// Replaces the choices, keeping the index; sends nothing.
+    void setEntries(const QStringList &entries);
+
+protected:
+    void wheelEvent(QWheelEvent *event) override;
+};

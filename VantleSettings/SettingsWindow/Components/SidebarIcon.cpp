@@ -1,0 +1,40 @@
+#include "SettingsWindow/Components/SidebarIcon.h"
+
+#include "Platform/AccessibleRole.h"
+#include "Platform/Palette.h"
+#include "Platform/Symbol.h"
+#include "SettingsWindow/Components/Painting.h"
+#include "SettingsWindow/Components/Tokens.h"
+
+#include <QPainter>
+
+SidebarIcon::SidebarIcon(const QString &symbol, SystemColor tint, QWidget *parent)
+    : QWidget(parent), m_symbol(symbol), m_tint(tint)
+{
+    setFixedSize(Tokens::iconTile, Tokens::iconTile);
+    markAsDecoration(this);
+}
+
+void SidebarIcon::setSymbol(const QString &symbol, SystemColor tint)
+{
+    m_symbol = symbol;
+    m_tint = tint;
+    update();
+}
+
+QSize SidebarIcon::sizeHint() const
+{
+    return {Tokens::iconTile, Tokens::iconTile};
+}
+
+void SidebarIcon::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    drawSidebarIcon(painter, rect(), m_symbol, m_tint);
+}
+
+void drawSidebarIcon(QPainter &painter, const QRectF &tile, const QString &symbol, SystemColor tint)
+{
+    fill(painter, continuousRectangle(tile, Tokens::iconTileRadius), tintGradient(tile, color(tint)));
+    drawSymbol(painter, symbol, tile, Tokens::iconTilePointSize, Qt::white);
+}

@@ -1,0 +1,87 @@
+#include "SettingsWindow/Components/Switch.h"
+
+#include "Platform/Palette.h"
+#include "SettingsWindow/Components/Painting.h"
+#include "SettingsWindow/Components/Tokens.h"
+
+#include <QPainter>
+
+namespace
+{
+
+constexpr qreal knobInset = 1.5;
+
+QColor mixed(const QColor &from, const QColor &to, qreal share)
+{
+    const auto part = [share](float a, float b) { return a + (b - a) * static_cast<float>(share); };
+    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
+                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
+}
+
+} // namespace
+
+Switch::Switch(QWidget *parent) : QCheckBox(parent)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+}
+
+QSize Switch::sizeHint() const
+{
+    return {Tokens::switchWidth, Tokens::switchHeight};
+}
+
+void Switch::setChecked(bool on)
+{
+    if (on == isChecked())
+        return;
+    QCheckBox::setChecked(on);
+    slideTo(on ? 1 : 0);
+}
+
+void Switch::nextCheckState()
+{
+    Q_EMIT requested(!isChecked());
+}
+
+bool Switch::hitButton(const QPoint &position) const
+{
+    return rect().contains(position);
+}
+
+void Switch::slideTo(qreal target)
+{
+    if (!isVisible() || reducedMotion()) {
+        m_knob = target;
+        update();
+        return;
+    }
+    if (m_slide == nullptr) {
+        m_slide = new QVariantAnimation(this);
+        m_slide->setDuration(Tokens::switchDuration);
+        m_slide->setEasingCurve(QEasingCurve::OutCubic);
+        connect(m_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant &value) {
+            m_knob = value.toReal();
+            update();
+        });
+    }
+    m_slide->stop();
+    m_slide->setStartValue(m_knob);
+    m_slide->setEndValue(target);
+    m_slide->start();
+}
+
+void Switch::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(0.4);
+    const QRectF track((width() - Tokens::switchWidth) / 2.0, (height() - Tokens::switchHeight) / 2.0,
+                       Tokens::switchWidth, Tokens::switchHeight);
+    fill(painter, capsule(track), mixed(Tokens::switchOff, accentColor(), m_knob));
+    const qreal diameter = Tokens::switchHeight - 2 * knobInset;
+    const qreal way = Tokens::switchWidth - 2 * knobInset - diameter;
+    const qreal share = layoutDirection() == Qt::RightToLeft ? 1 - m_knob : m_knob;
+    const QRectF knob(track.left() + knobInset + way * share, track.top() + knobInset, diameter, diameter);
+    fill(painter, capsule(knob), isDown() ? QColor(230, 230, 230) : QColor(Qt::white));
+}
