@@ -1,0 +1,3 @@
+#include "Platform/KeyboardLayout.h"
+
+KeyboardLayout::~KeyboardLayout() = default;
