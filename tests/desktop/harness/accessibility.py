@@ -1,0 +1,150 @@
+"""What a screen reader knows of a program: its controls by role and name, asked over the accessibility bus itself,
+so that nothing between the program and the test remembers an older answer."""
+
+from gi.repository import Gio, GLib
+
+from .waiting import eventually
+
+_ACCESSIBLE = "org.a11y.atspi.Accessible"
+_PROPERTIES = "org.freedesktop.DBus.Properties"
+_ROOT = "/org/a11y/atspi/accessible/root"
+_LABELLED_BY = 2
+
+# The bits of a control's state that tests ask for.
+STATES = {
+    "active": 1, "checked": 4, "defunct": 6, "editable": 7, "enabled": 8, "expanded": 10, "focusable": 11,
+    "focused": 12, "selectable": 22, "selected": 23, "sensitive": 24, "showing": 25, "visible": 30,
+    "default": 39,
+}
+
+
+class AccessibilityBus:
+    """The bus on which programs show their controls."""
+
+    def __init__(self):
+        session = Gio.bus_get_sync(Gio.BusType.SESSION)
+        address, = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
+                                     Gio.DBusCallFlags.NONE, 20000)
+        self._connection = Gio.DBusConnection.new_for_address_sync(
+            address,
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
+
+    def call(self, name, path, interface, method, arguments=None):
+        return self._connection.call_sync(name, path, interface, method, arguments, None,
+                                          Gio.DBusCallFlags.NONE, 20000).unpack()
+
+    def program(self, process):
+        """The program of that process id, or None until it shows itself."""
+        registry = Control(self, "org.a11y.atspi.Registry", _ROOT)
+        for program in registry.children:
+            try:
+                owner, = self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                   "GetConnectionUnixProcessID", GLib.Variant("(s)", (program.owner,)))
+            except GLib.Error:
+                continue
+            if owner == process:
+                return program
+        return None
+
+
+class Control:
+    """One node of the tree. A control that is gone has no children, no role and an empty name."""
+
+    def __init__(self, bus, owner, path):
+        self._bus = bus
+        self.owner = owner
+        self.path = path
+
+    def __eq__(self, other):
+        return isinstance(other, Control) and (self.owner, self.path) == (other.owner, other.path)
+
+    def __hash__(self):
+        return hash((self.owner, self.path))
+
+    def __repr__(self):
+        return f"{self.role} “{self.name}”"
+
+    def _call(self, interface, method, arguments=None, gone=None):
+        try:
+            return self._bus.call(self.owner, self.path, interface, method, arguments)
+        except GLib.Error:
+            if gone is None:
+                raise
+            return gone
+
+    def _property(self, name, interface=_ACCESSIBLE):
+        return self._call(_PROPERTIES, "Get", GLib.Variant("(ss)", (interface, name)), ("",))[0]
+
+    @property
+    def children(self):
+        found, = self._call(_ACCESSIBLE, "GetChildren", gone=([],))
+        return [Control(self._bus, owner, path) for owner, path in found]
+
+    @property
+    def role(self):
+        return self._call(_ACCESSIBLE, "GetRoleName", gone=("",))[0]
+
+    @property
+    def name(self):
+        return self._property("Name")
+
+    @property
+    def description(self):
+        return self._property("Description")
+
+    @property
+    def labels(self):
+        """The names of the controls that this one is labelled by."""
+        relations, = self._call(_ACCESSIBLE, "GetRelationSet", gone=([],))
+        return [Control(self._bus, owner, path).name
+                for kind, targets in relations if kind == _LABELLED_BY for owner, path in targets]
+
+    def has(self, state):
+        """Whether the control is in a state of STATES."""
+        words, = self._call(_ACCESSIBLE, "GetState", gone=([0, 0],))
+        return bool(((words[1] << 32) | words[0]) >> STATES[state] & 1)
+
+    @property
+    def box(self):
+        """x, y, width and height on the screen, in points."""
+        return self._call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
+
+    @property
+    def text(self):
+        return self._call("org.a11y.atspi.Text", "GetText", GLib.Variant("(ii)", (0, -1)))[0]
+
+    def set_text(self, text):
+        self._call("org.a11y.atspi.EditableText", "SetTextContents", GLib.Variant("(s)", (text,)))
+
+    @property
+    def actions(self):
+        return [action[0] for action in self._call("org.a11y.atspi.Action", "GetActions", gone=([],))[0]]
+
+    def act(self, index=0):
+        """Does one of the control's actions, the way a screen reader would."""
+        return self._call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (index,)))[0]
+
+    def walk(self):
+        """The control and everything below it, in reading order."""
+        yield self
+        for child in self.children:
+            yield from child.walk()
+
+    def find_all(self, role, name=None):
+        """Everything of that role (or one of several) whose name, or the name of whose label, is as given."""
+        roles = (role,) if isinstance(role, str) else role
+        return [control for control in self.walk()
+                if control.role in roles and (name is None or control.name == name or name in control.labels)]
+
+    def find(self, role, name=None, showing=True):
+        """The one such control, waited for until it shows."""
+        def found():
+            controls = [control for control in self.find_all(role, name)
+                        if not showing or control.has("showing")]
+            return controls if len(controls) == 1 else None
+        return eventually(found, lambda: f"no single {role} “{name}” in:\n{self.outline()}")[0]
+
+    def outline(self, depth=0):
+        """The tree as text, one line for each control."""
+        lines = ["  " * depth + f"{self.role} “{self.name}”"]
+        return "\n".join(lines + [child.outline(depth + 1) for child in self.children])

@@ -1,0 +1,80 @@
+"""The agent's side of the loopback port: takes connections and remembers what was asked."""
+
+import collections
+import socket
+import threading
+
+ADDRESS = ("127.0.0.1", 18484)
+
+Request = collections.namedtuple("Request", "method target host content_type content_length body")
+
+
+def reload(path):
+    """The request that a change is announced with, as the agent relies on it."""
+    return Request("POST", path, "127.0.0.1:18484", "application/json", "2", b"{}")
+
+
+class Agent:
+    """Listens from creation to close(). `answer` is what each request is answered with; None answers nothing and
+    keeps the connection open."""
+
+    OK = b"HTTP/1.1 200 OK\r\nContent-Length: 2\r\nContent-Type: application/json\r\n\r\n{}"
+
+    def __init__(self, answer=OK):
+        self._answer = answer
+        self._requests = []
+        self._lock = threading.Lock()
+        self._connections = []
+        self._listener = socket.create_server(ADDRESS, backlog=128)
+        threading.Thread(target=self._accept, daemon=True).start()
+
+    @property
+    def requests(self):
+        with self._lock:
+            return list(self._requests)
+
+    @property
+    def targets(self):
+        return [request.target for request in self.requests]
+
+    def close(self):
+        self._listener.shutdown(socket.SHUT_RDWR)
+        self._listener.close()
+        with self._lock:
+            for connection in self._connections:
+                connection.close()
+
+    def _accept(self):
+        while True:
+            try:
+                connection, _ = self._listener.accept()
+            except OSError:
+                return
+            with self._lock:
+                self._connections.append(connection)
+            threading.Thread(target=self._serve, args=(connection,), daemon=True).start()
+
+    def _serve(self, connection):
+        try:
+            stream = connection.makefile("rb")
+            while self._take(stream):
+                if self._answer is not None:
+                    connection.sendall(self._answer)
+        except (OSError, ValueError):
+            pass
+
+    def _take(self, stream):
+        first = stream.readline()
+        if not first:
+            return False
+        method, target, _ = first.decode("latin-1").split(" ", 2)
+        fields = {}
+        while (line := stream.readline().decode("latin-1").strip()):
+            name, _, value = line.partition(":")
+            fields[name.lower()] = value.strip()
+        body = stream.read(int(fields.get("content-length", 0)))
+        request = Request(method, target, fields.get("host"), fields.get("content-type"),
+                          fields.get("content-length"), body)
+        with self._lock:
+            self._requests.append(request)
+        return True

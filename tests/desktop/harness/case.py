@@ -1,0 +1,68 @@
+"""What a test case of the desktop has at hand."""
+
+import itertools
+import pathlib
+import unittest
+
+from .agent import Agent, reload
+from .program import Program
+from .waiting import eventually
+
+
+class DesktopCase(unittest.TestCase):
+    """Each case has a home of its own and a listening agent. `desktop` is set by the runner."""
+
+    desktop = None
+    maxDiff = None
+    _numbers = itertools.count()
+
+    def setUp(self):
+        self.home = pathlib.Path(self.desktop.folder) / f"home{next(self._numbers)}"
+        self.home.mkdir()
+        self.agent = Agent()
+        self.addCleanup(lambda: self.agent and self.agent.close())
+        self._programs = []
+        self.addCleanup(lambda: [program.kill() for program in self._programs])
+
+    def start(self, **options):
+        """The program, its window ready for use."""
+        program = Program(self.desktop, self.home, **options)
+        self._programs.append(program)
+        return program.ready()
+
+    def write(self, path, text):
+        """Puts a file into the home."""
+        file = self.home / path
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(text)
+
+    def expect_file(self, path, text):
+        """Waits until a file of the home holds exactly these bytes."""
+        file = self.home / path
+        eventually(lambda: file.is_file() and file.read_bytes() == text.encode(),
+                   lambda: f"{path} is {file.read_bytes() if file.is_file() else 'missing'}")
+
+    def expect_no_file(self, path):
+        self.assertFalse((self.home / path).exists(), path)
+
+    def expect_requests(self, *targets):
+        """Waits for as many requests, and compares every one whole."""
+        eventually(lambda: len(self.agent.requests) >= len(targets),
+                   lambda: f"the agent was told {self.agent.targets} instead of {list(targets)}")
+        self.assertEqual(self.agent.requests, [reload(target) for target in targets])
+
+    def expect(self, condition, what="it does not become so"):
+        return eventually(condition, what)
+
+    def finish(self, program):
+        """Closes the window; the program ends well, having said nothing."""
+        program.window.close()
+        self.assertEqual(program.ended(), 0)
+        self.assertEqual(program.said, "")
+
+    # A person who watches would see it happen; a picture of the moment helps as much.
+    def run(self, result=None):
+        count = len(result.failures) + len(result.errors)
+        super().run(result)
+        if len(result.failures) + len(result.errors) > count:
+            print(f"picture of the desktop: {self.desktop.picture(self.id())}", flush=True)

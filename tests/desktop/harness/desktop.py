@@ -1,0 +1,123 @@
+"""A desktop of its own: X server, window manager, session bus and with it the accessibility bus."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+
+from . import processes
+
+_WINDOW_MANAGER = """<?xml version="1.0" encoding="UTF-8"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
+  <theme><name>Clearlooks</name><titleLayout>NLC</titleLayout></theme>
+  <desktops><number>1</number></desktops>
+  <keyboard/>
+  <mouse>
+    <context name="Titlebar"><mousebind button="Left" action="Drag"><action name="Move"/></mousebind></context>
+    <context name="Close"><mousebind button="Left" action="Click"><action name="Close"/></mousebind></context>
+    <context name="Client">
+      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
+    </context>
+  </mouse>
+</openbox_config>
+"""
+
+_SESSION_BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-BUS Bus Configuration 1.0//EN"
+  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:path={socket}</listen>
+  <auth>EXTERNAL</auth>
+  <servicedir>{services}</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
+# The one service that programs may start: whatever else the machine has stays asleep.
+_ACCESSIBILITY_SERVICE = "/usr/share/dbus-1/services/org.a11y.Bus.service"
+
+# What the desktop around the tests says of itself to its programs.
+_FOREIGN = ("XDG_", "QT_", "LC_", "GTK_", "WAYLAND_", "DBUS_", "SESSION_", "AT_SPI")
+
+
+class Desktop:
+    """Everything that the program meets, and the hands and eyes of the tests. Sets the environment of this process
+    and so of those that it starts."""
+
+    def __init__(self, program, folder):
+        self.program = str(pathlib.Path(program).resolve())
+        self.folder = pathlib.Path(folder)
+        self._log = open(self.folder / "desktop.log", "wb")
+        self._running = []
+
+    def open(self, width=1600, height=1300):
+        self.size = (width, height)
+        for name in ("runtime", "home"):
+            (self.folder / name).mkdir(mode=0o700)
+        for name in [name for name in os.environ if name.startswith(_FOREIGN)]:
+            del os.environ[name]
+        os.environ.update(HOME=str(self.folder / "home"), XDG_RUNTIME_DIR=str(self.folder / "runtime"),
+                          LANG="C.UTF-8")
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
+        os.environ["DISPLAY"] = self._start_screen(width, height)
+        self._start_window_manager()
+
+        # These connect to the desktop when they are loaded or made, so not before it is there.
+        from .accessibility import AccessibilityBus
+        from .hands import Hands
+        from .waiting import eventually
+        from .windows import Windows
+        self.accessibility = AccessibilityBus()
+        self.hands = Hands()
+        self.windows = Windows()
+        eventually(lambda: self.windows.manager, "the window manager does not start")
+
+    def close(self):
+        for process in reversed(self._running):
+            processes.end(process)
+        self._log.close()
+
+    def picture(self, name):
+        """Takes a picture of the screen and returns its path."""
+        folder = pathlib.Path(self.program).parent / "../desktop-tests"
+        folder.mkdir(exist_ok=True)
+        file = folder.resolve() / f"{name}.png"
+        subprocess.run(["import", "-window", "root", str(file)], stderr=self._log, timeout=60)
+        return file
+
+    def _start(self, *arguments, **options):
+        process = processes.start(arguments, stdin=subprocess.DEVNULL, stderr=self._log, **options)
+        self._running.append(process)
+        return process
+
+    def _start_screen(self, width, height):
+        reading, writing = os.pipe()
+        self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-dpi", "96",
+                    "-nolisten", "tcp", "-noreset", "-ac", stdout=self._log, pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise RuntimeError("the X server did not start")
+        return f":{number}"
+
+    def _start_bus(self):
+        services = self.folder / "services"
+        services.mkdir()
+        shutil.copy(_ACCESSIBILITY_SERVICE, services)
+        configuration = self.folder / "session-bus.conf"
+        configuration.write_text(_SESSION_BUS.format(socket=self.folder / "runtime" / "bus", services=services))
+        bus = self._start("dbus-daemon", "--nofork", f"--config-file={configuration}", "--print-address",
+                          stdout=subprocess.PIPE)
+        address = bus.stdout.readline().decode().strip()
+        if not address:
+            raise RuntimeError("the session bus did not start")
+        return address
+
+    def _start_window_manager(self):
+        configuration = self.folder / "window-manager.xml"
+        configuration.write_text(_WINDOW_MANAGER)
+        self._start("openbox", "--sm-disable", "--config-file", str(configuration), stdout=self._log)

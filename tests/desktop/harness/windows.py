@@ -1,0 +1,104 @@
+"""Windows as the window manager sees them. Lengths are pixels."""
+
+from Xlib import X, Xutil, display, error, protocol
+
+
+class Windows:
+    """The windows of the screen of DISPLAY."""
+
+    def __init__(self):
+        self._display = display.Display()
+        self._root = self._display.screen().root
+
+    def of(self, process):
+        """The windows of a process that the window manager has taken over."""
+        return [Window(self._display, window) for window in self._property(self._root, "_NET_CLIENT_LIST")
+                if process in self._property(self._display.create_resource_object("window", window),
+                                             "_NET_WM_PID")]
+
+    @property
+    def manager(self):
+        """Whether a window manager has announced itself."""
+        return bool(self._property(self._root, "_NET_SUPPORTING_WM_CHECK"))
+
+    @property
+    def active(self):
+        """The identifier of the window that has the keyboard."""
+        return next(iter(self._property(self._root, "_NET_ACTIVE_WINDOW")), 0)
+
+    def close(self):
+        self._display.close()
+
+    def _property(self, window, name):
+        return _property(self._display, window, name)
+
+
+class Window:
+    def __init__(self, connection, identifier):
+        self._display = connection
+        self.identifier = identifier
+        self._window = connection.create_resource_object("window", identifier)
+
+    @property
+    def title(self):
+        return bytes(_property(self._display, self._window, "_NET_WM_NAME")).decode()
+
+    @property
+    def box(self):
+        """x, y, width and height of the client area on the screen."""
+        shape = self._window.get_geometry()
+        origin = self._display.screen().root.translate_coords(self._window, 0, 0)
+        return origin.x, origin.y, shape.width, shape.height
+
+    @property
+    def frame(self):
+        """The widths of the frame: left, right, top, bottom."""
+        return tuple(_property(self._display, self._window, "_NET_FRAME_EXTENTS")) or (0, 0, 0, 0)
+
+    @property
+    def minimum(self):
+        """The least width and height that the window asks for."""
+        hints = self._window.get_wm_normal_hints()
+        return hints.min_width, hints.min_height
+
+    @property
+    def minimised(self):
+        state = self._window.get_wm_state()
+        return bool(state) and state.state == Xutil.IconicState
+
+    def minimise(self):
+        self._tell_manager("WM_CHANGE_STATE", Xutil.IconicState)
+
+    def activate(self):
+        self._tell_manager("_NET_ACTIVE_WINDOW", 2, X.CurrentTime)
+
+    def close(self):
+        """What the frame's close button does."""
+        self._tell_manager("_NET_CLOSE_WINDOW", X.CurrentTime, 2)
+
+    def place(self, x, y, width, height):
+        """Moves and resizes as a person would with the frame."""
+        everything = 0xF << 8 | 2 << 12 | X.StaticGravity
+        self._tell_manager("_NET_MOVERESIZE_WINDOW", everything, x, y, width, height)
+
+    def close_button(self):
+        """Where the frame's close button is: at the trailing end of the title bar."""
+        x, y, width, _ = self.box
+        top = self.frame[2]
+        return x + width - top / 2, y - top / 2
+
+    def _tell_manager(self, message, *values):
+        data = (list(values) + [0] * 5)[:5]
+        event = protocol.event.ClientMessage(window=self._window, client_type=self._display.intern_atom(message),
+                                             data=(32, data))
+        self._display.screen().root.send_event(
+            event, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self._display.sync()
+
+
+def _property(connection, window, name):
+    try:
+        found = window.get_full_property(connection.intern_atom(name), X.AnyPropertyType)
+    except error.BadWindow:
+        return []
+    return found.value if found else []

@@ -1,0 +1,75 @@
+#!/usr/bin/python3
+"""Runs one file of desktop tests: run.py PROGRAM FILE [CASE…]
+
+The file runs on a desktop of its own and, where the system allows it, in a network of its own, so that the agent's
+port is free and nobody outside is ever asked. Where it does not, nothing else may listen on that port.
+"""
+
+import fcntl
+import os
+import pathlib
+import socket
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+
+_INSIDE = "VANTLE_DESKTOP_TEST_NETWORK"
+_SIOCGIFFLAGS, _SIOCSIFFLAGS, _IFF_UP = 0x8913, 0x8914, 1
+
+
+def enter_own_network():
+    """Starts over in a network namespace; without the right to, goes on in the common one."""
+    for separation in (["unshare", "--net"], ["unshare", "--net", "--map-root-user"]):
+        if subprocess.run([*separation, "true"], stderr=subprocess.DEVNULL).returncode == 0:
+            os.environ[_INSIDE] = "own"
+            os.execvp("unshare", [*separation, sys.executable, *sys.argv])
+    os.environ[_INSIDE] = "common"
+
+
+def raise_loopback():
+    with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as probe:
+        name = b"lo".ljust(16, b"\0")
+        answer = fcntl.ioctl(probe, _SIOCGIFFLAGS, name + bytes(24))
+        flags, = struct.unpack("H", answer[16:18])
+        fcntl.ioctl(probe, _SIOCSIFFLAGS, name + struct.pack("H", flags | _IFF_UP) + bytes(22))
+
+
+def refuse_if_somebody_listens():
+    with socket.socket() as probe:
+        if probe.connect_ex(("127.0.0.1", 18484)) == 0:
+            sys.exit("Something listens on the agent's port, 18484: end it, and try again.")
+
+
+def main():
+    if _INSIDE not in os.environ:
+        enter_own_network()
+    if os.environ[_INSIDE] == "own":
+        raise_loopback()
+    refuse_if_somebody_listens()
+
+    program, file, *names = sys.argv[1:]
+    folder = pathlib.Path(__file__).resolve().parent
+    sys.path.insert(0, str(folder))
+    from harness.desktop import Desktop
+
+    with tempfile.TemporaryDirectory(prefix="vantle-desktop-") as place:
+        desktop = Desktop(program, place)
+        try:
+            desktop.open()
+            from harness.case import DesktopCase
+            DesktopCase.desktop = desktop
+            loader = unittest.TestLoader()
+            loader.testNamePatterns = [f"*{name}*" for name in names] or None
+            tests = loader.discover(str(folder), pattern=pathlib.Path(file).name)
+            if tests.countTestCases() == 0:
+                sys.exit("no test was found")
+            result = unittest.TextTestRunner(verbosity=2).run(tests)
+        finally:
+            desktop.close()
+    sys.exit(0 if result.wasSuccessful() else 1)
+
+
+if __name__ == "__main__":
+    main()

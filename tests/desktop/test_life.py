@@ -1,0 +1,118 @@
+"""How the program starts, is resized, comes back where it was, and ends."""
+
+import signal
+
+from harness.case import DesktopCase
+
+DEFAULT_SIZE = (860, 640)
+LEAST_SIZE = (780, 540)
+FRAME_FILE = ".local/state/vantle-settings/window"
+
+
+class Starting(DesktopCase):
+    def test_the_window_is_centred_and_of_the_first_size(self):
+        x, y, width, height = self.start().window.box
+        self.assertEqual((width, height), DEFAULT_SIZE)
+        screen = self.desktop.size
+        self.assertAlmostEqual(x + width / 2, screen[0] / 2, delta=12)
+        self.assertAlmostEqual(y + height / 2, screen[1] / 2, delta=24)
+
+    def test_nothing_is_taken_from_the_command_line(self):
+        program = self.start(arguments=["--style", "fusion", "-geometry", "400x300+0+0", "--platform", "offscreen",
+                                        "-reverse", "-stylesheet", "none.qss"])
+        self.assertEqual(program.window.box[2:], DEFAULT_SIZE)
+        self.finish(program)
+
+    def test_starting_writes_nothing_and_tells_nobody(self):
+        self.finish(self.start())
+        self.assertFalse((self.home / ".vantle").exists())
+        self.assertFalse((self.home / ".claude").exists())
+        self.assertEqual(self.agent.requests, [])
+
+    def test_two_at_once_both_work_and_the_last_write_wins(self):
+        first, second = self.start(), self.start()
+        second.pick("Typeface", "System (SF Pro)")
+        self.expect_file(".vantle/typeface.json", '{\n  "name" : "system"\n}')
+        first.window.activate()
+        first.ready().pick("Terminal", "Vantle Terminal")
+        self.expect_file(".vantle/terminal-backend.json", '{\n  "backend" : "vantle-term"\n}')
+        self.finish(first)
+        self.finish(second)
+
+
+class Resizing(DesktopCase):
+    def test_the_window_never_gets_smaller_than_its_least_size(self):
+        window = self.start().window
+        self.assertEqual(window.minimum, LEAST_SIZE)
+        window.place(100, 100, 300, 200)
+        self.expect(lambda: window.box[2:] == LEAST_SIZE, lambda: f"the window is {window.box}")
+
+    def test_it_comes_back_where_it_was_left(self):
+        first = self.start()
+        first.window.place(140, 160, 900, 700)
+        self.expect(lambda: first.window.box == (140, 160, 900, 700), lambda: f"it is at {first.window.box}")
+        self.finish(first)
+        second = self.start()
+        self.expect(lambda: second.window.box == (140, 160, 900, 700), lambda: f"it is at {second.window.box}")
+        self.finish(second)
+
+    def test_dragging_the_empty_background_moves_it(self):
+        window = self.start().window
+        x, y, width, height = window.box
+        corner = (x + 8, y + height - 8)
+        self.desktop.hands.drag(corner, (corner[0] + 60, corner[1] + 40))
+        self.expect(lambda: window.box == (x + 60, y + 40, width, height), lambda: f"it is at {window.box}")
+
+    def test_minimised_it_comes_back_with_its_page(self):
+        program = self.start()
+        program.press("ctrl+m")
+        self.expect(lambda: program.window.minimised, "it is not minimised")
+        program.window.activate()
+        self.expect(lambda: not program.window.minimised, "it does not come back")
+        program.ready().click("check box", "Marketing Recording Mode")
+        self.expect_requests("/settings/reload-green-screen")
+
+
+class Ending(DesktopCase):
+    def test_by_the_frames_button(self):
+        program = self.start()
+        self.desktop.hands.click(*program.window.close_button())
+        self.expect_end(program)
+
+    def test_by_the_window_menu(self):
+        program = self.start()
+        program.choose("Window", "Close")
+        self.expect_end(program)
+
+    def test_by_the_application_menu(self):
+        program = self.start()
+        program.choose("Vantle Settings", "Quit Vantle Settings")
+        self.expect_end(program)
+
+    def test_by_control_w(self):
+        program = self.start()
+        program.press("ctrl+w")
+        self.expect_end(program)
+
+    def test_by_control_q(self):
+        program = self.start()
+        program.press("ctrl+q")
+        self.expect_end(program)
+
+    def test_by_termination_with_the_frame_saved(self):
+        self.end_by(signal.SIGTERM)
+
+    def test_by_interruption_with_the_frame_saved(self):
+        self.end_by(signal.SIGINT)
+
+    def end_by(self, number):
+        program = self.start()
+        program.window.place(50, 70, 800, 600)
+        self.expect(lambda: program.window.box == (50, 70, 800, 600))
+        program.signal(number)
+        self.expect_end(program)
+        self.assertTrue((self.home / FRAME_FILE).is_file())
+
+    def expect_end(self, program):
+        self.assertEqual(program.ended(), 0)
+        self.assertEqual(program.said, "")
