@@ -5,19 +5,20 @@
 
 #include <optional>
 
-/// The files of this machine as the program needs them: whole files, in place, nothing cached. Paths are
-/// absolute.
+/// The files of this machine as the program needs them: whole files, in place, nothing cached. A path is
+/// absolute, or else starts at the process's working directory.
 class FileSystem
 {
 public:
     virtual ~FileSystem();
     Q_DISABLE_COPY_MOVE(FileSystem)
 
-    /// The bytes of a regular file, a link to one counts; nothing for anything else, at once.
+    /// The bytes of a regular file, a link to one counts; nothing for anything else, at once, nor for 4 GiB
+    /// and more. The array has room left behind its end for a parser that reads in blocks.
     virtual std::optional<QByteArray> read(const QString &path) = 0;
 
     /// Replaces the file's bytes in place: truncated and rewritten, no temporary file, no rename, because the
-    /// file may be a link and its mode and owner are the user's. False when it could not be written.
+    /// file may be a link and its mode and owner are the user's. False when it could not be written whole.
     virtual bool write(const QString &path, const QByteArray &bytes) = 0;
 
     /// Makes a directory and its missing parents; failures show in the write that follows.
