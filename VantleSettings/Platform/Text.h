@@ -1,23 +1,48 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
+#include <QStringView>
 
 #include <map>
+#include <optional>
+#include <set>
 
 /// Texts as the agent's platform compares them: canonically equivalent spellings are one text, order is by
 /// code point of the composed form, and no locale or letter case is ever involved.
 namespace Text
 {
 
-bool equal(const QString &a, const QString &b);
+/// The text of these UTF-8 bytes, a byte order mark kept; nothing when they are not UTF-8.
+std::optional<QString> decoded(QByteArrayView utf8);
 
-/// Strict weak ordering by code point of the composed (NFC) form.
+/// The canonical composed form (NFC). However the text is made, the time grows with its length only.
+QString composed(QStringView text);
+
+bool equal(QStringView a, QStringView b);
+
+/// Strict weak ordering by code point of the composed form.
 struct Before {
-    bool operator()(const QString &a, const QString &b) const;
+    using is_transparent = void;
+    bool operator()(QStringView a, QStringView b) const;
 };
+
+using Set = std::set<QString, Before>;
 
 /// A map by text: the first spelling of a key stays, the last value stored wins.
 template <class Value>
 using Map = std::map<QString, Value, Before>;
+
+/// Tab, space, the other space separators, and U+200B; no line breaks.
+bool isBlank(QChar unit);
+
+/// U+000A to U+000D, U+0085, U+2028 and U+2029.
+bool isLineBreak(QChar unit);
+
+/// Without the blanks at both ends.
+QStringView trimmed(QStringView text);
+
+/// The full lower-case mapping of each scalar.
+QString lowercased(const QString &text);
 
 } // namespace Text

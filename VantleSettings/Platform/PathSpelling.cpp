@@ -1,0 +1,6 @@
+#include "Platform/PathSpelling.h"
+
+QString systemSpelling(const QString &path)
+{
+    return path;
+}

@@ -1,0 +1,8 @@
+#include "Platform/PathSpelling.h"
+
+#include "Platform/Path.h"
+
+QString systemSpelling(const QString &path)
+{
+    return Path::withoutPrivate(path);
+}
