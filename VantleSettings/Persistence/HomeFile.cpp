@@ -1,0 +1,50 @@
+#include "Persistence/HomeFile.h"
+
+#include "Persistence/Persistence.h"
+#include "Platform/FileSystem.h"
+#include "Platform/Home.h"
+#include "Platform/Path.h"
+#include "Platform/Seam.h"
+
+namespace
+{
+
+FileSystem &files()
+{
+    return Seam<FileSystem>::current();
+}
+
+std::optional<QString> absolute(const QString &relativePath)
+{
+    const auto home = homeDirectory();
+    return home ? std::optional(Path::appending(*home, relativePath)) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<Json::Document> HomeFile::read(const QString &relativePath)
+{
+    const auto path = absolute(relativePath);
+    const auto bytes = path ? files().read(*path) : std::nullopt;
+    return bytes ? Json::Document::parse(*bytes) : std::nullopt;
+}
+
+bool HomeFile::write(const QString &relativePath, const Json::Node &node)
+{
+    const auto path = absolute(relativePath);
+    if (!path)
+        return false;
+    Persistence::ensureDir(*path);
+    return files().write(*path, Json::encode(node));
+}
+
+void HomeFile::remove(const QString &relativePath)
+{
+    if (const auto path = absolute(relativePath))
+        files().remove(*path);
+}
+
+void Persistence::ensureDir(const QString &filePath)
+{
+    files().createDirectory(Path::parent(filePath));
+}
