@@ -1,0 +1,85 @@
+#include "Shortcuts/Shortcuts.h"
+
+#include "Persistence/HomeFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+const QString shortcutsFile = u".vantle/shortcuts.json"_s;
+
+/// The action a member of the file binds. Earlier versions of the agent had two others, whose bindings their
+/// successors take over.
+std::optional<ShortcutAction> legacyAction(const QString &name)
+{
+    if (name == u"openBrowsers"_s)
+        return ShortcutAction::openPlan;
+    if (name == u"openSessions"_s)
+        return ShortcutAction::focusPrevious;
+    return std::nullopt;
+}
+
+std::optional<KeyCombo> decoded(Json::Value value)
+{
+    const auto keyCode = value["keyCode"].uint32();
+    const auto modifiers = value["modifiers"].uint32();
+    if (!keyCode || !modifiers)
+        return std::nullopt;
+    return KeyCombo{*keyCode, *modifiers};
+}
+
+Json::Object encoded(const KeyCombo &combo)
+{
+    return {{u"keyCode"_s, std::int64_t{combo.keyCode}}, {u"modifiers"_s, std::int64_t{combo.modifiers}}};
+}
+
+} // namespace
+
+Shortcuts::Shortcuts(QObject *parent) : Observable(parent), bindings(*this, load().value_or(defaults()))
+{
+}
+
+void Shortcuts::reset(ShortcutAction action)
+{
+    bindings.modify([action](Bindings &all) { all[action] = defaultCombo(action); });
+    save();
+}
+
+void Shortcuts::save() const
+{
+    Json::Object members;
+    for (const auto &[action, combo] : bindings.value())
+        members.emplace_back(rawValue(action), encoded(combo));
+    HomeFile::write(shortcutsFile, members);
+}
+
+std::optional<Shortcuts::Bindings> Shortcuts::load()
+{
+    const auto document = HomeFile::read(shortcutsFile);
+    if (!document || !document->root().isObject())
+        return std::nullopt;
+    Bindings present;
+    Bindings legacy;
+    for (const auto &[name, value] : document->root().members()) {
+        const auto combo = decoded(value);
+        if (!combo)
+            return std::nullopt;
+        if (const auto action = shortcutAction(name))
+            present[*action] = *combo;
+        else if (const auto successor = legacyAction(name))
+            legacy[*successor] = *combo;
+    }
+    // What stands first stays: a present name, then a legacy one, then the default.
+    present.merge(legacy);
+    present.merge(defaults());
+    return present;
+}
+
+Shortcuts::Bindings Shortcuts::defaults()
+{
+    Bindings all;
+    for (const ShortcutAction action : allShortcutActions)
+        all[action] = defaultCombo(action);
+    return all;
+}
