@@ -75,6 +75,13 @@ QBrush tintGradient(const QRectF &rect, const QColor &tint)
     return gradient;
 }
 
+QColor mixed(const QColor &from, const QColor &to, qreal share)
+{
+    const auto part = [share](float a, float b) { return a + (b - a) * static_cast<float>(share); };
+    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
+                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
+}
+
 void fill(QPainter &painter, const QPainterPath &path, const QBrush &brush)
 {
     painter.save();

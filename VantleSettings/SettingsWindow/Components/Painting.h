@@ -15,6 +15,9 @@ QPainterPath capsule(const QRectF &rect);
 /// The fill of tinted tiles over the height of `rect`: from the tint lightened by 18 % to the tint.
 QBrush tintGradient(const QRectF &rect, const QColor &tint);
 
+/// Between two colours, opacity included: `share` 0 is `from`, 1 is `to`.
+QColor mixed(const QColor &from, const QColor &to, qreal share);
+
 /// Fills with antialiased edges, leaving the painter as it was.
 void fill(QPainter &painter, const QPainterPath &path, const QBrush &brush);
 

@@ -11,13 +11,6 @@ namespace
 
 constexpr qreal knobInset = 1.5;
 
-QColor mixed(const QColor &from, const QColor &to, qreal share)
-{
-    const auto part = [share](float a, float b) { return a + (b - a) * static_cast<float>(share); };
-    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
-}
-
 } // namespace
 
 Switch::Switch(QWidget *parent) : QCheckBox(parent)

@@ -1,0 +1,45 @@
+#include "SettingsWindow/Sections/ShortcutsGroup.h"
+
+#include "SettingsWindow/Components/Buttons.h"
+#include "SettingsWindow/Components/SettingsRow.h"
+#include "ShortcutRecorder/ShortcutSettingsRow.h"
+
+#include <QHBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int resetPaddingSides = 16;
+constexpr int resetPaddingVertical = 10;
+
+/// Each action is reset by itself, as its row's button does it: the agent reads the file after each.
+QWidget *resetAllRow(SettingsModel &model)
+{
+    auto *row = new QWidget;
+    auto *resetAll = new LinkButton(u"Reset all shortcuts"_s);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(resetPaddingSides, resetPaddingVertical, resetPaddingSides,
+                               resetPaddingVertical);
+    layout->addStretch();
+    layout->addWidget(resetAll);
+    QObject::connect(resetAll, &LinkButton::clicked, row, [&model] {
+        for (const ShortcutAction action : allShortcutActions)
+            resetShortcut(model, action);
+    });
+    return row;
+}
+
+} // namespace
+
+ShortcutsGroup::ShortcutsGroup(SettingsModel &model, QWidget *parent)
+    : SettingsGroup({.header = u"Keyboard Shortcuts"_s,
+                     .footer = u"Click a shortcut to rebind it. Press ⎋ to cancel."_s},
+                    {new ShortcutSettingsRow(ShortcutAction::focusLast, model), new SettingsRowDivider,
+                     new ShortcutSettingsRow(ShortcutAction::focusPrevious, model), new SettingsRowDivider,
+                     new ShortcutSettingsRow(ShortcutAction::openPlan, model), new SettingsRowDivider,
+                     resetAllRow(model)},
+                    parent)
+{
+}

@@ -1,0 +1,126 @@
+#include "ShortcutRecorder/ShortcutRecorder.h"
+
+#include "Platform/Palette.h"
+#include "SettingsWindow/Components/Painting.h"
+#include "SettingsWindow/Components/Tokens.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int minimumTextWidth = 96;
+constexpr int paddingSides = 12;
+constexpr int paddingVertical = 6;
+constexpr float idleOpacity = 0.55F;
+constexpr float hoverOpacity = 0.8F;
+constexpr qreal pressedOpacity = 0.6;
+
+const QString pressShortcut = u"Press shortcut…"_s;
+
+/// The combination as shown. A file can hold a code that no key has, which `KeyCombo::display` doesn't take.
+QString shown(const KeyCombo &combo)
+{
+    if (combo.keyCode > std::numeric_limits<std::uint16_t>::max())
+        return combo.modifierGlyphs() + KeyCombo::bracketed(combo.keyCode);
+    return combo.display();
+}
+
+} // namespace
+
+ShortcutRecorder::ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWidget *parent)
+    : QPushButton(parent)
+{
+    setFont(textFont(TextStyle::size12SemiboldMono));
+    setFlat(true);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    m_change.setDuration(Tokens::recorderDuration);
+    m_change.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&m_change, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant &share) { setShare(share.toReal()); });
+    connect(this, &QPushButton::clicked, &m_recording, &ShortcutRecording::toggleRecording);
+    connect(&m_recording, &ShortcutRecording::recorded, this, std::move(onRecord));
+    connect(&m_recording, &ShortcutRecording::recordingChanged, this, &ShortcutRecorder::changeOver);
+    setCombo(combo);
+}
+
+void ShortcutRecorder::setCombo(const KeyCombo &combo)
+{
+    m_combo = combo;
+    m_comboText = shown(combo);
+    setAccessibleDescription(shownText());
+    updateGeometry();
+    update();
+}
+
+QSize ShortcutRecorder::sizeHint() const
+{
+    const int idle = widthOf(m_comboText);
+    const int recording = widthOf(pressShortcut);
+    const int width = idle + static_cast<int>(std::lround((recording - idle) * m_recordingShare));
+    return {width + 2 * paddingSides, fontMetrics().height() + 2 * paddingVertical};
+}
+
+void ShortcutRecorder::hideEvent(QHideEvent *event)
+{
+    stopRecording();
+    QPushButton::hideEvent(event);
+}
+
+void ShortcutRecorder::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    if (isDown())
+        painter.setOpacity(pressedOpacity);
+    const QColor background = mixed(fillColor(), accentColor(), m_recordingShare);
+    fill(painter, continuousRectangle(rect(), Tokens::buttonRadius), background);
+    painter.setPen(mixed(textColor(TextColor::primary), textColor(TextColor::white), m_recordingShare));
+    painter.drawText(rect(), Qt::AlignCenter, shownText());
+}
+
+QString ShortcutRecorder::shownText() const
+{
+    return isRecording() ? pressShortcut : m_comboText;
+}
+
+QColor ShortcutRecorder::fillColor() const
+{
+    QColor color = Tokens::quaternaryFill;
+    color.setAlphaF(color.alphaF() * (underMouse() ? hoverOpacity : idleOpacity));
+    return color;
+}
+
+int ShortcutRecorder::widthOf(const QString &text) const
+{
+    return std::max(minimumTextWidth, fontMetrics().horizontalAdvance(text));
+}
+
+void ShortcutRecorder::changeOver()
+{
+    setAccessibleDescription(shownText());
+    const qreal target = isRecording() ? 1 : 0;
+    m_change.stop();
+    if (!isVisible() || reducedMotion()) {
+        setShare(target);
+        return;
+    }
+    m_change.setStartValue(m_recordingShare);
+    m_change.setEndValue(target);
+    m_change.start();
+}
+
+void ShortcutRecorder::setShare(qreal recordingShare)
+{
+    m_recordingShare = recordingShare;
+    updateGeometry();
+    update();
+}

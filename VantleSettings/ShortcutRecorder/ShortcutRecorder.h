@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ShortcutRecorder/ShortcutRecording.h"
+#include "Shortcuts/KeyCombo.h"
+
+#include <QPushButton>
+#include <QVariantAnimation>
+
+#include <functional>
+
+/// A button that shows a combination and, once clicked, takes the next one that is pressed. Out of sight it
+/// stops waiting.
+class ShortcutRecorder : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    using OnRecord = std::function<void(const KeyCombo &)>;
+
+    ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWidget *parent = nullptr);
+
+    /// The combination to show while idle, under the keyboard layout of this moment.
+    void setCombo(const KeyCombo &combo);
+
+    void startRecording() { m_recording.startRecording(); }
+    void stopRecording() { m_recording.stopRecording(); }
+    bool isRecording() const { return m_recording.isRecording(); }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void hideEvent(QHideEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString shownText() const;
+    QColor fillColor() const;
+    int widthOf(const QString &text) const;
+    void changeOver();
+    void setShare(qreal recordingShare);
+
+    KeyCombo m_combo;
+    QString m_comboText;
+    ShortcutRecording m_recording;
+    QVariantAnimation m_change;
+    qreal m_recordingShare = 0; ///< how much of the recording look is on view: 0 idle, 1 recording
+};

@@ -1,0 +1,83 @@
+#include "ShortcutRecorder/ShortcutSettingsRow.h"
+
+#include "AgentBridge/AgentBridge.h"
+#include "Platform/KeyboardLayout.h"
+#include "Platform/Seam.h"
+#include "SettingsWindow/Components/Buttons.h"
+#include "SettingsWindow/SettingsModel.h"
+#include "ShortcutRecorder/ShortcutRecorder.h"
+
+#include <QHBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int accessorySpacing = 8;
+constexpr qreal resetPointSize = 11;
+
+KeyCombo currentCombo(const SettingsModel &model, ShortcutAction action)
+{
+    const Shortcuts::Bindings &bindings = model.shortcuts().bindings;
+    const auto binding = bindings.find(action);
+    return binding == bindings.end() ? defaultCombo(action) : binding->second;
+}
+
+ShortcutRecorder *recorderFor(ShortcutAction action, SettingsModel &model)
+{
+    auto *recorder =
+        new ShortcutRecorder(currentCombo(model, action), [action, &model](const KeyCombo &combo) {
+            model.rebindShortcut(action, combo);
+        });
+    recorder->setAccessibleName(title(action) + u" shortcut"_s);
+    return recorder;
+}
+
+QWidget *sideBySide(QWidget *first, QWidget *second)
+{
+    auto *both = new QWidget;
+    auto *layout = new QHBoxLayout(both);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(accessorySpacing);
+    layout->addWidget(first, 0, Qt::AlignVCenter);
+    layout->addWidget(second, 0, Qt::AlignVCenter);
+    return both;
+}
+
+} // namespace
+
+void resetShortcut(SettingsModel &model, ShortcutAction action)
+{
+    model.shortcuts().reset(action);
+    AgentBridge::fireAndForget(u"/settings/reload-shortcuts"_s);
+    Q_EMIT model.objectWillChange();
+}
+
+ShortcutSettingsRow::ShortcutSettingsRow(ShortcutAction action, SettingsModel &model, QWidget *parent)
+    : ShortcutSettingsRow(action, model, recorderFor(action, model),
+                          new IconButton(u"arrow.counterclockwise"_s, {}, resetPointSize), parent)
+{
+}
+
+ShortcutSettingsRow::ShortcutSettingsRow(ShortcutAction action, SettingsModel &model,
+                                         ShortcutRecorder *recorder, IconButton *reset, QWidget *parent)
+    : SettingsRow({.icon = icon(action),
+                   .tint = tint(action),
+                   .title = title(action),
+                   .subtitle = QString(),
+                   .accessory = sideBySide(recorder, reset)},
+                  parent)
+{
+    connect(reset, &IconButton::clicked, this, [action, &model] { resetShortcut(model, action); });
+    const auto draw = [this, action, recorder, reset, &model] {
+        const QString byDefault = defaultCombo(action).display();
+        setSubtitle(u"Default "_s + byDefault);
+        recorder->setCombo(currentCombo(model, action));
+        reset->setToolTip(u"Reset to default (%1)"_s.arg(byDefault));
+        reset->setAccessibleName(u"Reset %1 to default (%2)"_s.arg(title(action), byDefault));
+    };
+    ::render(this, model, draw);
+    ::render(this, model.shortcuts(), draw);
+    ::render(this, Seam<KeyboardLayout>::current(), draw);
+}
