@@ -55,8 +55,12 @@ class DesktopCase(unittest.TestCase):
         return eventually(condition, what)
 
     def finish(self, program):
-        """Closes the window; the program ends well, having said nothing."""
+        """Closes the window, with which the program ends."""
         program.window.close()
+        self.expect_end(program)
+
+    def expect_end(self, program):
+        """Waits until the program has ended well, having said nothing."""
         self.assertEqual(program.ended(), 0)
         self.assertEqual(program.said, "")
 

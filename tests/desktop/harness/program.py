@@ -111,8 +111,12 @@ class Program:
 
     def choose(self, menu, item):
         """Chooses an item of the menu bar with the mouse."""
-        self.click("menu item", menu)
-        self.click("menu item", item)
+        self.click_on(self.find("menu bar").find("menu item", menu))
+        self.click_on(self.find_in_menu(menu, item, showing=True))
+
+    def find_in_menu(self, menu, item, showing=False):
+        """An item of the menu bar, which shows only while its menu is open."""
+        return self.find("menu bar").find("menu item", menu).find("menu item", item, showing)
 
     # How it ends
 

@@ -1,0 +1,58 @@
+"""The program under a Wayland compositor: it starts, shows its pages, and ends. The compositor has neither keyboard
+nor mouse, so the hand is a screen reader's."""
+
+import os
+import signal
+import subprocess
+
+from harness import processes
+from harness.case import DesktopCase
+from harness.program import Program
+from harness.waiting import eventually
+
+
+class Wayland(DesktopCase):
+    SOCKET = "vantle-test"
+
+    @classmethod
+    def setUpClass(cls):
+        log = open(cls.desktop.folder / "compositor.log", "wb")
+        cls.compositor = processes.start(
+            ["weston", "--backend=headless-backend.so", "--use-pixman", "--no-config", "--idle-time=0",
+             "--width=1280", "--height=900", f"--socket={cls.SOCKET}"],
+            stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+        log.close()
+        socket = os.path.join(os.environ["XDG_RUNTIME_DIR"], cls.SOCKET)
+        eventually(lambda: os.path.exists(socket), "the compositor does not start")
+
+    @classmethod
+    def tearDownClass(cls):
+        processes.end(cls.compositor)
+
+    def start(self):
+        program = Program(self.desktop, self.home, environment={"WAYLAND_DISPLAY": self.SOCKET, "DISPLAY": ""})
+        self.addCleanup(program.kill)
+        program.find("list", "Sections")
+        self.assertEqual(self.desktop.windows.of(program.process), [])
+        return program
+
+    def test_it_starts_shows_every_page_and_closes(self):
+        program = self.start()
+        for page in program.pages():
+            program.find("list", "Sections").find("list item", page).act()
+            program.find("panel", page)
+        program.find_in_menu("Window", "Close").act()
+        self.expect_end(program)
+
+    def test_a_change_is_written_and_told(self):
+        program = self.start()
+        program.find("check box", "Marketing Recording Mode").act()
+        self.expect_file(".vantle/green-screen.json", '{\n  "enabled" : true\n}')
+        self.expect_requests("/settings/reload-green-screen")
+        program.find_in_menu("Vantle Settings", "Quit Vantle Settings").act()
+        self.expect_end(program)
+
+    def test_it_ends_when_it_is_asked_to(self):
+        program = self.start()
+        program.signal(signal.SIGTERM)
+        self.expect_end(program)
