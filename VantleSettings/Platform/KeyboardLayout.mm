@@ -47,10 +47,10 @@ class InputSourceLayout : public KeyboardLayout
         UInt32 deadKeyState = 0;
         UniCharCount length = 0;
         std::array<UniChar, 4> characters{};
-        const OSStatus status = UCKeyTranslate(
-            reinterpret_cast<const UCKeyboardLayout *>(CFDataGetBytePtr(data)), virtualKeyCode,
-            kUCKeyActionDisplay, 0, LMGetKbdType(), 0, &deadKeyState, characters.size(), &length,
-            characters.data());
+        const OSStatus status =
+            UCKeyTranslate(reinterpret_cast<const UCKeyboardLayout *>(CFDataGetBytePtr(data)), virtualKeyCode,
+                           kUCKeyActionDisplay, 0, LMGetKbdType(), 0, &deadKeyState, characters.size(),
+                           &length, characters.data());
         if (status != noErr || length < 1)
             return std::nullopt;
         return QString::fromUtf16(reinterpret_cast<const char16_t *>(characters.data()),

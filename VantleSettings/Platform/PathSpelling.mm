@@ -2,7 +2,4 @@
 
 #include "Platform/Path.h"
 
-QString systemSpelling(const QString &path)
-{
-    return Path::withoutPrivate(path);
-}
+QString systemSpelling(const QString &path) { return Path::withoutPrivate(path); }
