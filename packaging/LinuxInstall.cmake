@@ -1,0 +1,38 @@
+# A complete installation below a prefix: the program, its shared data, and what a desktop needs to show it.
+install(TARGETS vantle-settings DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+# Shared data is found from the program's own place, as ../share/vantle-settings.
+file(CONFIGURE OUTPUT version CONTENT "${PROJECT_VERSION}\n" @ONLY)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/VantleSettings/Resources/Fonts
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/vantle-settings)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/version DESTINATION ${CMAKE_INSTALL_DATADIR}/vantle-settings)
+
+set(VANTLE_RELEASE_DATE 2026-11-21)
+set(VANTLE_RELEASE_DATE_MAN "November 21, 2026")
+configure_file(linux/com.vantle.settings.metainfo.xml.in com.vantle.settings.metainfo.xml @ONLY)
+configure_file(linux/vantle-settings.1.in vantle-settings.1 @ONLY)
+install(FILES linux/com.vantle.settings.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/com.vantle.settings.metainfo.xml
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vantle-settings.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+# Up to 24 pixels a simpler drawing is clearer.
+set(icons)
+foreach(size IN ITEMS 16 22 24 32 48 64 96 128 256 512)
+    if(size LESS_EQUAL 24)
+        set(drawing ${CMAKE_CURRENT_SOURCE_DIR}/icon/vantle-settings-small.svg)
+    else()
+        set(drawing ${CMAKE_CURRENT_SOURCE_DIR}/icon/vantle-settings.svg)
+    endif()
+    set(picture ${CMAKE_CURRENT_BINARY_DIR}/icon-${size}.png)
+    add_custom_command(OUTPUT ${picture}
+        COMMAND render-icon ${drawing} 0 ${size} ${picture}
+        DEPENDS render-icon ${drawing}
+        VERBATIM)
+    list(APPEND icons ${picture})
+    install(FILES ${picture} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
+        RENAME com.vantle.settings.png)
+endforeach()
+add_custom_target(icons ALL DEPENDS ${icons})
+install(FILES icon/vantle-settings.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
+    RENAME com.vantle.settings.svg)

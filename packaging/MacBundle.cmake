@@ -1,0 +1,67 @@
+# The program as an application bundle, whole in the build folder already.
+set(VANTLE_MINIMUM_MACOS ${CMAKE_OSX_DEPLOYMENT_TARGET})
+set_target_properties(vantle-settings PROPERTIES
+    MACOSX_BUNDLE TRUE
+    OUTPUT_NAME "Vantle Settings"
+    MACOSX_BUNDLE_INFO_PLIST ${CMAKE_CURRENT_SOURCE_DIR}/macos/Info.plist.in)
+
+function(vantle_bundle_resources location)
+    target_sources(vantle-settings PRIVATE ${ARGN})
+    set_source_files_properties(${ARGN} TARGET_DIRECTORY vantle-settings
+        PROPERTIES MACOSX_PACKAGE_LOCATION ${location})
+endfunction()
+
+file(GLOB fonts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/VantleSettings/Resources/Fonts/*)
+vantle_bundle_resources(Resources/Fonts ${fonts})
+
+# The icon set needs a tool that only a Mac has; a cross build goes without.
+if(CMAKE_HOST_APPLE)
+    set(iconset ${CMAKE_CURRENT_BINARY_DIR}/VantleSettings.iconset)
+    file(MAKE_DIRECTORY ${iconset})
+    set(pictures)
+    # The platform's grid leaves a tenth of the width free on each side; the drawings have a part of that.
+    foreach(entry IN ITEMS 16:16x16 32:16x16@2x 32:32x32 64:32x32@2x 128:128x128 256:128x128@2x 256:256x256
+            512:256x256@2x 512:512x512 1024:512x512@2x)
+        string(REGEX MATCH "^([0-9]+):(.+)$" entry ${entry})
+        set(size ${CMAKE_MATCH_1})
+        set(picture ${iconset}/icon_${CMAKE_MATCH_2}.png)
+        set(drawing ${CMAKE_CURRENT_SOURCE_DIR}/icon/vantle-settings.svg)
+        set(inset 0.056)
+        if(size LESS_EQUAL 16)
+            set(drawing ${CMAKE_CURRENT_SOURCE_DIR}/icon/vantle-settings-small.svg)
+            set(inset 0.03)
+        endif()
+        add_custom_command(OUTPUT ${picture}
+            COMMAND render-icon ${drawing} ${inset} ${size} ${picture}
+            DEPENDS render-icon ${drawing}
+            VERBATIM)
+        list(APPEND pictures ${picture})
+    endforeach()
+    set(icns ${CMAKE_CURRENT_BINARY_DIR}/VantleSettings.icns)
+    add_custom_command(OUTPUT ${icns}
+        COMMAND iconutil --convert icns --output ${icns} ${iconset}
+        DEPENDS ${pictures}
+        VERBATIM)
+    vantle_bundle_resources(Resources ${icns})
+    # The program is made in another folder, and only targets are in order across folders.
+    add_custom_target(icons DEPENDS ${icns})
+    add_dependencies(vantle-settings icons)
+endif()
+
+install(TARGETS vantle-settings BUNDLE DESTINATION .)
+
+# An installed bundle carries the toolkit, and because that changes it, an ad-hoc signature of its own.
+if(CMAKE_HOST_APPLE)
+    if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
+        qt_generate_deploy_app_script(TARGET vantle-settings OUTPUT_SCRIPT deploy NO_UNSUPPORTED_PLATFORM_ERROR)
+    else()
+        qt_generate_deploy_app_script(TARGET vantle-settings FILENAME_VARIABLE deploy
+            NO_UNSUPPORTED_PLATFORM_ERROR)
+    endif()
+    install(SCRIPT ${deploy})
+    install(CODE [[
+        set(bundle "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/Vantle Settings.app")
+        execute_process(COMMAND codesign --force --deep --sign - "${bundle}" COMMAND_ERROR_IS_FATAL ANY)
+        execute_process(COMMAND codesign --verify --deep --strict "${bundle}" COMMAND_ERROR_IS_FATAL ANY)
+    ]])
+endif()

@@ -1,0 +1,34 @@
+# `cpack` makes the system's package of an installed build; `cpack --config CPackSourceConfig.cmake` the source.
+set(VANTLE_MAINTAINER "The Vantle maintainers <maintainers@vantle.invalid>" CACHE STRING
+    "Who answers for packages made of this build")
+
+set(CPACK_PACKAGE_NAME vantle-settings)
+set(CPACK_PACKAGE_VENDOR Vantle)
+set(CPACK_PACKAGE_CONTACT "${VANTLE_MAINTAINER}")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "settings window of the Vantle notification agent")
+set(CPACK_PACKAGE_DESCRIPTION_FILE ${CMAKE_CURRENT_SOURCE_DIR}/description.txt)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_STRIP_FILES ON)
+
+set(CPACK_SOURCE_GENERATOR TGZ)
+set(CPACK_SOURCE_PACKAGE_FILE_NAME vantle-settings-${PROJECT_VERSION})
+set(CPACK_SOURCE_IGNORE_FILES "/build/" "/\\.git/" "/\\.git$" "/\\.cache/" "/__pycache__/" "/compile_commands\\.json$"
+    "/CMakeUserPresets\\.json$" "\\.user$")
+
+if(APPLE)
+    set(CPACK_GENERATOR DragNDrop)
+    set(CPACK_DMG_VOLUME_NAME "Vantle Settings")
+else()
+    set(CPACK_GENERATOR DEB)
+    set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+    set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+    set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+    # The linked libraries, read from the program. The others it meets only when it runs: the toolkit's Wayland
+    # half is a plug-in, and a window without any font shows no text.
+    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-wayland, fontconfig, fonts-dejavu-core | fonts-liberation | fonts-inter")
+    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, at-spi2-core, xdg-utils")
+    set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+    install(FILES linux/copyright DESTINATION share/doc/vantle-settings)
+endif()
+include(CPack)

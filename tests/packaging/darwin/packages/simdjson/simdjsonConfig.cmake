@@ -1,0 +1,1 @@
+add_library(simdjson::simdjson INTERFACE IMPORTED)

@@ -1,0 +1,14 @@
+# Darwin as a machine without a Mac can know it: enough to configure and generate, nothing is ever linked.
+set(CMAKE_SYSTEM_NAME Darwin)
+set(CMAKE_SYSTEM_PROCESSOR arm64)
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+find_program(DARWIN_CLANG NAMES clang++-16 clang++ REQUIRED)
+set(CMAKE_CXX_COMPILER ${DARWIN_CLANG})
+set(CMAKE_OBJCXX_COMPILER ${DARWIN_CLANG})
+set(CMAKE_CXX_COMPILER_TARGET arm64-apple-macos12)
+set(CMAKE_OBJCXX_COMPILER_TARGET arm64-apple-macos12)
+# No such tool here, and none is needed before something is linked.
+set(CMAKE_INSTALL_NAME_TOOL install_name_tool)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CMAKE_PREFIX_PATH ${CMAKE_CURRENT_LIST_DIR}/packages)
+set(CMAKE_FIND_ROOT_PATH ${CMAKE_CURRENT_LIST_DIR}/packages)

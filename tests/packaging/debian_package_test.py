@@ -1,0 +1,49 @@
+"""The Debian package: what it holds, what it asks for, and that it runs nothing of its own when installed."""
+
+import re
+import unittest
+
+from trees import BUILD, files_below, run, temporary_folder
+
+
+class DebianPackage(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        folder = cls.enterClassContext(temporary_folder())
+        run("cpack", "--config", BUILD / "CPackConfig.cmake", "-G", "DEB", "-B", folder)
+        (cls.package,) = folder.glob("*.deb")
+        cls.folder = folder
+
+    def field(self, name):
+        return run("dpkg-deb", "--field", self.package, name).strip()
+
+    def test_its_file_name_says_name_version_and_machine(self):
+        machine = run("dpkg", "--print-architecture").strip()
+        self.assertEqual(self.package.name, f"vantle-settings_{self.field('Version')}_{machine}.deb")
+
+    def test_it_asks_for_what_is_linked_and_for_what_only_a_run_shows(self):
+        depends = self.field("Depends")
+        for package in ("libc6", r"libqt6core6\w*", r"libqt6widgets6\w*", r"libqt6svg6\w*", r"libqt6dbus6\w*",
+                        "qt6-wayland", "fontconfig"):
+            self.assertRegex(depends, rf"(^|, ){package}\b")
+        self.assertIn("fonts-dejavu-core | ", depends)
+        self.assertNotIn("-dev", depends)
+
+    def test_it_holds_what_an_installation_holds_below_usr(self):
+        run("cmake", "--install", BUILD, "--prefix", self.folder / "installed/usr")
+        run("dpkg-deb", "--extract", self.package, self.folder / "extracted")
+        self.assertEqual(files_below(self.folder / "extracted"), files_below(self.folder / "installed"))
+
+    def test_everything_in_it_belongs_to_root_and_is_writable_by_nobody_else(self):
+        for line in run("dpkg-deb", "--contents", self.package).splitlines():
+            mode, owner = line.split()[:2]
+            self.assertEqual(owner, "root/root", line)
+            self.assertIsNone(re.match(r"-....w|-.......w|d....w|d.......w", mode), line)
+
+    def test_it_runs_no_script_when_installed_or_removed(self):
+        run("dpkg-deb", "--control", self.package, self.folder / "control")
+        self.assertEqual(files_below(self.folder / "control"), {"control", "md5sums"})
+
+
+if __name__ == "__main__":
+    unittest.main()

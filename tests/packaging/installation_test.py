@@ -1,0 +1,71 @@
+"""`cmake --install` below a prefix: complete, found by a desktop, and accepted by the standards' own checkers."""
+
+import struct
+import unittest
+
+from trees import BUILD, files_below, run, temporary_folder
+
+ICON_SIZES = (16, 22, 24, 32, 48, 64, 96, 128, 256, 512)
+
+
+def picture_size(path):
+    signature, width, height = struct.unpack(">16s2I", path.read_bytes()[:24])
+    assert signature.startswith(b"\x89PNG\r\n\x1a\n"), f"{path} is no PNG"
+    return width, height
+
+
+class Installation(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.prefix = cls.enterClassContext(temporary_folder())
+        run("cmake", "--install", BUILD, "--prefix", cls.prefix)
+        cls.share = cls.prefix / "share"
+
+    def test_holds_exactly_the_documented_files(self):
+        expected = {
+            "bin/vantle-settings",
+            "share/applications/com.vantle.settings.desktop",
+            "share/doc/vantle-settings/copyright",
+            "share/icons/hicolor/scalable/apps/com.vantle.settings.svg",
+            "share/man/man1/vantle-settings.1",
+            "share/metainfo/com.vantle.settings.metainfo.xml",
+            "share/vantle-settings/version",
+            "share/vantle-settings/Fonts/OFL.txt",
+        }
+        expected |= {f"share/vantle-settings/Fonts/JetBrainsMono-{face}.ttf"
+                     for face in ("Regular", "Medium", "SemiBold", "Bold")}
+        expected |= {f"share/icons/hicolor/{size}x{size}/apps/com.vantle.settings.png" for size in ICON_SIZES}
+        self.assertEqual(files_below(self.prefix), expected)
+
+    def test_the_desktop_entry_is_valid(self):
+        self.assertEqual(run("desktop-file-validate", self.share / "applications/com.vantle.settings.desktop"), "")
+
+    def test_the_software_centre_data_is_valid(self):
+        run("appstreamcli", "validate", "--no-net", "--pedantic", "--explain",
+            self.share / "metainfo/com.vantle.settings.metainfo.xml")
+
+    def test_the_software_centre_data_fits_the_installed_tree(self):
+        run("appstreamcli", "validate-tree", "--no-net", self.prefix)
+
+    def test_the_manual_page_has_no_flaw(self):
+        page = self.share / "man/man1/vantle-settings.1"
+        self.assertEqual(run("mandoc", "-T", "lint", "-W", "style", page), "")
+        self.assertIn("VANTLE-SETTINGS", run("mandoc", "-T", "utf8", page))
+
+    def test_every_icon_has_the_size_of_its_folder_and_is_not_empty(self):
+        for size in ICON_SIZES:
+            picture = self.share / f"icons/hicolor/{size}x{size}/apps/com.vantle.settings.png"
+            with self.subTest(size=size):
+                self.assertEqual(picture_size(picture), (size, size))
+                self.assertGreater(picture.stat().st_size, 20 * size)
+
+    def test_the_version_is_the_one_people_see(self):
+        self.assertRegex((self.share / "vantle-settings/version").read_text(), r"\A\d+\.\d+\.\d+\n\Z")
+
+    def test_the_program_looks_for_no_library_outside_the_system(self):
+        dynamic = run("readelf", "--dynamic", self.prefix / "bin/vantle-settings")
+        self.assertNotRegex(dynamic, r"\((RPATH|RUNPATH)\)")
+
+
+if __name__ == "__main__":
+    unittest.main()

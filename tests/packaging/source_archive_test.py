@@ -1,0 +1,29 @@
+"""The source archive: only sources, and all that are needed to build the program from nothing."""
+
+import unittest
+
+from trees import BUILD, files_below, run, temporary_folder
+
+
+class SourceArchive(unittest.TestCase):
+    def test_holds_no_leftovers_and_builds_the_program(self):
+        with temporary_folder() as folder:
+            run("cpack", "--config", BUILD / "CPackSourceConfig.cmake", "-B", folder / "archive")
+            (archive,) = (folder / "archive").glob("*.tar.gz")
+            run("tar", "-xzf", archive, "-C", folder)
+            (source,) = folder.glob("vantle-settings-*")
+
+            held = files_below(source)
+            self.assertFalse([file for file in held if file.startswith(("build/", ".git/"))])
+            self.assertTrue({"CMakeLists.txt", "run", "VantleSettings/Platform/Seam.h"} <= held)
+
+            build = folder / "build"
+            run("cmake", "-S", source, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
+                "-DVANTLE_TESTS=OFF")
+            run("cmake", "--build", build)
+            run("cmake", "--install", build, "--prefix", folder / "installed")
+            self.assertIn("bin/vantle-settings", files_below(folder / "installed"))
+
+
+if __name__ == "__main__":
+    unittest.main()
