@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QPlainTextEdit>
+#include <QTextCursor>
+
+#include <memory>
+
+/// A small editor for a list with one entry per line. It grows with its text between two heights and scrolls
+/// beyond; Tab moves on. Everything put into it is plain text.
+class PatternsEditor : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    /// What the user has done in an editor: to be taken up by another one with the same text.
+    struct Work {
+        QString text;
+        std::unique_ptr<QTextDocument> document; ///< with its undo history
+        QTextCursor cursor;                      ///< caret and selection
+        int scroll = 0;
+    };
+
+    static constexpr int minimumHeight = 70;
+    static constexpr int maximumHeight = 96;
+    /// The height for this many lines, none of them wrapped.
+    static int heightFor(qsizetype lines);
+
+    explicit PatternsEditor(QWidget *parent = nullptr);
+
+    /// The text with line feeds between its lines, all other characters as they are.
+    const QString &text() const { return m_text; }
+    /// Shows another text; caret, selection and undo history stay where it is the same one.
+    void setText(const QString &text);
+
+    /// Hands over what the user has done here, or nothing where there is nothing to keep. The editor is
+    /// left empty.
+    std::unique_ptr<Work> takeWork();
+    void takeUp(std::unique_ptr<Work> work);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+Q_SIGNALS:
+    /// The user has changed the text.
+    void edited(const QString &text);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void readText();
+    void fitHeight();
+
+    QString m_text;
+    int m_height = minimumHeight;
+};

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QPointer>
+#include <QUuid>
+#include <QWidget>
+
+#include <functional>
+#include <map>
+#include <vector>
+
+class QScrollArea;
+
+/// Rows one below the other with dividers between them, however many. Up to a hundred rows all exist; of a
+/// longer list only those in view do, besides the one that has the keyboard. A row lives as long as its id
+/// stays in the list and, in a long list, in view.
+class RowList : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// How the list makes its rows; all are told the row's place in the list.
+    struct Rows {
+        /// Makes a row. Its one control that takes the keyboard is its focus proxy.
+        std::function<QWidget *(qsizetype index, QWidget *parent)> make;
+        /// Lets a row that exists show what is true now.
+        std::function<void(QWidget *row, qsizetype index)> show;
+        /// The height that a row will probably have, in points.
+        std::function<int(qsizetype index)> expectedHeight;
+        /// Tells a row that it goes although its id may come back into view; may be empty.
+        std::function<void(QWidget *row)> leave;
+    };
+
+    static constexpr qsizetype alwaysExist = 100;
+
+    explicit RowList(Rows rows, QWidget *parent = nullptr);
+    ~RowList() override;
+
+    /// What the list consists of now, in order. Rows whose id stays are kept and shown anew.
+    /// True when the list is another one than before.
+    bool setIds(std::vector<QUuid> ids);
+
+    /// The row at this place, or null where none exists at the moment.
+    QWidget *row(qsizetype index) const;
+    /// How many rows exist at the moment.
+    qsizetype existing() const { return qsizetype(m_rows.size()); }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    struct Row {
+        QWidget *widget;
+        QWidget *divider; ///< below the row; none below the last
+    };
+    struct Range {
+        qsizetype first;
+        qsizetype end;
+    };
+
+    qsizetype count() const { return qsizetype(m_ids.size()); }
+    int top(qsizetype index) const { return m_tops[size_t(index)]; }
+    void keepRows(const std::vector<QUuid> &ids);
+    void expectHeights();
+    void addUpTops();
+    bool measure();
+    Range wanted() const;
+    void watchScrollArea();
+    void refresh();
+    void bringIntoBeing();
+    void makeRow(qsizetype index);
+    void dropOutside(Range range);
+    void discard(const Row &row);
+    void place();
+    void chainFocus(qsizetype index);
+    QWidget *controlBefore(qsizetype index) const;
+
+    Rows m_make;
+    std::vector<QUuid> m_ids;
+    std::vector<int> m_heights; ///< of rows without their dividers
+    std::vector<int> m_tops{0}; ///< of every row and of the end
+    std::map<qsizetype, Row> m_rows;
+    QPointer<QScrollArea> m_scrollArea;
+    bool m_updating = false;
+};

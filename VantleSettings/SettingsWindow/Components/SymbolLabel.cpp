@@ -1,0 +1,20 @@
+#include "SettingsWindow/Components/SymbolLabel.h"
+
+#include "Platform/AccessibleRole.h"
+#include "Platform/Symbol.h"
+#include "SettingsWindow/Components/Tokens.h"
+
+#include <QPainter>
+
+SymbolLabel::SymbolLabel(const QString &symbol, qreal pointSize, QWidget *parent)
+    : QWidget(parent), m_symbol(symbol), m_pointSize(pointSize)
+{
+    setFixedSize(symbolExtent(pointSize), symbolExtent(pointSize));
+    markAsDecoration(this);
+}
+
+void SymbolLabel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    drawSymbol(painter, m_symbol, rect(), m_pointSize, textColor(TextColor::secondary));
+}

@@ -1,0 +1,178 @@
+#include "SettingsWindow/Components/PatternsEditor.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class PatternsEditorTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        auto *layout = new QVBoxLayout(&window);
+        layout->addWidget(editor);
+        layout->addWidget(next);
+        layout->addStretch();
+        QObject::connect(editor, &PatternsEditor::edited, [this](const QString &text) { edits << text; });
+        window.resize(300, 200);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        editor->setFocus();
+    }
+
+    static QString lines(int count) { return u"a\n"_s.repeated(count - 1) + u'a'; }
+
+    QWidget window;
+    PatternsEditor *editor = new PatternsEditor;
+    QPushButton *next = new QPushButton;
+    QStringList edits;
+};
+
+TEST_F(PatternsEditorTest, TypingIsAnnouncedWithTheWholeText)
+{
+    editor->setText(u"a.com/*"_s);
+    editor->moveCursor(QTextCursor::End);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QTest::keyClicks(editor, u"b"_s);
+    EXPECT_EQ(edits, QStringList({u"a.com/*\n"_s, u"a.com/*\nb"_s}));
+    EXPECT_EQ(editor->text(), u"a.com/*\nb");
+}
+
+TEST_F(PatternsEditorTest, SettingATextIsNoEdit)
+{
+    editor->setText(u"a"_s);
+    editor->setText(u"b\r\nc"_s);
+    EXPECT_TRUE(edits.isEmpty());
+}
+
+TEST_F(PatternsEditorTest, SettingTheSameTextKeepsCaretSelectionAndHistory)
+{
+    editor->setText(u"one\ntwo"_s);
+    QTest::keyClicks(editor, u"x"_s);
+    QTest::keyClick(editor, Qt::Key_Right, Qt::ShiftModifier);
+    editor->setText(u"xone\ntwo"_s);
+    EXPECT_EQ(editor->textCursor().selectedText(), u"o");
+    editor->undo();
+    EXPECT_EQ(editor->text(), u"one\ntwo");
+}
+
+TEST_F(PatternsEditorTest, CharactersThatLookLikeSpacesOrLineBreaksStayWhatTheyAre)
+{
+    const QString text = u"a\u00A0b\u2028c\u200B\td"_s;
+    editor->setText(text);
+    editor->moveCursor(QTextCursor::End);
+    QTest::keyClicks(editor, u"!"_s);
+    EXPECT_EQ(editor->text(), text + u'!');
+}
+
+TEST_F(PatternsEditorTest, MarkupIsPlainText)
+{
+    editor->setText(u"<b>x</b>&amp;"_s);
+    EXPECT_EQ(editor->toPlainText(), u"<b>x</b>&amp;");
+    auto *rich = new QMimeData;
+    rich->setHtml(u"<b>bold</b>"_s);
+    rich->setText(u"plain"_s);
+    QGuiApplication::clipboard()->setMimeData(rich);
+    editor->selectAll();
+    editor->paste();
+    EXPECT_EQ(editor->text(), u"plain");
+}
+
+TEST_F(PatternsEditorTest, IsSeventyPointsTallGrowsToNinetySixAndScrollsBeyond)
+{
+    editor->setText(lines(2));
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(editor->height(), 70);
+    EXPECT_EQ(editor->verticalScrollBar()->maximum(), 0);
+    editor->setText(lines(6));
+    QCoreApplication::sendPostedEvents();
+    EXPECT_GT(editor->height(), 70);
+    EXPECT_LE(editor->height(), 96);
+    EXPECT_EQ(editor->verticalScrollBar()->maximum(), 0);
+    editor->setText(lines(20));
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(editor->height(), 96);
+    EXPECT_GT(editor->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(PatternsEditorTest, GrowsWithLinesThatWrap)
+{
+    editor->setText(u"w"_s.repeated(2000));
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(editor->height(), 96);
+}
+
+TEST_F(PatternsEditorTest, TheExpectedHeightIsTheRealOneWhereNothingWraps)
+{
+    for (int count = 1; count < 12; ++count) {
+        editor->setText(lines(count));
+        QCoreApplication::sendPostedEvents();
+        EXPECT_EQ(editor->height(), PatternsEditor::heightFor(count)) << count << " lines";
+        const bool fits = count * int(QFontMetrics(editor->font()).lineSpacing()) < editor->height();
+        EXPECT_EQ(editor->verticalScrollBar()->maximum() == 0, fits) << count << " lines";
+    }
+}
+
+TEST_F(PatternsEditorTest, TabMovesOn)
+{
+    editor->setText(u"a"_s);
+    QTest::keyClick(editor, Qt::Key_Tab);
+    EXPECT_EQ(editor->text(), u"a");
+    EXPECT_TRUE(edits.isEmpty());
+    EXPECT_TRUE(next->hasFocus());
+}
+
+TEST_F(PatternsEditorTest, AnUntouchedEditorHasNoWorkToHandOver)
+{
+    editor->setText(lines(20));
+    EXPECT_EQ(editor->takeWork(), nullptr);
+}
+
+TEST_F(PatternsEditorTest, AnotherEditorTakesUpCaretSelectionHistoryAndScrollPosition)
+{
+    editor->setText(lines(20));
+    QCoreApplication::sendPostedEvents();
+    QTest::keyClicks(editor, u"new"_s);
+    editor->moveCursor(QTextCursor::End);
+    editor->moveCursor(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
+    const int scroll = editor->verticalScrollBar()->value();
+    ASSERT_GT(scroll, 0);
+    std::unique_ptr<PatternsEditor::Work> work = editor->takeWork();
+    const QRect place = editor->geometry();
+    delete editor;
+
+    auto *other = new PatternsEditor(&window);
+    other->setGeometry(place);
+    other->show();
+    other->takeUp(std::move(work));
+    EXPECT_EQ(other->text(), u"new"_s + lines(20));
+    EXPECT_EQ(other->textCursor().selectedText(), u"a");
+    EXPECT_EQ(other->verticalScrollBar()->value(), scroll);
+    other->undo();
+    EXPECT_EQ(other->text(), lines(20));
+}
+
+TEST_F(PatternsEditorTest, WorkMayOutliveAllEditors)
+{
+    editor->setText(u"a"_s);
+    QTest::keyClicks(editor, u"b"_s);
+    const std::unique_ptr<PatternsEditor::Work> work = editor->takeWork();
+    delete editor;
+    EXPECT_EQ(work->text, u"ba");
+}
+
+} // namespace
