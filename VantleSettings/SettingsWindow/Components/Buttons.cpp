@@ -29,7 +29,7 @@ PushButton::PushButton(const QString &text, Size size, QWidget *parent)
     : QPushButton(withoutMnemonics(text), parent), m_size(size)
 {
     setFont(textFont(size == Size::small ? TextStyle::size12 : TextStyle::size13));
-    setFixedHeight(size == Size::small ? Tokens::smallButtonHeight : Tokens::largeButtonHeight);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(size == Size::small ? Qt::WA_MacSmallSize : Qt::WA_MacNormalSize);
 }

@@ -15,6 +15,7 @@ namespace
 {
 
 constexpr int narrowest = 24;       ///< what a label that can give way asks for at least
+constexpr int lineGap = 1;          ///< between the lines of a text
 constexpr int widestLineHint = 640; ///< a wrapped text never asks for more
 
 } // namespace
@@ -62,7 +63,8 @@ QSize Label::sizeHint() const
         const int natural = widthOfLines(textLines(m_text, font(), QWIDGETSIZE_MAX, {}), font());
         m_naturalWidth = wraps() ? std::min(natural, widestLineHint) : natural;
     }
-    return {m_naturalWidth, wraps() ? heightForWidth(m_naturalWidth) : heightOf(1)};
+    const int width = m_naturalWidth + marginsWidth();
+    return {width, wraps() ? heightForWidth(width) : heightOf(1)};
 }
 
 QSize Label::minimumSizeHint() const
@@ -78,15 +80,24 @@ int Label::heightForWidth(int width) const
 
 int Label::heightOf(size_t lines) const
 {
-    const QFontMetricsF metrics(font());
-    const qreal gaps = metrics.lineSpacing() * static_cast<qreal>(std::max<size_t>(lines, 1) - 1);
-    return static_cast<int>(std::ceil(metrics.height() + gaps));
+    const int count = std::max(1, int(lines));
+    return lineHeight() * count + lineGap * (count - 1);
+}
+
+int Label::lineHeight() const
+{
+    return int(std::ceil(QFontMetricsF(font()).height()));
+}
+
+int Label::marginsWidth() const
+{
+    return contentsMargins().left() + contentsMargins().right();
 }
 
 const std::vector<QString> &Label::linesFor(int width) const
 {
     if (m_linesWidth != width) {
-        m_lines = textLines(m_text, font(), width, m_flow);
+        m_lines = textLines(m_text, font(), width - marginsWidth(), m_flow);
         m_linesWidth = width;
     }
     return m_lines;
@@ -107,13 +118,14 @@ void Label::paintEvent(QPaintEvent *)
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     const QFontMetricsF metrics(font());
     const std::vector<QString> &lines = linesFor(width());
-    qreal baseline = (height() - heightOf(lines.size())) / 2.0 + metrics.ascent();
+    const QRect inner = contentsRect();
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
+    qreal baseline = std::round((height() - heightOf(lines.size())) / 2.0 + metrics.ascent());
     for (const QString &line : lines) {
-        const qreal room = width() - metrics.horizontalAdvance(line);
-        const qreal x = side & Qt::AlignHCenter ? room / 2 : side & Qt::AlignRight ? room : 0;
-        painter.drawText(QPointF(x, std::round(baseline)), line);
-        baseline += metrics.lineSpacing();
+        const qreal room = inner.width() - metrics.horizontalAdvance(line);
+        const qreal indent = side & Qt::AlignHCenter ? room / 2 : side & Qt::AlignRight ? room : 0;
+        painter.drawText(QPointF(inner.left() + indent, baseline), line);
+        baseline += lineHeight() + lineGap;
     }
 }
 

@@ -41,6 +41,8 @@ protected:
 private:
     const std::vector<QString> &linesFor(int width) const;
     int heightOf(size_t lines) const;
+    int lineHeight() const;
+    int marginsWidth() const;
     void forgetLines();
     bool wraps() const { return m_flow.maximumLines != 1; }
 

@@ -15,6 +15,7 @@ namespace
 
 constexpr int labelColumn = 136;
 constexpr int columnGap = 8;
+constexpr int paddingVertical = 10;
 constexpr qreal copySymbolSize = 11;
 
 } // namespace
@@ -28,8 +29,7 @@ PathRow::PathRow(const QString &label, const QString &path, QWidget *parent) : Q
     connect(copy, &IconButton::clicked, this, [path] { Seam<Pasteboard>::current().setText(path); });
 
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
-                               Tokens::rowPaddingVertical);
+    layout->setContentsMargins(Tokens::rowPadding, paddingVertical, Tokens::rowPadding, paddingVertical);
     layout->setSpacing(columnGap);
     layout->addWidget(caption);
     layout->addWidget(new ElidedLabel(path, TextStyle::size11, TextColor::primary80), 1);

@@ -1,10 +1,7 @@
 #include "SettingsWindow/Components/Tokens.h"
 
 #include "Platform/Palette.h"
-
-#include <QGuiApplication>
-
-#include <algorithm>
+#include "Platform/SystemFont.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,6 +44,17 @@ Face face(TextStyle style)
     Q_UNREACHABLE();
 }
 
+struct SystemText {
+    QFont font;
+    qreal scale = 1;
+};
+
+SystemText &systemText()
+{
+    static SystemText text;
+    return text;
+}
+
 QColor white(qreal opacity)
 {
     return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
@@ -59,15 +67,20 @@ QColor Tokens::separator()
     return white(increasedContrast() ? 0.3 : 0.12);
 }
 
+void adoptSystemFont()
+{
+    systemText() = {systemFont(), systemTextScale()};
+}
+
 QFont textFont(TextStyle style)
 {
     const Face wanted = face(style);
-    QFont font = QGuiApplication::font();
+    QFont font = systemText().font;
     if (style == TextStyle::size12SemiboldMono)
         font.setFamilies({u"JetBrains Mono"_s, font.family()});
     if (style == TextStyle::groupHeader)
         font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
-    font.setPixelSize(wanted.size);
+    font.setPixelSize(qRound(wanted.size * systemText().scale));
     font.setWeight(wanted.weight);
     return font;
 }

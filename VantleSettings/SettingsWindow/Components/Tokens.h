@@ -72,6 +72,10 @@ enum class TextStyle {
     size22Semibold,
 };
 
+/// Takes the system's font and text size for all texts from here on. Sizes of lines and controls follow the
+/// text.
+void adoptSystemFont();
+
 /// The levels of text; `primary80` and `secondary70` are those levels at that many hundredths of their
 /// opacity.
 enum class TextColor { primary, primary80, secondary, secondary70, tertiary, white, accent };

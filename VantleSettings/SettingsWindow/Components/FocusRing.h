@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class QApplication;
+class QFocusFrame;
+
+/// The ring around the control that has the keyboard focus, shown when the focus came by the keyboard and
+/// never after a click. One for the whole application, which owns it.
+class FocusRing : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit FocusRing(QApplication &application);
+
+    /// Rounds the ring around a control whose own corners have this radius; buttons need not say so.
+    static void setCornerRadius(QWidget *control, qreal radius);
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+    void follow(QWidget *focused, Qt::FocusReason reason);
+
+    QPointer<QFocusFrame> m_frame; ///< made when first needed; goes with the window it stands in
+    bool m_byKeyboard = false;
+};

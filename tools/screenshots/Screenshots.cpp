@@ -1,0 +1,40 @@
+#include "Screenshots.h"
+
+#include "Gallery.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+std::unique_ptr<QWidget> owned(QWidget *widget)
+{
+    return std::unique_ptr<QWidget>(widget);
+}
+
+} // namespace
+
+std::vector<Screenshot> allScreenshots()
+{
+    return {
+        {u"components"_s, {720, 1420}, [] { return owned(makeGallery()); }},
+        {u"symbols"_s, {760, 896}, [] { return owned(makeSymbolSheet()); }},
+    };
+}
+
+QImage rendered(const Screenshot &screenshot, qreal scale)
+{
+    const std::unique_ptr<QWidget> widget = screenshot.make();
+    widget->setAttribute(Qt::WA_DontShowOnScreen);
+    widget->resize(screenshot.size);
+    widget->show();
+    QCoreApplication::processEvents();
+    QImage picture((QSizeF(screenshot.size) * scale).toSize(), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::black);
+    widget->render(&picture);
+    return picture;
+}
