@@ -11,7 +11,8 @@ namespace Planning
 struct Config {
     std::optional<QString> root;
 
-    bool operator==(const Config &) const = default;
+    /// Equal when the roots are equal texts; two absent ones are.
+    bool operator==(const Config &other) const;
 };
 
 bool save(const Config &config);

@@ -18,21 +18,6 @@ bool isPlain(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x300; });
 }
 
-/// A number for the unit that follows the order of code points: surrogates come after everything else.
-char16_t rank(QChar unit)
-{
-    const char16_t code = unit.unicode();
-    if (code < 0xD800)
-        return code;
-    return QChar::isSurrogate(code) ? char16_t(code + 0x2000) : char16_t(code - 0x800);
-}
-
-bool ranksBefore(QStringView a, QStringView b)
-{
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                        [](QChar x, QChar y) { return rank(x) < rank(y); });
-}
-
 void appendDecomposed(Scalars &scalars, char32_t scalar)
 {
     if (QChar::decompositionTag(scalar) != QChar::Canonical) {
@@ -78,10 +63,10 @@ std::optional<QString> Text::decoded(QByteArrayView utf8)
     return text;
 }
 
-QString Text::composed(QStringView text)
+QString Text::composed(const QString &text)
 {
     if (isPlain(text))
-        return text.toString();
+        return text;
     Scalars scalars;
     for (const char32_t scalar : text.toUcs4())
         appendDecomposed(scalars, scalar);
@@ -105,24 +90,20 @@ bool Text::equal(QStringView a, QStringView b)
         return true;
     if (isPlain(a) && isPlain(b))
         return false;
-    return composed(a) == composed(b);
+    return composed(a.toString()) == composed(b.toString());
 }
 
 bool Text::Before::operator()(QStringView a, QStringView b) const
 {
     if (isPlain(a) && isPlain(b))
-        return ranksBefore(a, b);
-    return ranksBefore(composed(a), composed(b));
+        return a < b;
+    return sortKey(a.toString()) < sortKey(b.toString());
 }
 
-bool Text::isBlank(QChar unit)
+Text::SortKey Text::sortKey(const QString &text)
 {
-    return unit == u'\t' || unit == u'\u200B' || unit.category() == QChar::Separator_Space;
-}
-
-bool Text::isLineBreak(QChar unit)
-{
-    return (unit >= u'\n' && unit <= u'\r') || unit == u'\u0085' || unit == u'\u2028' || unit == u'\u2029';
+    const auto scalars = composed(text).toUcs4();
+    return SortKey(scalars.begin(), scalars.end());
 }
 
 QStringView Text::trimmed(QStringView text)

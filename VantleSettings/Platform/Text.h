@@ -6,7 +6,7 @@
 
 #include <map>
 #include <optional>
-#include <set>
+#include <string>
 
 /// Texts as the agent's platform compares them: canonically equivalent spellings are one text, order is by
 /// code point of the composed form, and no locale or letter case is ever involved.
@@ -17,7 +17,7 @@ namespace Text
 std::optional<QString> decoded(QByteArrayView utf8);
 
 /// The canonical composed form (NFC). However the text is made, the time grows with its length only.
-QString composed(QStringView text);
+QString composed(const QString &text);
 
 bool equal(QStringView a, QStringView b);
 
@@ -27,17 +27,29 @@ struct Before {
     bool operator()(QStringView a, QStringView b) const;
 };
 
-using Set = std::set<QString, Before>;
+/// The code points of the composed form: texts are ordered as their keys are.
+using SortKey = std::u32string;
+SortKey sortKey(const QString &text);
 
 /// A map by text: the first spelling of a key stays, the last value stored wins.
 template <class Value>
 using Map = std::map<QString, Value, Before>;
 
 /// Tab, space, the other space separators, and U+200B; no line breaks.
-bool isBlank(QChar unit);
+inline bool isBlank(QChar unit)
+{
+    if (unit.unicode() < 0x80)
+        return unit == u' ' || unit == u'\t';
+    return unit == u'\u200B' || unit.category() == QChar::Separator_Space;
+}
 
 /// U+000A to U+000D, U+0085, U+2028 and U+2029.
-bool isLineBreak(QChar unit);
+constexpr bool isLineBreak(QChar unit)
+{
+    if (unit <= u'\r')
+        return unit >= u'\n';
+    return unit == u'\u0085' || unit == u'\u2028' || unit == u'\u2029';
+}
 
 /// Without the blanks at both ends.
 QStringView trimmed(QStringView text);
