@@ -1,23 +1,41 @@
+#include "Platform/AppearancePortal.h"
 #include "Platform/Palette.h"
+
+#include <QCoreApplication>
 
 #include <utility>
 
+namespace
+{
+
+Appearance &current()
+{
+    static Appearance appearance;
+    return appearance;
+}
+
+} // namespace
+
 QColor accentColor()
 {
-    return color(SystemColor::blue);
+    return current().accent.value_or(color(SystemColor::blue));
 }
 
 bool reducedMotion()
 {
-    return false;
+    return current().reducedMotion;
 }
 
 bool increasedContrast()
 {
-    return false;
+    return current().increasedContrast;
 }
 
 void watchAppearance(std::function<void()> changed)
 {
-    std::ignore = std::move(changed);
+    auto *portal = new AppearancePortal([changed = std::move(changed)](const Appearance &now) {
+        current() = now;
+        changed();
+    });
+    portal->setParent(QCoreApplication::instance());
 }

@@ -37,6 +37,15 @@ void installLook(QApplication &application)
         new FocusRing(application);
 }
 
+void followAppearance(QApplication &application)
+{
+    watchAppearance([&application] {
+        application.setPalette(application.style()->standardPalette());
+        for (QWidget *widget : QApplication::allWidgets())
+            widget->update();
+    });
+}
+
 SettingsStyle::SettingsStyle() : QProxyStyle(makeBaseStyle()), m_native(systemDrawsControls())
 {
 }

@@ -8,6 +8,10 @@ class QApplication;
 /// the application is made, before any window.
 void installLook(QApplication &application);
 
+/// Keeps the look in step with the system's accent colour, contrast and motion from here on. The program
+/// does; tests and pictures do not, so that they look the same everywhere.
+void followAppearance(QApplication &application);
+
 /// Draws the standard controls the way the window wants them, where the system's own style does not.
 class SettingsStyle : public QProxyStyle
 {

@@ -4,6 +4,7 @@
 #include "SettingsWindow/Components/Painting.h"
 #include "SettingsWindow/Components/Tokens.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 
 namespace
@@ -11,10 +12,49 @@ namespace
 
 constexpr qreal knobInset = 1.5;
 
+/// A check box that is toggled as a click does it: its owner decides.
+class AccessibleSwitch : public QAccessibleWidget
+{
+public:
+    explicit AccessibleSwitch(Switch *control) : QAccessibleWidget(control, QAccessible::CheckBox) {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = control()->isChecked();
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        return control()->isEnabled() ? QStringList(toggleAction()) + QAccessibleWidget::actionNames()
+                                      : QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (name == toggleAction())
+            control()->click();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    Switch *control() const { return static_cast<Switch *>(widget()); }
+};
+
+QAccessibleInterface *heardAsSwitch(const QString &, QObject *object)
+{
+    auto *control = qobject_cast<Switch *>(object);
+    return control ? new AccessibleSwitch(control) : nullptr;
+}
+
 } // namespace
 
 Switch::Switch(QWidget *parent) : QCheckBox(parent)
 {
+    QAccessible::installFactory(heardAsSwitch); // once, however often it is asked to
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
 }
