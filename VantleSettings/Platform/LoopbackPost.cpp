@@ -48,8 +48,11 @@ public:
         const QDeadlineTimer deadline(limit);
         while (isPending() && !deadline.hasExpired()) {
             waitForAny(static_cast<int>(deadline.remainingTime()));
-            for (auto &transfer : m_transfers)
+            for (auto &transfer : m_transfers) {
                 transfer.proceed();
+                if (!transfer.isAwaited())
+                    transfer.stop();
+            }
             startWaiting();
         }
         m_waiting.clear();

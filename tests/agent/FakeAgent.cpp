@@ -9,15 +9,23 @@
 #include <unistd.h>
 
 #include <string_view>
+#include <utility>
 
 namespace
 {
 
 constexpr std::string_view answer = "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}";
 
+/// Never raises SIGPIPE, by the flag or, on systems without it, by the socket's option.
+#ifdef MSG_NOSIGNAL
+constexpr int sendFlags = MSG_NOSIGNAL;
+#else
+constexpr int sendFlags = 0;
+#endif
+
 bool write(int connection, std::string_view text)
 {
-    return ::send(connection, text.data(), text.size(), MSG_NOSIGNAL) > 0;
+    return ::send(connection, text.data(), text.size(), sendFlags) > 0;
 }
 
 template <class Condition>
@@ -68,6 +76,12 @@ std::vector<std::string> FakeAgent::requests() const
     return m_requests;
 }
 
+std::vector<std::string> FakeAgent::takeRequests()
+{
+    const std::scoped_lock lock(m_mutex);
+    return std::exchange(m_requests, {});
+}
+
 std::size_t FakeAgent::connections() const
 {
     const std::scoped_lock lock(m_mutex);
@@ -98,6 +112,10 @@ void FakeAgent::listen()
         const int connection = ::accept(m_listener, nullptr, nullptr);
         if (connection < 0)
             continue;
+#ifdef SO_NOSIGPIPE
+        const int yes = 1;
+        ::setsockopt(connection, SOL_SOCKET, SO_NOSIGPIPE, &yes, sizeof yes);
+#endif
         serve(connection);
         const std::scoped_lock lock(m_mutex);
         ++m_connections;

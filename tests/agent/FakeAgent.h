@@ -32,6 +32,9 @@ public:
     /// The requests read so far, whole, in order of arrival.
     std::vector<std::string> requests() const;
 
+    /// The same, and forgets them.
+    std::vector<std::string> takeRequests();
+
     /// The number of connections taken so far.
     std::size_t connections() const;
 
