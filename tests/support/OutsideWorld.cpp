@@ -1,0 +1,110 @@
+#include "OutsideWorld.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QString inHome(const QString &relativePath)
+{
+    return qEnvironmentVariable("HOME") + u'/' + relativePath;
+}
+
+} // namespace
+
+void OutsideWorld::put(const QString &relativePath, const QByteArray &bytes)
+{
+    m_files.files[inHome(relativePath)] = bytes;
+}
+
+std::optional<QByteArray> OutsideWorld::file(const QString &relativePath) const
+{
+    const auto found = m_files.files.find(inHome(relativePath));
+    return found == m_files.files.end() ? std::nullopt : std::optional(*found);
+}
+
+std::vector<std::string> OutsideWorld::takeRecord()
+{
+    return std::exchange(m_record, {});
+}
+
+void OutsideWorld::note(const std::string &verb, const QString &object, const QByteArray &bytes)
+{
+    QString shown = object;
+    const QString home = qEnvironmentVariable("HOME");
+    if (shown.startsWith(home + u'/'))
+        shown.replace(0, home.size(), u'~');
+    auto entry = verb;
+    if (!shown.isEmpty())
+        entry += " " + shown.toStdString();
+    if (!bytes.isEmpty())
+        entry += " " + bytes.simplified().toStdString();
+    m_record.push_back(entry);
+}
+
+std::optional<QByteArray> OutsideWorld::Files::read(const QString &path)
+{
+    world.note("read", path);
+    const auto found = files.find(path);
+    return found == files.end() ? std::nullopt : std::optional(*found);
+}
+
+bool OutsideWorld::Files::write(const QString &path, const QByteArray &bytes)
+{
+    world.note("write", path, bytes);
+    files[path] = bytes;
+    return true;
+}
+
+void OutsideWorld::Files::createDirectory(const QString &path)
+{
+    world.note("create directory", path);
+}
+
+void OutsideWorld::Files::remove(const QString &path)
+{
+    world.note("remove", path);
+    files.remove(path);
+}
+
+bool OutsideWorld::Files::exists(const QString &path)
+{
+    world.note("exists", path);
+    return files.contains(path);
+}
+
+bool OutsideWorld::Files::isDirectory(const QString &path)
+{
+    world.note("is directory", path);
+    return false;
+}
+
+bool OutsideWorld::Service::isLoaded()
+{
+    world.note("is the job loaded");
+    return world.serviceIsLoaded;
+}
+
+bool OutsideWorld::Service::load()
+{
+    world.note("load the job");
+    world.serviceIsLoaded |= !world.serviceRefuses;
+    return world.serviceIsLoaded;
+}
+
+bool OutsideWorld::Service::unload()
+{
+    world.note("unload the job");
+    world.serviceIsLoaded &= world.serviceRefuses;
+    return !world.serviceIsLoaded;
+}
+
+void OutsideWorld::Posts::post(const QUrl &url)
+{
+    world.note("post", url.toString());
+}
+
+void OutsideWorld::Posts::finish(std::chrono::milliseconds)
+{
+    world.note("finish the posts");
+}

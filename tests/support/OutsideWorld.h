@@ -1,0 +1,68 @@
+#pragma once
+
+#include "Platform/FileSystem.h"
+#include "Platform/LoopbackPost.h"
+#include "Platform/Seam.h"
+#include "Platform/ServiceManager.h"
+
+#include <QMap>
+
+#include <string>
+#include <vector>
+
+/// Everything outside that the model meets, as stand-ins that keep one record in order of what was asked of
+/// them. Lives as long as a test; the files are in memory, by path below the home directory.
+class OutsideWorld
+{
+public:
+    /// Puts a file under the home directory, e.g. ".vantle/typeface.json".
+    void put(const QString &relativePath, const QByteArray &bytes);
+
+    /// A file's bytes; nothing when it isn't there.
+    std::optional<QByteArray> file(const QString &relativePath) const;
+
+    /// What was asked since the last call, e.g. "read ~/.vantle/typeface.json" or
+    /// "post http://127.0.0.1:18484/settings/reload-typeface".
+    std::vector<std::string> takeRecord();
+
+    bool serviceIsLoaded = false;
+    bool serviceRefuses = false; ///< loading and unloading change nothing
+
+private:
+    void note(const std::string &verb, const QString &object = {}, const QByteArray &bytes = {});
+
+    struct Files final : FileSystem {
+        explicit Files(OutsideWorld &owner) : world(owner) {}
+        std::optional<QByteArray> read(const QString &path) override;
+        bool write(const QString &path, const QByteArray &bytes) override;
+        void createDirectory(const QString &path) override;
+        void remove(const QString &path) override;
+        bool exists(const QString &path) override;
+        bool isDirectory(const QString &path) override;
+        OutsideWorld &world;
+        QMap<QString, QByteArray> files;
+    };
+
+    struct Service final : ServiceManager {
+        explicit Service(OutsideWorld &owner) : world(owner) {}
+        bool isLoaded() override;
+        bool load() override;
+        bool unload() override;
+        OutsideWorld &world;
+    };
+
+    struct Posts final : LoopbackPost {
+        explicit Posts(OutsideWorld &owner) : world(owner) {}
+        void post(const QUrl &url) override;
+        void finish(std::chrono::milliseconds limit) override;
+        OutsideWorld &world;
+    };
+
+    std::vector<std::string> m_record;
+    Files m_files{*this};
+    Service m_service{*this};
+    Posts m_posts{*this};
+    Seam<FileSystem>::Replacement m_fileSeam{m_files};
+    Seam<ServiceManager>::Replacement m_serviceSeam{m_service};
+    Seam<LoopbackPost>::Replacement m_postSeam{m_posts};
+};
