@@ -53,7 +53,7 @@ void ShortcutRecording::toggleRecording()
 
 void ShortcutRecording::keyDown(const KeyDown &key)
 {
-    if (key.isRepeat)
+    if (!isRecording() || key.isRepeat)
         return;
     if (key.keyCode == escapeKeyCode) {
         stopRecording();

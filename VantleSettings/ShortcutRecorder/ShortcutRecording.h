@@ -28,13 +28,14 @@ public:
     /// What a click does: starts, or stops without recording.
     void toggleRecording();
 
+    /// Takes a key-down of the program; the monitor hands over each there is while recording.
+    void keyDown(const KeyDown &key);
+
 Q_SIGNALS:
     /// The user has pressed a combination with Command, Option or Control; sent before the recording stops.
     void recorded(const KeyCombo &combo);
     void recordingChanged();
 
 private:
-    void keyDown(const KeyDown &key);
-
     std::unique_ptr<KeyDownMonitor> m_monitor; ///< present exactly while recording
 };

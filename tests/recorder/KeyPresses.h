@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+#include <cstdint>
+
+/// A key as the window system reports it.
+struct PressedKey {
+    std::uint32_t evdevCode;
+    std::uint32_t keysym;
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+    bool isRepeat = false;
+};
+
+/// Sends a press as the toolkit does: first as a shortcut, then, unless that was taken, as a key.
+/// Returns whether any receiver would have had the shortcut.
+inline bool press(QObject &receiver, const PressedKey &pressed)
+{
+    const auto event = [&pressed](QEvent::Type type) {
+        return QKeyEvent(type, pressed.key, pressed.modifiers, pressed.evdevCode + 8, pressed.keysym, 0, {},
+                         pressed.isRepeat);
+    };
+    QKeyEvent shortcut = event(QEvent::ShortcutOverride);
+    shortcut.ignore();
+    QCoreApplication::sendEvent(&receiver, &shortcut);
+    QKeyEvent key = event(QEvent::KeyPress);
+    QCoreApplication::sendEvent(&receiver, &key);
+    return !shortcut.isAccepted();
+}
