@@ -77,7 +77,10 @@ QString Text::composed(const QString &text)
     result.reserve(text.size());
     for (auto piece = scalars.cbegin(); piece != scalars.cend();) {
         const auto end = std::find_if(piece + 1, scalars.cend(), startsAnew);
-        const QString letter = QString::fromUcs4(&*piece, end - piece);
+        // Scalar by scalar: converting them together would take a U+FEFF for a byte order mark and drop it.
+        QString letter;
+        for (auto scalar = piece; scalar != end; ++scalar)
+            letter += QChar::fromUcs4(*scalar);
         result += end - piece == 1 ? letter : letter.normalized(QString::NormalizationForm_C);
         piece = end;
     }

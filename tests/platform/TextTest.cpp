@@ -117,12 +117,19 @@ TEST(Text, ComposesEveryScalarAsTheToolkitDoes)
         const auto category = QChar::category(scalar);
         if (category == QChar::Other_Surrogate || category == QChar::Other_NotAssigned)
             continue;
-        for (const QString &text :
-             {QString::fromUcs4(&scalar, 1), u"e\u0301"_s + QString::fromUcs4(&scalar, 1),
-              QString::fromUcs4(&scalar, 1) + u"\u0316\u0301\u3099"_s})
+        QString letter;
+        letter += QChar::fromUcs4(scalar);
+        for (const QString &text : {letter, u"e\u0301"_s + letter, letter + u"\u0316\u0301\u3099"_s})
             ASSERT_EQ(Text::composed(text), text.normalized(QString::NormalizationForm_C))
                 << std::hex << int(scalar);
     }
+}
+
+TEST(Text, ComposingKeepsAByteOrderMark)
+{
+    EXPECT_EQ(Text::composed(u"\ufeff"_s), u"\ufeff"_s);
+    EXPECT_EQ(Text::composed(u"a\ufeff\ufeffe\u0301\ufffe"_s), u"a\ufeff\ufeff\u00e9\ufffe"_s);
+    EXPECT_FALSE(Text::equal(u"\ufeffa", u"a"));
 }
 
 TEST(Text, ComposesLongTextsInTimeThatGrowsWithTheirLength)
