@@ -5,7 +5,7 @@ target_compile_options(VantleCompileOptions INTERFACE
     -Wimplicit-fallthrough -Wnull-dereference -Wformat=2
     $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
 target_compile_definitions(VantleCompileOptions INTERFACE
-    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS
     QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
 # Off where compilers and toolkits newer than ours are the rule: a new warning is no reason not to build there.

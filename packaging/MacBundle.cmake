@@ -1,5 +1,4 @@
 # The program as an application bundle, whole in the build folder already.
-set(VANTLE_MINIMUM_MACOS ${CMAKE_OSX_DEPLOYMENT_TARGET})
 set_target_properties(vantle-settings PROPERTIES
     MACOSX_BUNDLE TRUE
     OUTPUT_NAME "Vantle Settings"

@@ -1,15 +1,3 @@
 #include "Platform/ServiceManager.h"
 
-#include "Platform/LaunchctlServiceManager.h"
-#include "Platform/SystemdServiceManager.h"
-
 ServiceManager::~ServiceManager() = default;
-
-ServiceManager &ServiceManager::system()
-{
-    static LaunchctlServiceManager launchd;
-    static SystemdServiceManager systemd;
-    if (LaunchctlServiceManager::isAvailable())
-        return launchd;
-    return systemd;
-}

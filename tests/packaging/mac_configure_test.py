@@ -1,8 +1,10 @@
 """The project configured for macOS on a machine that is none: nothing that only a Mac has is run, and what
 would be compiled there answers, file by file, to what is compiled here."""
 
+import collections
 import json
 import plistlib
+import re
 import unittest
 
 from trees import BUILD, SOURCE, run, temporary_folder
@@ -17,6 +19,16 @@ def compiled_sources(build):
     return {file.removeprefix(f"{SOURCE}/") for file in files}
 
 
+def included_headers():
+    """For each header below VantleSettings/ the files there that include it, all relative to the project."""
+    users = collections.defaultdict(set)
+    for file in (SOURCE / "VantleSettings").rglob("*"):
+        if file.suffix in (".h", ".cpp", ".mm"):
+            for header in re.findall(r'^#include "(.+)"', file.read_text(), re.MULTILINE):
+                users[f"VantleSettings/{header}"].add(str(file.relative_to(SOURCE)))
+    return users
+
+
 class MacConfigure(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -27,25 +39,29 @@ class MacConfigure(unittest.TestCase):
         cls.on_mac = compiled_sources(cls.build)
         cls.here = compiled_sources(BUILD)
 
-    def headers(self):
-        return sorted(header.stem for header in PLATFORM.glob("*.h"))
-
     def test_configures_without_a_complaint(self):
         self.assertNotRegex(self.said, r"CMake (Warning|Error)")
 
-    def test_every_header_with_a_linux_source_has_a_mac_source_and_the_other_way_round(self):
+    def is_only_for_linux(self, file):
+        """Whether a source is compiled on Linux alone, or a header's source is."""
+        source = file.removesuffix(".h") + ".cpp" if file.endswith(".h") else file
+        return source in self.here - self.on_mac and file.removesuffix(".h") + ".mm" not in self.on_mac
+
+    def test_every_header_that_both_systems_use_has_a_source_on_both(self):
+        includes = included_headers()
         checked = 0
-        for stem in self.headers():
-            ours = f"VantleSettings/Platform/{stem}"
-            portable = f"{ours}.cpp" in self.here & self.on_mac
-            linux = f"{ours}Linux.cpp" in self.here or (f"{ours}.cpp" in self.here and not portable)
+        for header in sorted(PLATFORM.glob("*.h")):
+            ours = str(header.relative_to(SOURCE).with_suffix(""))
+            linux = bool({f"{ours}.cpp", f"{ours}Linux.cpp"} & (self.here - self.on_mac))
             mac = f"{ours}.mm" in self.on_mac
-            with self.subTest(header=f"{stem}.h"):
-                if stem in ONLY_LINUX:
-                    self.assertTrue(linux and not mac)
-                    continue
-                self.assertEqual(linux, mac)
-            checked += linux
+            with self.subTest(header=header.name):
+                if linux and not mac:  # then it is a piece of something that only Linux has
+                    users = includes[f"{ours}.h"] - {f"{ours}.cpp"}
+                    self.assertTrue(users)
+                    self.assertEqual([user for user in users if not self.is_only_for_linux(user)], [])
+                else:
+                    self.assertEqual(linux, mac)
+                    checked += mac
         self.assertGreater(checked, 5)
 
     def test_no_source_is_forgotten_on_either_system(self):
@@ -87,8 +103,6 @@ class MacConfigure(unittest.TestCase):
             self.assertIn(f"Vantle Settings.app/Contents/Resources/Fonts/JetBrainsMono-{face}.ttf", rules)
 
 
-# Headers whose subject only Linux has.
-ONLY_LINUX = {"ConfirmationDialog"}
 
 if __name__ == "__main__":
     unittest.main()
