@@ -1,0 +1,116 @@
+#include "SettingsWindow/Sections/BrowserPatternsSection.h"
+
+#include "SettingsWindow/Components/Buttons.h"
+#include "SettingsWindow/Components/RowList.h"
+#include "SettingsWindow/Components/SettingsGroup.h"
+#include "SettingsWindow/Components/Tokens.h"
+#include "SettingsWindow/Sections/NoBrowserProjectsRow.h"
+#include "SettingsWindow/Sections/ProjectRow.h"
+#include "SettingsWindow/SettingsModel.h"
+
+#include <QHBoxLayout>
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+BrowserPatternsSection::BrowserPatternsSection(SettingsModel &model, QWidget *parent)
+    : SectionContent(parent), m_model(model), m_noProjects(new NoBrowserProjectsRow), m_rows(projectRows())
+{
+    add(new SettingsGroup(
+        {.header = u"URL Patterns"_s,
+         .footer =
+             u"One pattern per line. Use * as wildcard. Tabs matching any pattern appear in the browser "
+             "picker when that project is the active notification."_s},
+        {m_noProjects, m_rows}));
+    add(saveLine());
+    renderPage(model, [this] { render(); });
+}
+
+BrowserPatternsSection::~BrowserPatternsSection()
+{
+    delete m_rows; // they hand their work to this page
+}
+
+RowList *BrowserPatternsSection::projectRows()
+{
+    const auto project = [this](qsizetype index) -> const BrowserConfigProject & {
+        return m_model.projects.value()[size_t(index)];
+    };
+    return new RowList({
+        .make =
+            [this, project](qsizetype index, QWidget *list) {
+                auto *row = new ProjectRow(project(index), list);
+                if (auto left = m_work.extract(row->id()))
+                    row->editor().takeUp(std::move(left.mapped()));
+                connect(&row->editor(), &PatternsEditor::edited, this,
+                        [this, id = row->id()](const QString &urls) { edit(id, urls); });
+                return row;
+            },
+        .show =
+            [project](QWidget *row, qsizetype index) {
+                static_cast<ProjectRow *>(row)->editor().setText(project(index).urls);
+            },
+        .expectedHeight = [project](qsizetype index) { return ProjectRow::expectedHeight(project(index)); },
+        .leave =
+            [this](QWidget *widget) {
+                auto *row = static_cast<ProjectRow *>(widget);
+                if (auto work = row->editor().takeWork())
+                    m_work[row->id()] = std::move(work);
+            },
+    });
+}
+
+QWidget *BrowserPatternsSection::saveLine()
+{
+    auto *save = new PushButton(u"Save Patterns"_s, PushButton::Size::large);
+    save->setShortcut(Qt::CTRL | Qt::Key_S);
+    connect(save, &QPushButton::clicked, this, &BrowserPatternsSection::save);
+    m_save = save;
+
+    auto *line = new QWidget;
+    auto *layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addStretch();
+    layout->addWidget(save);
+    return line;
+}
+
+void BrowserPatternsSection::render()
+{
+    const std::vector<BrowserConfigProject> &projects = m_model.projects;
+    std::vector<QUuid> ids(projects.size());
+    std::transform(projects.begin(), projects.end(), ids.begin(), std::mem_fn(&BrowserConfigProject::id));
+    m_noProjects->setVisible(projects.empty());
+    m_rows->setVisible(!projects.empty());
+    if (m_rows->setIds(std::move(ids)))
+        forgetWork();
+    m_save->setEnabled(!projects.empty());
+}
+
+/// What was done to projects that are no longer listed.
+void BrowserPatternsSection::forgetWork()
+{
+    const std::vector<BrowserConfigProject> &projects = m_model.projects;
+    std::erase_if(m_work, [&](const auto &work) {
+        return std::none_of(projects.begin(), projects.end(),
+                            [&](const BrowserConfigProject &project) { return project.id == work.first; });
+    });
+}
+
+void BrowserPatternsSection::edit(const QUuid &id, const QString &urls)
+{
+    m_model.projects.modify([&](std::vector<BrowserConfigProject> &projects) {
+        const auto project = std::find_if(projects.begin(), projects.end(),
+                                          [&](const BrowserConfigProject &each) { return each.id == id; });
+        if (project != projects.end())
+            project->urls = urls;
+    });
+}
+
+void BrowserPatternsSection::save()
+{
+    m_model.saveBrowserPatterns(Persistence::browserPatterns(m_model.projects));
+}

@@ -1,0 +1,44 @@
+#include "SettingsWindow/Sections/EmptyProjectsRow.h"
+
+#include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/SidebarIcon.h"
+#include "SettingsWindow/Components/Tokens.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int paddingVertical = 14;
+constexpr int lineGap = 2;
+} // namespace
+
+EmptyProjectsRow::EmptyProjectsRow(QWidget *parent)
+    : QWidget(parent),
+      m_icon(new SidebarIcon({}, SystemColor::gray)),
+      m_title(new Label({}, TextStyle::size13Medium)),
+      m_text(new WrappedLabel({}, TextStyle::size11, TextColor::secondary))
+{
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(lineGap);
+    texts->addWidget(m_title);
+    texts->addWidget(m_text);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(Tokens::rowPadding, paddingVertical, Tokens::rowPadding, paddingVertical);
+    layout->setSpacing(Tokens::rowSpacing);
+    layout->addWidget(m_icon, 0, Qt::AlignTop);
+    layout->addLayout(texts, 1);
+}
+
+void EmptyProjectsRow::setManifest(bool tomlExists, const std::optional<QString> &tomlPath)
+{
+    m_icon->setSymbol(tomlExists ? u"questionmark.folder"_s : u"doc.badge.ellipsis"_s, SystemColor::gray);
+    m_title->setText(tomlExists ? u"No projects parsed"_s : u"projects.toml not found"_s);
+    m_text->setText(
+        tomlExists ? u"The file exists but no [[projects]] entries were found."_s
+                   : u"Create "_s + tomlPath.value_or(u"projects.toml"_s) +
+                         u" with [[projects]] blocks listing each project’s name, path, and todo_path."_s);
+}

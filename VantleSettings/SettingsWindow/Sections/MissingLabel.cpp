@@ -1,0 +1,31 @@
+#include "SettingsWindow/Sections/MissingLabel.h"
+
+#include "SettingsWindow/Components/Painting.h"
+
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int padding = 6;
+constexpr int paddingVertical = 2;
+constexpr qreal fillOpacity = 0.18;
+} // namespace
+
+MissingLabel::MissingLabel(QWidget *parent)
+    : Label(u"missing"_s, TextStyle::size10, TextColor::primary, parent)
+{
+    setContentsMargins(padding, paddingVertical, padding, paddingVertical);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void MissingLabel::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    QColor background = textColor(TextColor::secondary);
+    background.setAlphaF(background.alphaF() * fillOpacity);
+    fill(painter, capsule(rect()), background);
+    painter.end();
+    Label::paintEvent(event);
+}

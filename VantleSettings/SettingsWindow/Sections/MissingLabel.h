@@ -1,0 +1,15 @@
+#pragma once
+
+#include "SettingsWindow/Components/Label.h"
+
+/// The small capsule beside the name of a project whose folder is gone.
+class MissingLabel : public Label
+{
+    Q_OBJECT
+
+public:
+    explicit MissingLabel(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};

@@ -1,0 +1,110 @@
+#include "SettingsWindow/Sections/PlanningProjectRow.h"
+
+#include "Platform/AccessibleRole.h"
+#include "Platform/FileSystem.h"
+#include "Platform/Pasteboard.h"
+#include "Platform/Seam.h"
+#include "Platform/Workspace.h"
+#include "SettingsWindow/Components/Buttons.h"
+#include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/SessionCountBadge.h"
+#include "SettingsWindow/Components/SidebarIcon.h"
+#include "SettingsWindow/Components/Tokens.h"
+#include "SettingsWindow/Sections/MissingLabel.h"
+
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int lineGap = 2;
+constexpr int nameGap = 6;
+constexpr qreal actionsSymbolSize = 13;
+} // namespace
+
+PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *parent)
+    : QWidget(parent),
+      m_project(project),
+      m_icon(new SidebarIcon({}, SystemColor::gray)),
+      m_missing(new MissingLabel)
+{
+    setAccessibleRole(this, QAccessible::Pane);
+    setAccessibleName(project.name);
+
+    auto *name = new QHBoxLayout;
+    name->setSpacing(nameGap);
+    name->addWidget(new ElidedLabel(project.name, TextStyle::size13));
+    name->addWidget(m_missing);
+    name->addStretch();
+
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(lineGap);
+    texts->addLayout(name);
+    texts->addWidget(new ElidedLabel(project.path, TextStyle::size11, TextColor::secondary));
+
+    auto *actions = new IconButton(u"ellipsis.circle"_s, {}, actionsSymbolSize);
+    actions->setAccessibleName(u"Actions for "_s + project.name);
+    connect(actions, &QPushButton::clicked, this, &PlanningProjectRow::openActionMenu);
+    m_actions = actions;
+    setFocusProxy(actions);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
+                               Tokens::rowPaddingVertical);
+    layout->setSpacing(Tokens::rowSpacing);
+    layout->addWidget(m_icon, 0, Qt::AlignVCenter);
+    layout->addLayout(texts, 1);
+    layout->addWidget(new SessionCountBadge(project.sessionCount), 0, Qt::AlignVCenter);
+    layout->addWidget(actions, 0, Qt::AlignVCenter);
+    render();
+}
+
+int PlanningProjectRow::expectedHeight()
+{
+    const int texts = QFontMetrics(textFont(TextStyle::size13)).height() + lineGap +
+                      QFontMetrics(textFont(TextStyle::size11)).height();
+    return 2 * Tokens::rowPaddingVertical + std::max(Tokens::iconTile, texts);
+}
+
+bool PlanningProjectRow::exists() const
+{
+    return m_project.existsOverride.value_or(Seam<FileSystem>::current().isDirectory(m_project.path));
+}
+
+void PlanningProjectRow::render()
+{
+    const bool there = exists();
+    m_icon->setSymbol(there ? u"folder.fill"_s : u"folder.badge.questionmark"_s,
+                      there ? SystemColor::green : SystemColor::gray);
+    m_missing->setVisible(!there);
+    setAccessibleDescription(there ? m_project.path : m_project.path + u", missing"_s);
+}
+
+void PlanningProjectRow::openActionMenu()
+{
+    render();
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    fillActionMenu(*menu);
+    menu->popup(m_actions->mapToGlobal(QPoint(0, m_actions->height())));
+}
+
+/// The items that make sense at this moment; what they name may be gone when one is chosen.
+void PlanningProjectRow::fillActionMenu(QMenu &menu) const
+{
+    const QString path = m_project.path;
+    const QString todo = m_project.todoPath;
+    if (exists())
+        menu.addAction(u"Reveal Project in Finder"_s, [path] { Seam<Workspace>::current().reveal(path); });
+    if (!todo.isEmpty() && Seam<FileSystem>::current().exists(todo)) {
+        menu.addAction(u"Open TODO.toml"_s, [todo] { Seam<Workspace>::current().open(todo); });
+        menu.addAction(u"Reveal TODO in Finder"_s, [todo] { Seam<Workspace>::current().reveal(todo); });
+    }
+    menu.addAction(u"Copy Path"_s, [path] { Seam<Pasteboard>::current().setText(path); });
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "PlanningProjects/PlanningProject.h"
+
+#include <QWidget>
+
+class Label;
+class QMenu;
+class SidebarIcon;
+
+/// A project of the planning manifest: its folder, its session count, and a menu of what can be done with it.
+class PlanningProjectRow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PlanningProjectRow(const PlanningProject &project, QWidget *parent = nullptr);
+
+    /// The height that every row has.
+    static int expectedHeight();
+
+    /// Looks again whether the project's folder is there.
+    void render();
+
+private:
+    bool exists() const;
+    void openActionMenu();
+    void fillActionMenu(QMenu &menu) const;
+
+    PlanningProject m_project;
+    SidebarIcon *m_icon;
+    QWidget *m_missing;
+    QWidget *m_actions;
+};

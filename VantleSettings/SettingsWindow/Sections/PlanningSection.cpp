@@ -1,0 +1,134 @@
+#include "SettingsWindow/Sections/PlanningSection.h"
+
+#include "PlanningProjects/PlanningProjects.h"
+#include "Platform/FileSystem.h"
+#include "Platform/Path.h"
+#include "Platform/Seam.h"
+#include "Platform/Symbol.h"
+#include "SettingsWindow/Components/Buttons.h"
+#include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/RowList.h"
+#include "SettingsWindow/Components/SettingsGroup.h"
+#include "SettingsWindow/Components/Tokens.h"
+#include "SettingsWindow/Sections/EmptyProjectsRow.h"
+#include "SettingsWindow/Sections/PlanningPathRow.h"
+#include "SettingsWindow/Sections/PlanningProjectRow.h"
+#include "SettingsWindow/SettingsModel.h"
+
+#include <QHBoxLayout>
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int summaryPaddingVertical = 10;
+constexpr int summaryGap = 8;
+constexpr qreal refreshSymbolSize = 11;
+
+QString counted(std::int64_t count, const QString &singular)
+{
+    return count == 1 ? u"1 "_s + singular : QString::number(count) + u' ' + singular + u's';
+}
+
+} // namespace
+
+PlanningSection::PlanningSection(SettingsModel &model, QWidget *parent)
+    : SectionContent(parent),
+      m_model(model),
+      m_empty(new EmptyProjectsRow),
+      m_rows(projectRows()),
+      m_summaryLine(new Label({}, TextStyle::size11, TextColor::secondary)),
+      m_summary(summary()),
+      m_projects(new SettingsGroup({.header = u"Projects"_s}, {m_empty, m_rows, m_summary}))
+{
+    add(new SettingsGroup(
+        {.header = u"Planning Project"_s,
+         .footer =
+             u"Pick the folder that holds your planning work — the agent reads projects.toml under this "
+             "root and matches each project to notch sessions by path."_s},
+        {new PlanningPathRow(model)}));
+    add(m_projects);
+    renderPage(model, [this] { render(); });
+}
+
+RowList *PlanningSection::projectRows()
+{
+    return new RowList({
+        .make =
+            [this](qsizetype index, QWidget *list) {
+                return new PlanningProjectRow(m_model.planningProjects.value()[size_t(index)], list);
+            },
+        .show = [](QWidget *row, qsizetype) { static_cast<PlanningProjectRow *>(row)->render(); },
+        .expectedHeight = [](qsizetype) { return PlanningProjectRow::expectedHeight(); },
+        .leave = {},
+    });
+}
+
+QWidget *PlanningSection::summary()
+{
+    auto *refresh = new PushButton(u"Refresh"_s);
+    refresh->setIcon(symbolIcon(u"arrow.clockwise"_s, refreshSymbolSize, textColor(TextColor::primary)));
+    connect(refresh, &QPushButton::clicked, this, [this] { m_model.refreshPlanningProjects(); });
+
+    auto *line = new QWidget;
+    auto *layout = new QHBoxLayout(line);
+    layout->setContentsMargins(Tokens::rowPadding, summaryPaddingVertical, Tokens::rowPadding,
+                               summaryPaddingVertical);
+    layout->setSpacing(summaryGap);
+    layout->addStretch();
+    layout->addWidget(m_summaryLine);
+    layout->addWidget(refresh);
+    return line;
+}
+
+void PlanningSection::render()
+{
+    const std::vector<PlanningProject> &projects = m_model.planningProjects;
+    m_projects->setVisible(m_model.planningRoot->has_value());
+    m_projects->setFooter(footerForProjects());
+    m_empty->setVisible(projects.empty());
+    m_empty->setManifest(tomlExists(), tomlPath());
+    m_rows->setVisible(!projects.empty());
+    m_summary->setVisible(!projects.empty());
+    m_summaryLine->setText(summaryLine());
+
+    std::vector<QUuid> ids(projects.size());
+    std::transform(projects.begin(), projects.end(), ids.begin(), std::mem_fn(&PlanningProject::id));
+    m_rows->setIds(std::move(ids));
+}
+
+std::optional<QString> PlanningSection::tomlPath() const
+{
+    return PlanningProjects::tomlPath(m_model.planningRoot);
+}
+
+/// Whether anything is at the manifest's place under the root, even under an empty one.
+bool PlanningSection::tomlExists() const
+{
+    const std::optional<QString> &root = m_model.planningRoot;
+    return root && Seam<FileSystem>::current().exists(Path::appending(*root, u"projects.toml"_s));
+}
+
+std::optional<QString> PlanningSection::footerForProjects() const
+{
+    const std::optional<QString> path = tomlPath();
+    if (!path)
+        return std::nullopt;
+    return tomlExists() ? u"Reads "_s + *path + u". Session counts come from ~/.vantle/sessions.json."_s
+                        : u"Expected projects.toml at "_s + *path + u'.';
+}
+
+QString PlanningSection::summaryLine() const
+{
+    const std::vector<PlanningProject> &projects = m_model.planningProjects;
+    std::int64_t sessions = 0;
+    for (const PlanningProject &project : projects)
+        sessions += project.sessionCount;
+    return counted(std::int64_t(projects.size()), u"project"_s) + u" · "_s +
+           counted(sessions, u"matched session"_s);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "SettingsWindow/SectionContent.h"
+
+#include <optional>
+
+class EmptyProjectsRow;
+class Label;
+class RowList;
+class SettingsGroup;
+class SettingsModel;
+
+/// The Planning page: the planning root and the projects of its manifest.
+class PlanningSection : public SectionContent
+{
+    Q_OBJECT
+
+public:
+    explicit PlanningSection(SettingsModel &model, QWidget *parent = nullptr);
+
+private:
+    RowList *projectRows();
+    QWidget *summary();
+    void render();
+    bool tomlExists() const;
+    std::optional<QString> tomlPath() const;
+    std::optional<QString> footerForProjects() const;
+    QString summaryLine() const;
+
+    SettingsModel &m_model;
+    EmptyProjectsRow *m_empty;
+    RowList *m_rows;
+    Label *m_summaryLine;
+    QWidget *m_summary;
+    SettingsGroup *m_projects;
+};
