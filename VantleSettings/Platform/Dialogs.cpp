@@ -1,6 +1,7 @@
 #include "Platform/Dialogs.h"
 
 #include "Platform/ConfirmationDialog.h"
+#include "Platform/DirectoryPortal.h"
 
 #include <QApplication>
 #include <QDir>
@@ -24,23 +25,36 @@ QString nearestExisting(QString folder)
     return folder;
 }
 
+/// The toolkit's dialog, or the one that its theme for this desktop brings along.
+std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
+{
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(QApplication::activeWindow(), question.title, *question.start);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setLabelText(QFileDialog::Accept, question.prompt);
+    dialog->setAccessibleDescription(question.message);
+    std::optional<QString> folder;
+    if (accepted(dialog.data()))
+        folder = dialog->selectedFiles().constFirst();
+    delete dialog;
+    return folder;
+}
+
 class ModalDialogs : public Dialogs
 {
 public:
     std::optional<QString> chooseDirectory(const DirectoryQuestion &question) override
     {
-        const QString start = nearestExisting(question.start.value_or(QDir::homePath()));
-        const QPointer<QFileDialog> dialog =
-            new QFileDialog(QApplication::activeWindow(), question.title, start);
-        dialog->setFileMode(QFileDialog::Directory);
-        dialog->setOption(QFileDialog::ShowDirsOnly);
-        dialog->setLabelText(QFileDialog::Accept, question.prompt);
-        dialog->setAccessibleDescription(question.message);
-        std::optional<QString> folder;
-        if (accepted(dialog.data()))
-            folder = dialog->selectedFiles().constFirst();
-        delete dialog;
-        return folder;
+        DirectoryQuestion asked = question;
+        asked.start = nearestExisting(question.start.value_or(QDir::homePath()));
+        const auto answer =
+            DirectoryPortal(QDBusConnection::sessionBus()).ask(asked, QApplication::activeWindow());
+        if (answer.outcome == DirectoryPortal::Outcome::unavailable)
+            return chooseInOwnDialog(asked);
+        if (answer.outcome == DirectoryPortal::Outcome::cancelled || answer.folder.isEmpty())
+            return std::nullopt;
+        return answer.folder;
     }
 
     bool confirm(const Confirmation &confirmation) override

@@ -1,0 +1,129 @@
+#include "Modal.h"
+#include "Platform/Dialogs.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+const Confirmation question{.message = u"Clear all sessions?"_s,
+                            .informative = u"The notch will forget every session it knows about."_s,
+                            .style = Confirmation::Style::warning,
+                            .action = u"Clear"_s};
+
+QPushButton *button(const QWidget *dialog, const QString &text)
+{
+    for (QPushButton *each : dialog->findChildren<QPushButton *>()) {
+        if (each->text() == text)
+            return each;
+    }
+    ADD_FAILURE() << "no button " << qPrintable(text);
+    return nullptr;
+}
+
+bool answered(std::function<void(QWidget *)> answer)
+{
+    whenModal(std::move(answer));
+    return Dialogs::system().confirm(question);
+}
+
+TEST(ConfirmationDialog, ReturnChoosesTheAction)
+{
+    EXPECT_TRUE(answered([](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Return); }));
+}
+
+TEST(ConfirmationDialog, EnterOnTheKeypadChoosesTheAction)
+{
+    EXPECT_TRUE(
+        answered([](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Enter, Qt::KeypadModifier); }));
+}
+
+TEST(ConfirmationDialog, EscapeIsCancel)
+{
+    EXPECT_FALSE(answered([](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }));
+}
+
+TEST(ConfirmationDialog, ClickingTheActionChoosesIt)
+{
+    EXPECT_TRUE(
+        answered([](QWidget *dialog) { QTest::mouseClick(button(dialog, u"Clear"_s), Qt::LeftButton); }));
+}
+
+TEST(ConfirmationDialog, ClickingCancelDoesNot)
+{
+    EXPECT_FALSE(
+        answered([](QWidget *dialog) { QTest::mouseClick(button(dialog, u"Cancel"_s), Qt::LeftButton); }));
+}
+
+TEST(ConfirmationDialog, ClosingItsWindowDoesNot)
+{
+    EXPECT_FALSE(answered([](QWidget *dialog) { dialog->close(); }));
+}
+
+TEST(ConfirmationDialog, TheActionIsTheDefaultButtonAndHasTheKeyboard)
+{
+    answered([](QWidget *dialog) {
+        EXPECT_TRUE(button(dialog, u"Clear"_s)->isDefault());
+        EXPECT_TRUE(button(dialog, u"Clear"_s)->hasFocus());
+        dialog->close();
+    });
+}
+
+TEST(ConfirmationDialog, ReturnOnCancelIsCancel)
+{
+    EXPECT_FALSE(answered([](QWidget *dialog) {
+        button(dialog, u"Cancel"_s)->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    }));
+}
+
+TEST(ConfirmationDialog, IsHeardAsADialogWithMessageInformationAndButtons)
+{
+    answered([](QWidget *dialog) {
+        const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(dialog);
+        EXPECT_EQ(heard->role(), QAccessible::Dialog);
+        EXPECT_EQ(heard->text(QAccessible::Name), question.message);
+        EXPECT_EQ(heard->text(QAccessible::Description), question.informative);
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(button(dialog, u"Clear"_s))->role(),
+                  QAccessible::Button);
+        dialog->close();
+    });
+}
+
+TEST(ConfirmationDialog, TextsAreNeverMarkup)
+{
+    whenModal([](QWidget *dialog) {
+        QStringList texts;
+        for (const QLabel *label : dialog->findChildren<QLabel *>()) {
+            if (!label->text().isEmpty() && label->textFormat() == Qt::PlainText)
+                texts << label->text();
+        }
+        EXPECT_EQ(texts, QStringList({u"<b>x</b>"_s, u"a &amp; b\n\n<img src='x'>"_s}));
+        dialog->close();
+    });
+    Dialogs::system().confirm({.message = u"<b>x</b>"_s,
+                               .informative = u"a &amp; b\n\n<img src='x'>"_s,
+                               .style = Confirmation::Style::critical,
+                               .action = u"Do"_s});
+}
+
+TEST(ConfirmationDialog, GoesWithItsWindowWithoutAnAnswer)
+{
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    EXPECT_FALSE(answered([&](QWidget *) { window.reset(); }));
+}
+
+} // namespace

@@ -1,0 +1,80 @@
+#include "Modal.h"
+#include "Platform/Dialogs.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Where the desktop has no portal, as on the bus of this program.
+class DirectoryDialogTest : public testing::Test
+{
+protected:
+    DirectoryDialogTest() { QDir::home().mkpath(u"work/plans"_s); }
+
+    std::optional<QString> choose(const std::optional<QString> &start,
+                                  std::function<void(QFileDialog *)> answer)
+    {
+        whenModal(
+            [answer = std::move(answer)](QWidget *dialog) { answer(static_cast<QFileDialog *>(dialog)); },
+            [](const QWidget *dialog) { return qobject_cast<const QFileDialog *>(dialog) != nullptr; });
+        return Dialogs::system().chooseDirectory({.title = u"Planning Project Folder"_s,
+                                                  .message = u"Select the folder."_s,
+                                                  .prompt = u"Choose"_s,
+                                                  .start = start});
+    }
+
+    QString plans = QDir::homePath() + u"/work/plans"_s;
+};
+
+TEST_F(DirectoryDialogTest, ShowsTitlePromptAndStartingFolder)
+{
+    choose(plans, [this](QFileDialog *dialog) {
+        EXPECT_EQ(dialog->windowTitle(), u"Planning Project Folder");
+        EXPECT_EQ(dialog->labelText(QFileDialog::Accept), u"Choose");
+        EXPECT_EQ(dialog->directory().path(), plans);
+        EXPECT_EQ(dialog->fileMode(), QFileDialog::Directory);
+        dialog->reject();
+    });
+}
+
+TEST_F(DirectoryDialogTest, GivesTheChosenFolder)
+{
+    const auto folder = choose(plans, [](QFileDialog *dialog) {
+        QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->buttons().constFirst(), Qt::LeftButton);
+    });
+    EXPECT_EQ(folder, plans);
+}
+
+TEST_F(DirectoryDialogTest, CancelGivesNothing)
+{
+    EXPECT_EQ(choose(plans, [](QFileDialog *dialog) { dialog->reject(); }), std::nullopt);
+    EXPECT_EQ(choose(plans, [](QFileDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }),
+              std::nullopt);
+}
+
+TEST_F(DirectoryDialogTest, StartsInTheNearestFolderThatStillExists)
+{
+    choose(plans + u"/gone/deeper"_s, [this](QFileDialog *dialog) {
+        EXPECT_EQ(dialog->directory().path(), plans);
+        dialog->reject();
+    });
+}
+
+TEST_F(DirectoryDialogTest, StartsAtHomeWithoutAFolder)
+{
+    choose(std::nullopt, [](QFileDialog *dialog) {
+        EXPECT_EQ(dialog->directory().path(), QDir::homePath());
+        dialog->reject();
+    });
+}
+
+} // namespace
