@@ -36,7 +36,8 @@ Label::Label(const QString &text, TextStyle style, TextColor textColor, TextFlow
     : QLabel(parent), m_textColor(textColor), m_flow(flow)
 {
     setFont(textFont(style));
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // A fixed height would be that of the hint's width.
+    QSizePolicy policy(QSizePolicy::Preferred, wraps() ? QSizePolicy::Minimum : QSizePolicy::Fixed);
     policy.setHeightForWidth(wraps());
     setSizePolicy(policy);
     setText(text);

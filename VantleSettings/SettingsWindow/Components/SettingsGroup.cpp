@@ -41,8 +41,8 @@ SettingsGroup::SettingsGroup(const Texts &texts, const std::vector<QWidget *> &r
         header->setAccessibleName(*texts.header);
         header->setContentsMargins(captionPadding, 0, captionPadding, 0);
         layout->addWidget(header);
+        setAccessibleRole(this, QAccessible::Grouping); // before the name, which fixes it
         setAccessibleName(*texts.header);
-        setAccessibleRole(this, QAccessible::Grouping);
     }
     auto *card = new Card;
     m_rows = new QVBoxLayout(card);

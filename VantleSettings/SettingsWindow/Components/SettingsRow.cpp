@@ -27,8 +27,10 @@ SettingsRow::SettingsRow(const Content &content, QWidget *parent)
     auto *title = new ElidedLabel(content.title, TextStyle::size13Medium);
     auto *texts = new QVBoxLayout;
     texts->setSpacing(lineGap);
+    texts->addStretch();
     texts->addWidget(title);
     texts->addWidget(m_subtitle);
+    texts->addStretch();
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
@@ -36,7 +38,6 @@ SettingsRow::SettingsRow(const Content &content, QWidget *parent)
     layout->setSpacing(Tokens::rowSpacing);
     layout->addWidget(new SidebarIcon(content.icon, content.tint), 0, Qt::AlignVCenter);
     layout->addLayout(texts, 1);
-    layout->setAlignment(texts, Qt::AlignVCenter);
     if (m_accessory != nullptr) {
         layout->addWidget(m_accessory, 0, Qt::AlignVCenter);
         title->setBuddy(m_accessory);

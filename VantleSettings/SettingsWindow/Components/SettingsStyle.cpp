@@ -156,7 +156,8 @@ QSize SettingsStyle::sizeFromContents(ContentsType type, const QStyleOption *opt
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
             return StyleDrawing::buttonSize(*button, size, widget);
     } else if (type == CT_ComboBox) {
-        return StyleDrawing::pickerSize(size);
+        if (const auto *picker = qstyleoption_cast<const QStyleOptionComboBox *>(option))
+            return StyleDrawing::pickerSize(*picker, size);
     } else if (type == CT_MenuItem) {
         if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option))
             return StyleDrawing::menuItemSize(*item);

@@ -105,10 +105,10 @@ void StyleDrawing::drawButtonLabel(QPainter &painter, const QStyleOptionButton &
     painter.restore();
 }
 
-QSize StyleDrawing::pickerSize(const QSize &text)
+QSize StyleDrawing::pickerSize(const QStyleOptionComboBox &option, const QSize &text)
 {
     return {text.width() + pickerSlack + Tokens::smallButtonPadding + chevronColumn,
-            std::max(Tokens::smallButtonHeight, text.height() + 6)};
+            std::max(Tokens::smallButtonHeight, option.fontMetrics.height() + 6)};
 }
 
 QRect StyleDrawing::pickerText(const QStyleOptionComboBox &option)

@@ -18,7 +18,7 @@ QSize buttonSize(const QStyleOptionButton &option, const QSize &text, const QWid
 void drawButtonBevel(QPainter &painter, const QStyleOptionButton &option);
 void drawButtonLabel(QPainter &painter, const QStyleOptionButton &option);
 
-QSize pickerSize(const QSize &text);
+QSize pickerSize(const QStyleOptionComboBox &option, const QSize &text);
 QRect pickerText(const QStyleOptionComboBox &option);
 void drawPicker(QPainter &painter, const QStyleOptionComboBox &option);
 void drawPickerLabel(QPainter &painter, const QStyleOptionComboBox &option);

@@ -1,0 +1,205 @@
+#include "LookTest.h"
+#include "SettingsWindow/Components/Buttons.h"
+#include "SettingsWindow/Components/FocusRing.h"
+#include "SettingsWindow/Components/Picker.h"
+#include "SettingsWindow/Components/SessionCountBadge.h"
+#include "SettingsWindow/Components/Switch.h"
+
+#include <QFocusFrame>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class ControlTest : public LookTest
+{
+protected:
+    static bool turnWheel(QWidget &widget)
+    {
+        QWheelEvent event(QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&widget, &event);
+        return event.isAccepted();
+    }
+};
+
+TEST_F(ControlTest, AClickOnASwitchAsksAndShowsThePresentStateUntilItIsAnswered)
+{
+    Switch control;
+    const QSignalSpy asked(&control, &Switch::requested);
+    show(control, control.sizeHint());
+    QTest::mouseClick(&control, Qt::LeftButton);
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_TRUE(asked[0][0].toBool());
+    EXPECT_FALSE(control.isChecked());
+    QTest::mouseClick(&control, Qt::LeftButton);
+    ASSERT_EQ(asked.size(), 2);
+    EXPECT_TRUE(asked[1][0].toBool()) << "still off, so still a wish for on";
+    control.setChecked(true);
+    EXPECT_TRUE(control.isChecked());
+    EXPECT_EQ(asked.size(), 2) << "an answer is no wish";
+    QTest::keyClick(&control, Qt::Key_Space);
+    ASSERT_EQ(asked.size(), 3);
+    EXPECT_FALSE(asked[2][0].toBool());
+    EXPECT_TRUE(control.isChecked());
+}
+
+TEST_F(ControlTest, ASwitchIsACheckBoxThatIsToggledAsAClickDoesIt)
+{
+    Switch control;
+    control.setAccessibleName(u"Launch at Login"_s);
+    const QSignalSpy asked(&control, &Switch::requested);
+    EXPECT_EQ(outline(control), QStringList{u"CheckBox Launch at Login"_s});
+    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&control);
+    EXPECT_TRUE(heard->state().checkable);
+    EXPECT_TRUE(heard->state().focusable);
+    EXPECT_FALSE(heard->state().checked);
+    ASSERT_NE(heard->actionInterface(), nullptr);
+    EXPECT_EQ(heard->actionInterface()->actionNames().first(), QAccessibleActionInterface::toggleAction());
+    heard->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_TRUE(asked[0][0].toBool());
+    EXPECT_FALSE(control.isChecked());
+    control.setChecked(true);
+    EXPECT_TRUE(heard->state().checked);
+}
+
+TEST_F(ControlTest, ADisabledSwitchAsksNothing)
+{
+    Switch control;
+    control.setEnabled(false);
+    const QSignalSpy asked(&control, &Switch::requested);
+    show(control, control.sizeHint());
+    QTest::mouseClick(&control, Qt::LeftButton);
+    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&control);
+    heard->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(asked.size(), 0);
+}
+
+TEST_F(ControlTest, ASwitchIs26By15)
+{
+    EXPECT_EQ(Switch().sizeHint(), QSize(26, 15));
+}
+
+TEST_F(ControlTest, TheWheelLeavesAPickerWithoutFocusAloneAndScrollsThePageInstead)
+{
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    auto *other = new PushButton(u"Other"_s);
+    auto *picker = new Picker;
+    picker->setEntries({u"One"_s, u"Two"_s, u"Three"_s});
+    picker->setCurrentIndex(0);
+    layout->addWidget(other);
+    layout->addWidget(picker);
+    const QSignalSpy activated(picker, &Picker::activated);
+    show(window, {200, 100});
+    other->setFocus();
+    EXPECT_FALSE(turnWheel(*picker));
+    EXPECT_EQ(picker->currentIndex(), 0);
+    EXPECT_EQ(activated.size(), 0);
+    EXPECT_FALSE(picker->hasFocus()) << "the wheel does not bring the focus either";
+}
+
+TEST_F(ControlTest, NewEntriesOfAPickerKeepItsChoiceAndSendNothing)
+{
+    Picker picker;
+    const QSignalSpy activated(&picker, &Picker::activated);
+    const QSignalSpy changed(&picker, &Picker::currentIndexChanged);
+    picker.setEntries({u"System"_s, u"JetBrains Mono"_s});
+    picker.setCurrentIndex(1);
+    const auto changes = changed.size();
+    picker.setEntries({u"System"_s, u"JetBrains Mono — not installed"_s});
+    EXPECT_EQ(picker.currentIndex(), 1);
+    EXPECT_EQ(picker.currentText(), u"JetBrains Mono — not installed"_s);
+    picker.setEntries({u"System"_s});
+    EXPECT_EQ(picker.currentIndex(), -1);
+    EXPECT_EQ(changed.size(), changes);
+    EXPECT_EQ(activated.size(), 0);
+}
+
+TEST_F(ControlTest, APickerIsAsWideAsItsLongestEntryBut200AtMost)
+{
+    Picker picker;
+    picker.setEntries({u"System (SF Pro)"_s});
+    const int text = picker.fontMetrics().horizontalAdvance(u"System (SF Pro)"_s);
+    EXPECT_GT(picker.sizeHint().width(), text + 30);
+    EXPECT_EQ(picker.sizeHint().height(), 22);
+    picker.setEntries({QString(100, u'W')});
+    EXPECT_EQ(picker.maximumWidth(), 200);
+}
+
+TEST_F(ControlTest, PushButtonsHaveTwoHeightsAndShowAmpersands)
+{
+    const PushButton small(u"Clear"_s);
+    EXPECT_EQ(small.sizeHint().height(), 22);
+    EXPECT_EQ(small.sizeHint().width(),
+              small.fontMetrics().size(Qt::TextSingleLine, u"Clear"_s).width() + 20);
+    PushButton large(u"Save & Close"_s, PushButton::Size::large);
+    EXPECT_EQ(large.sizeHint().height(), 30);
+    EXPECT_EQ(outline(large), QStringList{u"Button Save & Close"_s});
+}
+
+TEST_F(ControlTest, IconAndLinkButtonsAreHeardByTheirWords)
+{
+    IconButton icon(u"doc.on.doc"_s, u"Copy path"_s, 11);
+    EXPECT_EQ(icon.size(), QSize(22, 22));
+    EXPECT_EQ(outline(icon), QStringList{u"Button Copy path"_s});
+    LinkButton link(u"Reset all shortcuts"_s);
+    EXPECT_EQ(outline(link), QStringList{u"Button Reset all shortcuts"_s});
+}
+
+TEST_F(ControlTest, ABadgeSaysHowManySessionsInTheSingularForOneOnly)
+{
+    SessionCountBadge badge(1);
+    EXPECT_EQ(badge.toolTip(), u"1 notch session with a cwd under this project"_s);
+    badge.setCount(2);
+    EXPECT_EQ(badge.toolTip(), u"2 notch sessions with a cwd under this project"_s);
+    EXPECT_EQ(outline(badge), QStringList{u"StaticText 2 notch sessions with a cwd under this project"_s});
+    badge.setCount(1234567);
+    EXPECT_EQ(badge.toolTip(), u"1234567 notch sessions with a cwd under this project"_s) << "no grouping";
+    badge.setCount(-1);
+    EXPECT_EQ(badge.toolTip(), u"-1 notch sessions with a cwd under this project"_s);
+}
+
+TEST_F(ControlTest, ABadgeOfNoneIsADashWithoutATooltip)
+{
+    SessionCountBadge badge(0);
+    EXPECT_EQ(badge.toolTip(), QString());
+    EXPECT_EQ(badge.sizeHint().width(), 28);
+    EXPECT_EQ(outline(badge), QStringList{u"StaticText No notch sessions"_s});
+}
+
+TEST_F(ControlTest, TheRingStandsAroundTheControlThatTheKeyboardReachedAndNoneThatWasClicked)
+{
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    auto *first = new PushButton(u"First"_s);
+    auto *second = new PushButton(u"Second"_s);
+    layout->addWidget(first);
+    layout->addWidget(second);
+    show(window, {200, 120});
+    const auto ringed = [&window]() -> QWidget * {
+        const auto *frame = window.findChild<QFocusFrame *>();
+        return frame ? frame->widget() : nullptr;
+    };
+    const auto focus = [](QWidget *control, Qt::FocusReason reason) {
+        QFocusEvent event(QEvent::FocusIn, reason);
+        QCoreApplication::sendEvent(control, &event);
+    };
+    focus(first, Qt::MouseFocusReason);
+    EXPECT_EQ(ringed(), nullptr);
+    focus(second, Qt::TabFocusReason);
+    EXPECT_EQ(ringed(), second);
+    EXPECT_EQ(window.findChild<QFocusFrame *>()->geometry(), second->geometry().adjusted(-3, -3, 3, 3));
+    focus(first, Qt::OtherFocusReason);
+    EXPECT_EQ(ringed(), first) << "moved by the program: still the keyboard's";
+    focus(first, Qt::MouseFocusReason);
+    EXPECT_EQ(ringed(), nullptr);
+}
+
+} // namespace

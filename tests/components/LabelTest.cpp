@@ -1,0 +1,153 @@
+#include "SettingsWindow/Components/Label.h"
+
+#include "LookTest.h"
+
+#include <QFontMetricsF>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+using testing::ElementsAre;
+
+class LabelTest : public LookTest
+{
+};
+
+const QString longPath = u"/home/demo/workspace/"_s + u"folder/"_s.repeated(40) + u"the-end.json"_s;
+
+TEST_F(LabelTest, ALineTooLongIsLeftOutInTheMiddleWithBothEndsVisible)
+{
+    ElidedLabel label(longPath, TextStyle::size11);
+    show(label, {200, 20});
+    ASSERT_EQ(label.shownLines().size(), 1U);
+    const QString line = label.shownLines().front();
+    EXPECT_TRUE(line.startsWith(u"/home/"_s)) << line.toStdString();
+    EXPECT_TRUE(line.endsWith(u".json"_s)) << line.toStdString();
+    EXPECT_LE(QFontMetricsF(label.font()).horizontalAdvance(line), 200);
+    EXPECT_TRUE(label.isElided());
+}
+
+TEST_F(LabelTest, ALineThatFitsStaysWhole)
+{
+    ElidedLabel label(u"/home/demo…/x"_s, TextStyle::size11);
+    show(label, {200, 20});
+    EXPECT_THAT(label.shownLines(), ElementsAre(u"/home/demo…/x"_s));
+    EXPECT_FALSE(label.isElided());
+}
+
+TEST_F(LabelTest, TwoLinesAtMostAndTheSecondLeavesOutItsMiddle)
+{
+    const QString text =
+        u"One sentence of a text that is far too long for two lines. "_s.repeated(20) + u"The end."_s;
+    ElidedLabel label(text, TextStyle::size11, TextColor::secondary, 2);
+    show(label, {300, 40});
+    const std::vector<QString> lines = label.shownLines();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_TRUE(lines[0].startsWith(u"One sentence"_s));
+    EXPECT_TRUE(lines[1].endsWith(u"The end."_s));
+    EXPECT_TRUE(label.isElided());
+    EXPECT_EQ(label.heightForWidth(300), label.heightForWidth(320)) << "two lines either way";
+}
+
+TEST_F(LabelTest, AShortTextOfTwoPossibleLinesTakesOne)
+{
+    ElidedLabel label(u"Short."_s, TextStyle::size11, TextColor::secondary, 2);
+    show(label, {300, 40});
+    EXPECT_THAT(label.shownLines(), ElementsAre(u"Short."_s));
+}
+
+TEST_F(LabelTest, TheWholeTextIsHeardWhateverIsShown)
+{
+    ElidedLabel label(longPath, TextStyle::size11);
+    show(label, {100, 20});
+    EXPECT_EQ(outline(label), QStringList{u"StaticText "_s + longPath});
+}
+
+TEST_F(LabelTest, MarkupAndAmpersandsAreText)
+{
+    Label label(u"<b>Tom</b> & Jerry"_s, TextStyle::size13);
+    show(label, label.sizeHint());
+    EXPECT_THAT(label.shownLines(), ElementsAre(u"<b>Tom</b> & Jerry"_s));
+    EXPECT_EQ(outline(label), QStringList{u"StaticText <b>Tom</b> & Jerry"_s});
+    EXPECT_EQ(plainToolTip(u"<b>Tom</b>"_s),
+              u"<div style='white-space: pre-wrap'>&lt;b&gt;Tom&lt;/b&gt;</div>"_s);
+    EXPECT_EQ(plainToolTip(u"a < b & c"_s), u"a < b & c"_s);
+}
+
+TEST_F(LabelTest, LineBreaksHoldWhereTextWrapsAndAreBlanksOnASingleLine)
+{
+    WrappedLabel wrapped(u"one\r\ntwo\nthree\u2028four\u2029five"_s, TextStyle::size11);
+    show(wrapped, {300, 100});
+    EXPECT_THAT(wrapped.shownLines(), ElementsAre(u"one"_s, u"two"_s, u"three"_s, u"four"_s, u"five"_s));
+    ElidedLabel single(u"one\ntwo"_s, TextStyle::size11);
+    show(single, {300, 20});
+    EXPECT_THAT(single.shownLines(), ElementsAre(u"one two"_s));
+}
+
+TEST_F(LabelTest, WrappedTextGrowsInHeightAndIsNeverCutOff)
+{
+    const QString text = u"Seven words stand in this short sentence. "_s.repeated(10).trimmed();
+    WrappedLabel label(text, TextStyle::size11);
+    show(label, {200, label.heightForWidth(200)});
+    QString shown;
+    for (const QString &line : label.shownLines()) {
+        EXPECT_LE(QFontMetricsF(label.font()).horizontalAdvance(line), 200);
+        shown += (shown.isEmpty() ? u""_s : u" "_s) + line;
+    }
+    EXPECT_EQ(shown, text);
+    EXPECT_GE(label.heightForWidth(200),
+              int(label.shownLines().size()) * QFontMetricsF(label.font()).height());
+}
+
+TEST_F(LabelTest, BalancedLinesLeaveNoWordAlone)
+{
+    const QString text = u"Configure how the notch agent launches and the global shortcuts it listens for."_s;
+    WrappedLabel label(text, TextStyle::size13, TextColor::secondary, WrappedLabel::Lines::balancedCentred);
+    show(label, {480, 60});
+    const std::vector<QString> lines = label.shownLines();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_GE(lines[1].count(u' '), 2) << lines[1].toStdString();
+    const QFontMetricsF metrics(label.font());
+    EXPECT_GT(metrics.horizontalAdvance(lines[1]), 0.7 * metrics.horizontalAdvance(lines[0]));
+}
+
+TEST_F(LabelTest, TenThousandCharactersAreOnlyAText)
+{
+    const QString text = u"word "_s.repeated(2000);
+    ElidedLabel elided(text, TextStyle::size11, TextColor::secondary, 2);
+    show(elided, {300, 40});
+    EXPECT_EQ(elided.shownLines().size(), 2U);
+    EXPECT_LE(elided.minimumSizeHint().width(), 40);
+    WrappedLabel wrapped(text, TextStyle::size11);
+    EXPECT_LE(wrapped.sizeHint().width(), 640);
+    ElidedLabel unbroken(QString(10000, u'W'), TextStyle::size11);
+    show(unbroken, {300, 20});
+    EXPECT_LE(QFontMetricsF(unbroken.font()).horizontalAdvance(unbroken.shownLines().front()), 300);
+}
+
+TEST_F(LabelTest, RightToLeftAndSurrogatesStayWholeAroundTheGap)
+{
+    ElidedLabel label(u"🦊"_s.repeated(60), TextStyle::size11);
+    show(label, {100, 20});
+    for (const QString &part : label.shownLines().front().split(QChar(0x2026)))
+        EXPECT_EQ(part, u"🦊"_s.repeated(part.size() / 2)) << "no half of a pair";
+    ElidedLabel hebrew(u"שלום עולם"_s, TextStyle::size11);
+    show(hebrew, {200, 20});
+    EXPECT_THAT(hebrew.shownLines(), ElementsAre(u"שלום עולם"_s));
+}
+
+TEST_F(LabelTest, ANewTextReplacesWhatIsShownAndHeard)
+{
+    ElidedLabel label(u"before"_s, TextStyle::size11);
+    show(label, {200, 20});
+    EXPECT_THAT(label.shownLines(), ElementsAre(u"before"_s));
+    label.setText(u"after"_s);
+    EXPECT_THAT(label.shownLines(), ElementsAre(u"after"_s));
+    EXPECT_EQ(outline(label), QStringList{u"StaticText after"_s});
+}
+
+} // namespace
