@@ -1,0 +1,65 @@
+#include "Notification.h"
+
+#include "Platform/FileSystem.h"
+#include "Platform/Home.h"
+
+#include <QMap>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr auto indentation = "              "_L1; // as wide as the time in front of the first line
+
+/// Text from elsewhere, without what could steer a terminal.
+QString printable(const QByteArray &bytes)
+{
+    QString text = QString::fromUtf8(bytes);
+    for (QChar &character : text) {
+        if (character.category() == QChar::Other_Control && character != u'\n')
+            character = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
+QString indented(const QString &text)
+{
+    return u'\n' + indentation + QString(text).replace(u'\n', u'\n' + indentation);
+}
+
+} // namespace
+
+std::optional<Notification> Notification::parse(const QByteArray &request)
+{
+    const auto headEnd = request.indexOf("\r\n\r\n");
+    const auto words = request.left(request.indexOf("\r\n")).split(' ');
+    if (headEnd < 0 || words.size() != 3 || !words[2].startsWith("HTTP/1."))
+        return std::nullopt;
+    return Notification{words[0], words[1], request.mid(headEnd + 4)};
+}
+
+std::optional<QString> Notification::announcedFile() const
+{
+    static const QMap<QByteArray, QString> files{
+        {"/settings/reload-typeface", u".vantle/typeface.json"_s},
+        {"/settings/reload-terminal-backend", u".vantle/terminal-backend.json"_s},
+        {"/settings/reload-planning", u".vantle/planning.json"_s},
+        {"/settings/reload-shortcuts", u".vantle/shortcuts.json"_s},
+        {"/settings/reload-green-screen", u".vantle/green-screen.json"_s},
+    };
+    const auto found = files.find(target);
+    return found == files.end() ? std::nullopt : std::optional(*found);
+}
+
+QString Notification::description() const
+{
+    QString text = printable(method + ' ' + target + ' ' + body);
+    const auto file = announcedFile();
+    const auto home = homeDirectory();
+    if (!file || !home)
+        return text;
+    const auto content = FileSystem::system().read(*home + u'/' + *file);
+    return text + indented(u"~/"_s + *file + (content ? u":"_s : u" is not there"_s)) +
+           (content ? indented(printable(*content)) : QString());
+}
