@@ -13,5 +13,5 @@ struct PlanningProject {
     QString path;     ///< as the manifest spells it
     QString todoPath; ///< as the manifest spells it
     std::int64_t sessionCount = 0;
-    std::optional<bool> existsOverride; ///< set for sample projects, whose folders need not exist
+    std::optional<bool> existsOverride = {}; ///< set for sample projects, whose folders need not exist
 };

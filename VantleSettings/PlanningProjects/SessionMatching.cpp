@@ -3,6 +3,7 @@
 #include "Platform/Path.h"
 #include "Platform/Text.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace
@@ -38,41 +39,39 @@ void visitDirectories(QStringView path, Visit visit)
     }
 }
 
+struct Project {
+    QString path;
+    std::int64_t sessions = 0;
+};
+
 /// Counts sessions per project directory.
 class Projects
 {
 public:
-    void add(const QString &path)
+    /// The project with this path, here from now on; stays where it is.
+    const Project &add(const QString &path)
     {
-        const std::uint64_t hash = hashOf(path);
-        if (!find(path, hash))
-            m_projects.emplace(hash, Project{path});
+        PathHash hash;
+        for (const QChar unit : path)
+            hash.add(unit);
+        m_lengths.resize(std::max(m_lengths.size(), std::size_t(path.size()) + 1));
+        m_lengths[std::size_t(path.size())] = true;
+        const Project *known = find(path, hash.value());
+        return known ? *known : m_projects.emplace(hash.value(), Project{path})->second;
     }
 
     void addSessions(const QString &directory, std::int64_t sessions)
     {
         visitDirectories(directory, [&](QStringView above, std::uint64_t hash) {
+            const auto length = std::size_t(above.size());
+            if (length >= m_lengths.size() || !m_lengths[length])
+                return;
             if (Project *project = find(above, hash))
                 project->sessions += sessions;
         });
     }
 
-    std::int64_t sessions(const QString &path) { return find(path, hashOf(path))->sessions; }
-
 private:
-    struct Project {
-        QString path;
-        std::int64_t sessions = 0;
-    };
-
-    static std::uint64_t hashOf(const QString &path)
-    {
-        PathHash hash;
-        for (const QChar unit : path)
-            hash.add(unit);
-        return hash.value();
-    }
-
     Project *find(QStringView path, std::uint64_t hash)
     {
         const auto [first, last] = m_projects.equal_range(hash);
@@ -84,6 +83,7 @@ private:
     }
 
     std::unordered_multimap<std::uint64_t, Project> m_projects;
+    std::vector<bool> m_lengths; ///< whether any project's path has this length: most directories' don't
 };
 
 } // namespace
@@ -93,15 +93,13 @@ PlanningProjects::countSessions(const QStringList &projectPaths,
                                 const std::vector<Persistence::SessionDirectory> &sessions)
 {
     Projects projects;
-    QStringList normalizedPaths;
-    for (const QString &path : projectPaths) {
-        normalizedPaths.append(path.isEmpty() ? path : normalized(path));
-        projects.add(normalizedPaths.back());
-    }
+    std::vector<const Project *> counted;
+    for (const QString &path : projectPaths)
+        counted.push_back(&projects.add(path.isEmpty() ? path : normalized(path)));
     for (const Persistence::SessionDirectory &directory : sessions)
         projects.addSessions(normalized(directory.path), directory.sessions);
     std::vector<std::int64_t> counts;
-    for (const QString &path : normalizedPaths)
-        counts.push_back(projects.sessions(path));
+    for (const Project *project : counted)
+        counts.push_back(project->sessions);
     return counts;
 }
