@@ -1,6 +1,7 @@
 #include "Screenshots.h"
 
 #include "Gallery.h"
+#include "PageStates.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -19,10 +20,13 @@ std::unique_ptr<QWidget> owned(QWidget *widget)
 
 std::vector<Screenshot> allScreenshots()
 {
-    return {
+    std::vector<Screenshot> all{
         {u"components"_s, {720, 1420}, [] { return owned(makeGallery()); }},
         {u"symbols"_s, {760, 896}, [] { return owned(makeSymbolSheet()); }},
     };
+    for (const Screenshot &screenshot : pageScreenshots())
+        all.push_back(screenshot);
+    return all;
 }
 
 QImage rendered(const Screenshot &screenshot, qreal scale)
@@ -32,6 +36,7 @@ QImage rendered(const Screenshot &screenshot, qreal scale)
     widget->resize(screenshot.size);
     widget->show();
     QCoreApplication::processEvents();
+    QCoreApplication::processEvents(); // what a page shows when it comes into view, laid out
     QImage picture((QSizeF(screenshot.size) * scale).toSize(), QImage::Format_RGB32);
     picture.setDevicePixelRatio(scale);
     picture.fill(Qt::black);

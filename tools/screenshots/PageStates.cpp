@@ -1,0 +1,219 @@
+#include "PageStates.h"
+
+#include "Platform/ConfirmationDialog.h"
+#include "Platform/Seam.h"
+#include "SampleDesk.h"
+#include "SettingsWindow/Sections/BrowserPatternsSection.h"
+#include "SettingsWindow/Sections/DataSection.h"
+#include "SettingsWindow/Sections/PlanningSection.h"
+#include "SettingsWindow/SettingsModel.h"
+
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The window's view with a model and a world of its own.
+class SampleWindow : public QWidget
+{
+public:
+    SampleWindow(SettingsSection section, const std::function<void(SampleDesk &)> &fill)
+    {
+        fill(m_desk);
+        m_model = std::make_unique<SettingsModel>();
+        m_model->section = section;
+        auto *area = new QScrollArea(this);
+        auto *page = new QWidget;
+        auto *inner = new QVBoxLayout(page);
+        inner->setContentsMargins(32, 24, 32, 32);
+        if (section == SettingsSection::planning)
+            inner->addWidget(new PlanningSection(*m_model));
+        else if (section == SettingsSection::browser)
+            inner->addWidget(new BrowserPatternsSection(*m_model));
+        else
+            inner->addWidget(new DataSection(*m_model));
+        inner->addStretch();
+        area->setWidget(page);
+        area->setWidgetResizable(true);
+        area->setFrameShape(QFrame::NoFrame);
+        auto *layout = new QVBoxLayout(this);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(area);
+        m_view = area;
+    }
+
+    ~SampleWindow() override { delete m_view; }
+
+private:
+    SampleDesk m_desk;
+    std::unique_ptr<SettingsModel> m_model;
+    QWidget *m_view;
+};
+
+Screenshot window(const QString &name, SettingsSection section,
+                  const std::function<void(SampleDesk &)> &fill, QSize size = {780, 720})
+{
+    return {name, size, [=] { return std::make_unique<SampleWindow>(section, fill); }};
+}
+
+void demo(SampleDesk &desk)
+{
+    desk.put(u".vantle/demo-mode.json"_s, R"({"enabled":true})");
+}
+
+void nothing(SampleDesk &)
+{
+}
+
+void emptyRoot(SampleDesk &desk)
+{
+    desk.put(u".vantle/planning.json"_s, R"({"root":""})");
+}
+
+void missingManifest(SampleDesk &desk)
+{
+    desk.put(u".vantle/planning.json"_s, R"({"root":"/Users/sam/planning"})");
+}
+
+void emptyManifest(SampleDesk &desk)
+{
+    missingManifest(desk);
+    desk.put(u"planning/projects.toml"_s, "# nothing yet\n");
+}
+
+void someProjects(SampleDesk &desk)
+{
+    missingManifest(desk);
+    desk.put(u"planning/projects.toml"_s, R"([[projects]]
+name = "Vantle Agent"
+path = "/Users/sam/code/vantle"
+todo_path = "/Users/sam/code/vantle/TODO.toml"
+
+[[projects]]
+name = "Browser Capture"
+path = "/Users/sam/code/vantle-browser"
+
+[[projects]]
+name = "Archive"
+path = "/Users/sam/code/old/archive-of-everything-that-was-tried-before-the-rewrite/and-never-looked-at-again"
+)");
+    desk.putFolder(u"code/vantle"_s);
+    desk.putFolder(u"code/vantle-browser"_s);
+    desk.put(u".vantle/sessions.json"_s,
+             R"([{"cwd":"/Users/sam/code/vantle"},{"cwd":"/Users/sam/code/vantle/src"},
+                 {"cwd":"/Users/sam/code/vantle-browser"}])");
+}
+
+void manyProjects(SampleDesk &desk)
+{
+    missingManifest(desk);
+    QByteArray manifest;
+    for (int number = 1; number <= 10000; ++number) {
+        const QByteArray text = QByteArray::number(number);
+        manifest += "[[projects]]\nname = \"Project " + text + "\"\npath = \"/Users/sam/code/project-" + text + "\"\n";
+    }
+    desk.put(u"planning/projects.toml"_s, manifest);
+}
+
+void somePatterns(SampleDesk &desk)
+{
+    desk.put(u".claude/browser-patterns.json"_s, R"({
+        "/Users/sam/code/vantle": ["github.com/sam/vantle/*", "doc.qt.io/*"],
+        "/Users/sam/code/vantle-browser": ["developer.mozilla.org/*", "web.dev/*", "localhost:3000/*",
+            "github.com/sam/vantle-browser/*", "caniuse.com/*", "github.com/sam/vantle-browser/pull/*",
+            "example.com/a/long/address/that/is/wider/than/the/editor/and/so/has/to/wrap/onto/another/line/*",
+            "one.example/*", "two.example/*"],
+        "/Users/sam/code/vantle-usage": []})");
+}
+
+void manyPatterns(SampleDesk &desk)
+{
+    QByteArray patterns = "{";
+    for (int number = 1; number <= 10000; ++number) {
+        const QByteArray text = QByteArray::number(number);
+        patterns += (number == 1 ? "\"" : ",\"") + ("/Users/sam/code/project-" + text) + "\":[\"host-" + text +
+                    ".example/*\"]";
+    }
+    desk.put(u".claude/browser-patterns.json"_s, patterns + "}");
+}
+
+/// Names that a careless window would read as markup, push its controls out of view with, or set backwards.
+void hostileNames(SampleDesk &desk)
+{
+    missingManifest(desk);
+    const QByteArray filling = QByteArray("folder-").repeated(1400);
+    desk.put(u"planning/projects.toml"_s,
+             "[[projects]]\nname = \"<b>bold</b> &amp; <img src=x>\"\npath = \"/Users/sam/<i>\"\n"
+             "[[projects]]\nname = \"" + filling + "\"\npath = \"/" + filling + "\"\n"
+             "[[projects]]\nname = \"مشروع التخطيط\"\npath = \"/Users/sam/مشروع/خطة\"\n"
+             "[[projects]]\nname = \"👩‍👩‍👧‍👦🏳️‍🌈 é\"\npath = \"/Users/sam/👩‍👩‍👧‍👦\"\n"
+             "[[projects]]\npath = \"\"\n");
+    desk.put(u".claude/browser-patterns.json"_s,
+             "{\"/<b>&amp;\":[\"<b>x</b>\"],\"/a\\nb\\u2028c\":[\"line\"],\"/مشروع\":[\"مثال\"],\"/" + filling +
+                 "\":[\"" + filling + "\"]}");
+}
+
+/// Keeps what the page asks instead of showing it.
+struct AskedQuestion final : Dialogs {
+    std::optional<QString> chooseDirectory(const DirectoryQuestion &) override { return std::nullopt; }
+    bool confirm(const Confirmation &confirmation) override
+    {
+        question = confirmation;
+        return false;
+    }
+    Confirmation question;
+};
+
+/// The question that this button of the Data & Privacy page asks.
+Confirmation questionBehind(const QString &button)
+{
+    SampleDesk desk;
+    SettingsModel model;
+    DataSection page(model);
+    AskedQuestion asked;
+    const Seam<Dialogs>::Replacement replacement(asked);
+    for (QPushButton *each : page.findChildren<QPushButton *>()) {
+        if (each->accessibleName() == button)
+            each->click();
+    }
+    return asked.question;
+}
+
+Screenshot dialog(const QString &name, const QString &button, QSize size)
+{
+    return {name, size, [=] { return std::make_unique<ConfirmationDialog>(questionBehind(button)); }};
+}
+
+} // namespace
+
+std::vector<Screenshot> pageScreenshots()
+{
+    constexpr auto planning = SettingsSection::planning;
+    constexpr auto browser = SettingsSection::browser;
+    return {
+        window(u"planning"_s, planning, someProjects),
+        window(u"planning-demo"_s, planning, demo),
+        window(u"planning-not-set"_s, planning, nothing),
+        window(u"planning-empty-root"_s, planning, emptyRoot),
+        window(u"planning-missing-manifest"_s, planning, missingManifest),
+        window(u"planning-empty-manifest"_s, planning, emptyManifest),
+        window(u"planning-long"_s, planning, manyProjects),
+        window(u"planning-hostile"_s, planning, hostileNames, {780, 1000}),
+        window(u"browser"_s, browser, somePatterns, {780, 900}),
+        window(u"browser-demo"_s, browser, demo),
+        window(u"browser-empty"_s, browser, nothing),
+        window(u"browser-long"_s, browser, manyPatterns),
+        window(u"browser-hostile"_s, browser, hostileNames, {780, 1000}),
+        window(u"data"_s, SettingsSection::data, somePatterns),
+        window(u"data-demo"_s, SettingsSection::data, demo),
+        dialog(u"dialog-clear-sessions"_s, u"Clear Sessions…"_s, {445, 150}),
+        dialog(u"dialog-clear-patterns"_s, u"Clear Browser Patterns…"_s, {445, 150}),
+        dialog(u"dialog-uninstall-hooks"_s, u"Uninstall Hooks…"_s, {445, 300}),
+    };
+}
