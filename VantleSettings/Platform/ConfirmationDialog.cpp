@@ -1,9 +1,12 @@
 #include "Platform/ConfirmationDialog.h"
 
+#include "Platform/AccessibleRole.h"
+#include "Platform/Palette.h"
+#include "Platform/Symbol.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -12,15 +15,18 @@ namespace
 {
 
 constexpr int margin = 20;
-constexpr int iconSize = 48;
+constexpr qreal iconPointSize = 30;
 constexpr int textWidth = 340;
 
 QLabel *icon(Confirmation::Style style, QWidget *parent)
 {
-    const auto which =
-        style == Confirmation::Style::critical ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxWarning;
+    const bool critical = style == Confirmation::Style::critical;
+    const QIcon sign = symbolIcon(u"exclamationmark.triangle.fill"_s, iconPointSize,
+                                  color(critical ? SystemColor::red : SystemColor::yellow));
     auto *label = new QLabel(parent);
-    label->setPixmap(parent->style()->standardIcon(which, nullptr, parent).pixmap(iconSize));
+    const int extent = symbolExtent(iconPointSize);
+    label->setPixmap(sign.pixmap(QSize(extent, extent), parent->devicePixelRatio()));
+    markAsDecoration(label);
     return label;
 }
 
@@ -45,6 +51,8 @@ ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget
     setWindowTitle(confirmation.message);
     setAccessibleName(confirmation.message);
     setAccessibleDescription(confirmation.informative);
+    setBackgroundRole(QPalette::Base); // a window above the window, so a level lighter
+    setAutoFillBackground(true);
 
     auto *act = new QPushButton(confirmation.action, this);
     auto *cancel = new QPushButton(u"Cancel"_s, this);

@@ -38,7 +38,7 @@ public:
             inner->addWidget(new BrowserPatternsSection(*m_model));
         else
             inner->addWidget(new DataSection(*m_model));
-        inner->addStretch();
+        inner->addStretch(1);
         area->setWidget(page);
         area->setWidgetResizable(true);
         area->setFrameShape(QFrame::NoFrame);
@@ -56,8 +56,8 @@ private:
     QWidget *m_view;
 };
 
-Screenshot window(const QString &name, SettingsSection section,
-                  const std::function<void(SampleDesk &)> &fill, QSize size = {780, 720})
+Screenshot window(const QString &name, SettingsSection section, const std::function<void(SampleDesk &)> &fill,
+                  QSize size = {780, 720})
 {
     return {name, size, [=] { return std::make_unique<SampleWindow>(section, fill); }};
 }
@@ -116,7 +116,8 @@ void manyProjects(SampleDesk &desk)
     QByteArray manifest;
     for (int number = 1; number <= 10000; ++number) {
         const QByteArray text = QByteArray::number(number);
-        manifest += "[[projects]]\nname = \"Project " + text + "\"\npath = \"/Users/sam/code/project-" + text + "\"\n";
+        manifest += "[[projects]]\nname = \"Project " + text + "\"\npath = \"/Users/sam/code/project-" +
+                    text + "\"\n";
     }
     desk.put(u"planning/projects.toml"_s, manifest);
 }
@@ -137,8 +138,8 @@ void manyPatterns(SampleDesk &desk)
     QByteArray patterns = "{";
     for (int number = 1; number <= 10000; ++number) {
         const QByteArray text = QByteArray::number(number);
-        patterns += (number == 1 ? "\"" : ",\"") + ("/Users/sam/code/project-" + text) + "\":[\"host-" + text +
-                    ".example/*\"]";
+        patterns += (number == 1 ? "\"" : ",\"") + ("/Users/sam/code/project-" + text) + "\":[\"host-" +
+                    text + ".example/*\"]";
     }
     desk.put(u".claude/browser-patterns.json"_s, patterns + "}");
 }
@@ -150,13 +151,16 @@ void hostileNames(SampleDesk &desk)
     const QByteArray filling = QByteArray("folder-").repeated(1400);
     desk.put(u"planning/projects.toml"_s,
              "[[projects]]\nname = \"<b>bold</b> &amp; <img src=x>\"\npath = \"/Users/sam/<i>\"\n"
-             "[[projects]]\nname = \"" + filling + "\"\npath = \"/" + filling + "\"\n"
-             "[[projects]]\nname = \"مشروع التخطيط\"\npath = \"/Users/sam/مشروع/خطة\"\n"
-             "[[projects]]\nname = \"👩‍👩‍👧‍👦🏳️‍🌈 é\"\npath = \"/Users/sam/👩‍👩‍👧‍👦\"\n"
-             "[[projects]]\npath = \"\"\n");
+             "[[projects]]\nname = \"" +
+                 filling + "\"\npath = \"/" + filling +
+                 "\"\n"
+                 "[[projects]]\nname = \"مشروع التخطيط\"\npath = \"/Users/sam/مشروع/خطة\"\n"
+                 "[[projects]]\nname = \"👩‍👩‍👧‍👦🏳️‍🌈 é\"\npath = "
+                 "\"/Users/sam/👩‍👩‍👧‍👦\"\n"
+                 "[[projects]]\npath = \"\"\n");
     desk.put(u".claude/browser-patterns.json"_s,
-             "{\"/<b>&amp;\":[\"<b>x</b>\"],\"/a\\nb\\u2028c\":[\"line\"],\"/مشروع\":[\"مثال\"],\"/" + filling +
-                 "\":[\"" + filling + "\"]}");
+             "{\"/<b>&amp;\":[\"<b>x</b>\"],\"/a\\nb\\u2028c\":[\"line\"],\"/مشروع\":[\"مثال\"],\"/" +
+                 filling + "\":[\"" + filling + "\"]}");
 }
 
 /// Keeps what the page asks instead of showing it.
@@ -185,9 +189,9 @@ Confirmation questionBehind(const QString &button)
     return asked.question;
 }
 
-Screenshot dialog(const QString &name, const QString &button, QSize size)
+Screenshot dialog(const QString &name, const QString &button)
 {
-    return {name, size, [=] { return std::make_unique<ConfirmationDialog>(questionBehind(button)); }};
+    return {name, {}, [=] { return std::make_unique<ConfirmationDialog>(questionBehind(button)); }};
 }
 
 } // namespace
@@ -212,8 +216,8 @@ std::vector<Screenshot> pageScreenshots()
         window(u"browser-hostile"_s, browser, hostileNames, {780, 1000}),
         window(u"data"_s, SettingsSection::data, somePatterns),
         window(u"data-demo"_s, SettingsSection::data, demo),
-        dialog(u"dialog-clear-sessions"_s, u"Clear Sessions…"_s, {445, 150}),
-        dialog(u"dialog-clear-patterns"_s, u"Clear Browser Patterns…"_s, {445, 150}),
-        dialog(u"dialog-uninstall-hooks"_s, u"Uninstall Hooks…"_s, {445, 300}),
+        dialog(u"dialog-clear-sessions"_s, u"Clear Sessions…"_s),
+        dialog(u"dialog-clear-patterns"_s, u"Clear Browser Patterns…"_s),
+        dialog(u"dialog-uninstall-hooks"_s, u"Uninstall Hooks…"_s),
     };
 }

@@ -33,11 +33,12 @@ QImage rendered(const Screenshot &screenshot, qreal scale)
 {
     const std::unique_ptr<QWidget> widget = screenshot.make();
     widget->setAttribute(Qt::WA_DontShowOnScreen);
-    widget->resize(screenshot.size);
+    const QSize size = screenshot.size.isEmpty() ? widget->sizeHint() : screenshot.size;
+    widget->resize(size);
     widget->show();
     QCoreApplication::processEvents();
     QCoreApplication::processEvents(); // what a page shows when it comes into view, laid out
-    QImage picture((QSizeF(screenshot.size) * scale).toSize(), QImage::Format_RGB32);
+    QImage picture((QSizeF(size) * scale).toSize(), QImage::Format_RGB32);
     picture.setDevicePixelRatio(scale);
     picture.fill(Qt::black);
     widget->render(&picture);

@@ -11,7 +11,7 @@
 /// A picture of the window or of a part of it.
 struct Screenshot {
     QString name;
-    QSize size;
+    QSize size; ///< in points; empty for the size it wants
     std::function<std::unique_ptr<QWidget>()> make;
 };
 
