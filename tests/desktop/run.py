@@ -20,8 +20,8 @@ _SIOCGIFFLAGS, _SIOCSIFFLAGS, _IFF_UP = 0x8913, 0x8914, 1
 
 
 def enter_own_network():
-    """Starts over in a network namespace; without the right to, goes on in the common one."""
-    for separation in (["unshare", "--net"], ["unshare", "--net", "--map-root-user"]):
+    """Starts over in a network and a mount namespace; without the right to, goes on in the common ones."""
+    for separation in (["unshare", "--net", "--mount"], ["unshare", "--net", "--mount", "--map-root-user"]):
         if subprocess.run([*separation, "true"], stderr=subprocess.DEVNULL).returncode == 0:
             os.environ[_INSIDE] = "own"
             os.execvp("unshare", [*separation, sys.executable, *sys.argv])

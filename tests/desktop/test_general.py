@@ -1,6 +1,57 @@
 """The General page: what each control writes, byte for byte, and what the agent is told."""
 
 from harness.case import DesktopCase
+from harness.login import LoginJobs
+
+
+class LaunchAtLogin(DesktopCase):
+    SWITCH = "Launch at Login"
+    UNIT = "com.vantle.agent.service"
+
+    @classmethod
+    def setUpClass(cls):
+        cls.jobs = LoginJobs(cls.desktop.folder / "login")
+
+    def setUp(self):
+        super().setUp()
+        self.jobs.forget()
+
+    def install_job(self):
+        self.write(f".config/systemd/user/{self.UNIT}", "[Service]\nExecStart=/bin/true\n")
+
+    def test_on_loads_the_job_and_off_unloads_it(self):
+        self.install_job()
+        program = self.start()
+        switch = program.click("check box", self.SWITCH)
+        self.expect(lambda: switch.has("checked"), "the switch does not go on")
+        program.click_on(switch)
+        self.expect(lambda: not switch.has("checked"), "the switch does not go off")
+        self.assertEqual(self.jobs.asked, [f"--user enable --now {self.UNIT}", f"--user stop {self.UNIT}"])
+        self.finish(program)
+        self.assertEqual(self.agent.requests, [])
+
+    def test_a_loaded_job_is_seen_at_the_start(self):
+        self.jobs.state = "active"
+        self.assertTrue(self.start().find("check box", self.SWITCH).has("checked"))
+        self.assertEqual(self.jobs.asked, [])
+
+    def test_a_job_that_will_not_load_leaves_the_switch_off(self):
+        self.install_job()
+        self.jobs.refuse()
+        program = self.start()
+        switch = program.click("check box", self.SWITCH)
+        self.expect(lambda: self.jobs.asked == [f"--user enable --now {self.UNIT}"], "it was not tried")
+        program.click("check box", "Marketing Recording Mode")
+        self.expect_requests("/settings/reload-green-screen")
+        self.assertFalse(switch.has("checked"))
+
+    def test_without_a_job_nothing_is_run_and_the_switch_stays_off(self):
+        program = self.start()
+        switch = program.click("check box", self.SWITCH)
+        program.click("check box", "Marketing Recording Mode")
+        self.expect_requests("/settings/reload-green-screen")
+        self.assertFalse(switch.has("checked"))
+        self.assertEqual(self.jobs.asked, [])
 
 
 class Typeface(DesktopCase):

@@ -1,0 +1,79 @@
+"""A stand-in for the keeper of the login job: its tool and its place on the session bus, for this test alone."""
+
+import os
+import pathlib
+import subprocess
+import threading
+
+from gi.repository import Gio, GLib
+
+_TOOL = pathlib.Path("/usr/bin/systemctl")
+_LATER_TOOL = pathlib.Path("/run/current-system/sw/bin/systemctl")
+_UNIT = "/org/freedesktop/systemd1/unit/com_2evantle_2eagent_2eservice"
+_INTERFACE = """<node><interface name="org.freedesktop.systemd1.Unit">
+<property name="ActiveState" type="s" access="read"/></interface></node>"""
+_SCRIPT = """#!/bin/sh
+echo "$*" >>{folder}/asked
+test -e {folder}/unwilling && exit 1
+case "$*" in *enable*) echo active;; *stop*) echo inactive;; esac >{folder}/state
+"""
+
+
+class LoginJobs:
+    """Needs a mount namespace of its own: the stand-in lies over the system's tool there."""
+
+    def __init__(self, folder):
+        self._folder = pathlib.Path(folder)
+        self._folder.mkdir()
+        self.forget()
+        script = self._folder / "systemctl"
+        script.write_text(_SCRIPT.format(folder=self._folder))
+        script.chmod(0o755)
+        if not _TOOL.exists():
+            subprocess.run(["mount", "-t", "tmpfs", "tmpfs", "/run"], check=True)
+            _LATER_TOOL.parent.mkdir(parents=True)
+            _LATER_TOOL.touch()
+        place = _TOOL if _TOOL.exists() else _LATER_TOOL
+        subprocess.run(["mount", "--bind", str(script), str(place)], check=True)
+        ready = threading.Event()
+        threading.Thread(target=self._serve, args=(ready,), daemon=True).start()
+        ready.wait()
+
+    def forget(self):
+        """As at the start: the job is not loaded, and nobody asked."""
+        for name in ("asked", "unwilling"):
+            (self._folder / name).unlink(missing_ok=True)
+        self.state = "inactive"
+
+    @property
+    def asked(self):
+        """The arguments of each call of the tool."""
+        file = self._folder / "asked"
+        return file.read_text().splitlines() if file.exists() else []
+
+    @property
+    def state(self):
+        return (self._folder / "state").read_text().strip()
+
+    @state.setter
+    def state(self, state):
+        (self._folder / "state").write_text(state)
+
+    def refuse(self):
+        """From now on nothing is loaded or unloaded."""
+        (self._folder / "unwilling").touch()
+
+    def _serve(self, ready):
+        context = GLib.MainContext.new()
+        context.push_thread_default()
+        connection = Gio.DBusConnection.new_for_address_sync(
+            os.environ["DBUS_SESSION_BUS_ADDRESS"],
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
+        interface = Gio.DBusNodeInfo.new_for_xml(_INTERFACE).interfaces[0]
+        connection.register_object(_UNIT, interface, None,
+                                   lambda *_: GLib.Variant("s", self.state), None)
+        connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+                             GLib.Variant("(su)", ("org.freedesktop.systemd1", 4)), None,
+                             Gio.DBusCallFlags.NONE, -1)
+        ready.set()
+        GLib.MainLoop.new(context, False).run()
