@@ -58,14 +58,14 @@ def main():
         desktop = Desktop(program, place)
         try:
             desktop.open()
-            from harness.case import DesktopCase
+            from harness.case import DesktopCase, Result
             DesktopCase.desktop = desktop
             loader = unittest.TestLoader()
             loader.testNamePatterns = [f"*{name}*" for name in names] or None
             tests = loader.discover(str(folder), pattern=pathlib.Path(file).name)
             if tests.countTestCases() == 0:
                 sys.exit("no test was found")
-            result = unittest.TextTestRunner(verbosity=2).run(tests)
+            result = unittest.TextTestRunner(verbosity=2, resultclass=Result).run(tests)
         finally:
             desktop.close()
     sys.exit(0 if result.wasSuccessful() else 1)

@@ -1,5 +1,6 @@
 """How the program starts, is resized, comes back where it was, and ends."""
 
+import itertools
 import signal
 
 from harness.case import DesktopCase
@@ -59,9 +60,19 @@ class Resizing(DesktopCase):
     def test_dragging_the_empty_background_moves_it(self):
         window = self.start().window
         x, y, width, height = window.box
-        corner = (x + 8, y + height - 8)
-        self.desktop.hands.drag(corner, (corner[0] + 60, corner[1] + 40))
-        self.expect(lambda: window.box == (x + 60, y + 40, width, height), lambda: f"it is at {window.box}")
+        hands, start = self.desktop.hands, (x + 8, y + height - 8)
+        hands.move(*start)
+        hands.button(True)
+        steps = itertools.count(1)
+
+        def drag_on():
+            hands.move(start[0] + next(steps) % 200, start[1])
+            return window.box != (x, y, width, height)
+        self.expect(drag_on, "it does not follow the mouse")
+        hands.move(start[0] + 300, start[1] + 100)
+        self.expect(lambda: window.box[0] > x + 150 and window.box[1] > y + 50, lambda: f"it is at {window.box}")
+        hands.button(False)
+        self.assertEqual(window.box[2:], (width, height))
 
     def test_minimised_it_comes_back_with_its_page(self):
         program = self.start()

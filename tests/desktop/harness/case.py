@@ -64,9 +64,17 @@ class DesktopCase(unittest.TestCase):
         self.assertEqual(program.ended(), 0)
         self.assertEqual(program.said, "")
 
-    # A person who watches would see it happen; a picture of the moment helps as much.
-    def run(self, result=None):
-        count = len(result.failures) + len(result.errors)
-        super().run(result)
-        if len(result.failures) + len(result.errors) > count:
-            print(f"picture of the desktop: {self.desktop.picture(self.id())}", flush=True)
+
+class Result(unittest.TextTestResult):
+    """Takes a picture of the desktop at the moment of a failure."""
+
+    def addFailure(self, test, error):
+        super().addFailure(test, error)
+        self._take_picture(test)
+
+    def addError(self, test, error):
+        super().addError(test, error)
+        self._take_picture(test)
+
+    def _take_picture(self, test):
+        self.stream.writeln(f"picture: {DesktopCase.desktop.picture(test.id())}")

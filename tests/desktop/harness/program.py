@@ -58,9 +58,9 @@ class Program:
 
     def ready(self):
         """Waits until the window has the keyboard and shows its first page."""
-        window = self.window
         self.find("list", "Sections")
-        eventually(lambda: self._desktop.windows.active == window.identifier, "the window is not active")
+        eventually(lambda: self.frame.has("active") and self._desktop.windows.active == self.window.identifier,
+                   "the window is not active")
         return self
 
     def press(self, *strokes):
@@ -70,16 +70,38 @@ class Program:
         self._desktop.hands.type(text)
 
     def middle(self, control):
-        """The pixel in the middle of a control, once that has a size."""
-        x, y, width, height = eventually(lambda: (box := control.box)[2] > 0 and box, f"{control} has no size")
+        """The pixel in the middle of a control, once that rests somewhere."""
+        x, y, width, height = self._resting_box(control)
         return (x + width / 2) * self._scale, (y + height / 2) * self._scale
+
+    def reveal(self, control):
+        """Turns the wheel until the control is inside the window."""
+        frame_x, frame_y, frame_width, frame_height = self.frame.box
+        while True:
+            _, y, width, height = before = self._resting_box(control)
+            below = y + height - (frame_y + frame_height - 8)
+            above = frame_y + 60 - y
+            if below <= 0 and above <= 0 or height > frame_height:
+                return control
+            place = (frame_x + frame_width * 0.4) * self._scale, (frame_y + frame_height / 2) * self._scale
+            self._desktop.hands.scroll(*place, 1 if above > 0 else -1)
+            eventually(lambda: control.box != before, f"the wheel does not move {control}")
 
     def click(self, role, name=None):
         return self.click_on(self.find(role, name))
 
     def click_on(self, control):
-        self._desktop.hands.click(*self.middle(control))
+        """Clicks a control of the window, which may have to be scrolled to."""
+        self._desktop.hands.click(*self.middle(self.reveal(control)))
         return control
+
+    def click_in_popup(self, item):
+        """Clicks an item of the menu or list that has just been opened. Not where the opening click was: the toolkit
+        takes a second click there for a trembling hand."""
+        x, y, width, height = self._resting_box(item)
+        place = (x + width / 4) * self._scale, (y + height / 2) * self._scale
+        eventually(lambda: self._desktop.windows.popup_at(self.process, *place), f"nothing opens around {item}")
+        self._desktop.hands.click(*place)
 
     def focus(self, role, name=None):
         """Walks to a control with the Tab key."""
@@ -93,8 +115,10 @@ class Program:
         raise AssertionError(f"Tab never reaches {control}")
 
     def focused(self):
+        """The control that has the keyboard. The toolkit calls a list's current item focused even when the list is
+        not, so items do not count."""
         return next((control for control in self.root.walk()
-                     if control.has("focused") and control.has("focusable")), None)
+                     if control.has("focused") and control.role != "list item"), None)
 
     def pages(self):
         """The titles in the sidebar."""
@@ -107,12 +131,12 @@ class Program:
 
     def pick(self, name, entry):
         """Chooses an entry of a picker with the mouse."""
-        self.click_on(self.click("combo box", name).find("list item", entry))
+        self.click_in_popup(self.click("combo box", name).find("list item", entry))
 
     def choose(self, menu, item):
         """Chooses an item of the menu bar with the mouse."""
-        self.click_on(self.find("menu bar").find("menu item", menu))
-        self.click_on(self.find_in_menu(menu, item, showing=True))
+        self._desktop.hands.click(*self.middle(self.find("menu bar").find("menu item", menu)))
+        self.click_in_popup(self.find_in_menu(menu, item, showing=True))
 
     def find_in_menu(self, menu, item, showing=False):
         """An item of the menu bar, which shows only while its menu is open."""
@@ -130,6 +154,15 @@ class Program:
 
     def kill(self):
         processes.end(self._process)
+
+    def _resting_box(self, control):
+        """The control's box once it has a size and stays where it is."""
+        seen = [None]
+
+        def rests():
+            box, seen[0] = seen[0], control.box
+            return box if box == seen[0] and box[2] > 0 else None
+        return eventually(rests, lambda: f"{control} does not rest: {seen}")
 
     def _running(self):
         if self._process.poll() is not None:

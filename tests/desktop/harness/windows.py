@@ -26,6 +26,11 @@ class Windows:
         """The identifier of the window that has the keyboard."""
         return next(iter(self._property(self._root, "_NET_ACTIVE_WINDOW")), 0)
 
+    def popup_at(self, process, x, y):
+        """Whether a window that the manager does not frame, such as a menu, of that process is at this pixel."""
+        child = self._root.translate_coords(self._root, round(x), round(y)).child
+        return bool(child) and process in self._property(child, "_NET_WM_PID")
+
     def close(self):
         self._display.close()
 
