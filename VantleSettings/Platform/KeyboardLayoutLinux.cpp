@@ -1,5 +1,6 @@
 #include "Platform/KeyboardLayout.h"
 #include "Platform/USKeyboardLayout.h"
+#include "Platform/WaylandKeyboardLayout.h"
 #include "Platform/X11KeyboardLayout.h"
 
 #include <QCoreApplication>
@@ -16,11 +17,12 @@ std::unique_ptr<KeyboardLayout> systemLayout()
 {
     // What the window talks to; a program without windows has no such property.
     const QString platform = QCoreApplication::instance()->property("platformName").toString();
-    if (platform == u"xcb"_s) {
-        if (auto layout = X11KeyboardLayout::connect())
-            return layout;
-    }
-    return std::make_unique<USKeyboardLayout>();
+    std::unique_ptr<KeyboardLayout> layout;
+    if (platform == u"xcb"_s)
+        layout = X11KeyboardLayout::connect();
+    else if (platform.startsWith(u"wayland"_s))
+        layout = WaylandKeyboardLayout::connect();
+    return layout ? std::move(layout) : std::make_unique<USKeyboardLayout>();
 }
 
 } // namespace

@@ -26,6 +26,11 @@ constexpr std::array keys = std::to_array<Key>({
 
 std::optional<QString> USKeyboardLayout::printedText(std::uint16_t virtualKeyCode)
 {
+    return printed(virtualKeyCode);
+}
+
+std::optional<QString> USKeyboardLayout::printed(std::uint16_t virtualKeyCode)
+{
     const auto key = std::ranges::find(keys, virtualKeyCode, &Key::virtualKey);
     return key == keys.end() ? std::nullopt : std::optional<QString>(QChar(key->printed));
 }

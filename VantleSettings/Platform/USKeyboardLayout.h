@@ -9,4 +9,6 @@ class USKeyboardLayout : public KeyboardLayout
 
 public:
     std::optional<QString> printedText(std::uint16_t virtualKeyCode) override;
+
+    static std::optional<QString> printed(std::uint16_t virtualKeyCode);
 };

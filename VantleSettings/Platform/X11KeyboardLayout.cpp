@@ -1,5 +1,6 @@
 #include "Platform/X11KeyboardLayout.h"
 
+#include "Platform/USKeyboardLayout.h"
 #include "Platform/XcbXkb.h"
 
 #include <xkbcommon/xkbcommon-x11.h>
@@ -59,10 +60,9 @@ std::optional<QString> X11KeyboardLayout::printedText(std::uint16_t virtualKeyCo
 {
     const auto group = currentGroup();
     readEvents();
-    const XkbKeymap *map = group ? keymap() : nullptr;
-    if (!map || !map->hasLatinGroup())
-        return m_usLayout.printedText(virtualKeyCode);
-    return map->printedText(virtualKeyCode, *group);
+    if (!group || !keymap())
+        return USKeyboardLayout::printed(virtualKeyCode);
+    return keymap()->printedText(virtualKeyCode, *group);
 }
 
 void X11KeyboardLayout::watch()
@@ -108,18 +108,9 @@ std::optional<std::uint8_t> X11KeyboardLayout::currentGroup()
     return state ? std::optional(state->group) : std::nullopt;
 }
 
-const XkbKeymap *X11KeyboardLayout::keymap()
+const std::optional<XkbKeymap> &X11KeyboardLayout::keymap()
 {
-    if (m_keymap)
-        return &*m_keymap;
-    struct Unref {
-        void operator()(xkb_context *context) const { xkb_context_unref(context); }
-    };
-    const std::unique_ptr<xkb_context, Unref> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-    if (!context)
-        return nullptr;
-    if (xkb_keymap *keymap = xkb_x11_keymap_new_from_device(context.get(), m_connection.get(), m_device,
-                                                            XKB_KEYMAP_COMPILE_NO_FLAGS))
-        m_keymap.emplace(keymap);
-    return m_keymap ? &*m_keymap : nullptr;
+    if (!m_keymap)
+        m_keymap = XkbKeymap::fromServer(m_connection.get(), m_device);
+    return m_keymap;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Platform/KeyboardLayout.h"
-#include "Platform/USKeyboardLayout.h"
 #include "Platform/XkbKeymap.h"
 
 #include <QSocketNotifier>
@@ -34,12 +33,11 @@ private:
     void watch();
     void readEvents();
     std::optional<std::uint8_t> currentGroup();
-    const XkbKeymap *keymap();
+    const std::optional<XkbKeymap> &keymap();
 
     Connection m_connection;
     QSocketNotifier m_notifier;
     std::uint8_t m_firstEvent;
     std::int32_t m_device;
     std::optional<XkbKeymap> m_keymap; ///< until the server says that it has another one
-    USKeyboardLayout m_usLayout;
 };

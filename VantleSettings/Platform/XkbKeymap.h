@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <xkbcommon/xkbcommon.h>
@@ -8,26 +9,39 @@
 #include <memory>
 #include <optional>
 
+struct xcb_connection_t;
+
 /// A keymap of Linux desktops, asked for what its keys print.
 class XkbKeymap
 {
 public:
-    /// Takes over the caller's reference.
-    explicit XkbKeymap(xkb_keymap *keymap) : m_keymap(keymap) {}
+    /// Which layouts a keyboard has, as the system's settings name them; what is empty is the usual.
+    struct Names {
+        QByteArray model = {};
+        QByteArray layout = {};
+        QByteArray variant = {};
+        QByteArray options = {};
+
+        bool operator==(const Names &) const = default;
+    };
+
+    /// Nothing where such a keymap can't be had.
+    static std::optional<XkbKeymap> fromServer(xcb_connection_t *connection, std::int32_t device);
+    static std::optional<XkbKeymap> fromText(const QByteArray &text);
+    static std::optional<XkbKeymap> fromNames(const Names &names);
 
     /// The text that a key prints unshifted; `currentGroup` is the layout in force, from 0. A layout that
-    /// does not write Latin gives way to the keymap's first that does; nothing for a key that prints nothing.
-    /// Only for a keymap that has a Latin layout.
+    /// does not write Latin gives way to the keymap's first that does, and where there is none to the US
+    /// layout. Nothing for a key that prints nothing.
     std::optional<QString> printedText(std::uint16_t virtualKeyCode, xkb_layout_index_t currentGroup) const;
-
-    /// Whether any of its layouts writes Latin.
-    bool hasLatinGroup() const;
 
 private:
     struct Unref {
         void operator()(xkb_keymap *keymap) const { xkb_keymap_unref(keymap); }
     };
 
+    explicit XkbKeymap(xkb_keymap *keymap) : m_keymap(keymap) {}
+    static std::optional<XkbKeymap> owning(xkb_keymap *keymap);
     std::optional<xkb_layout_index_t> latinGroup(xkb_layout_index_t currentGroup) const;
     bool isLatin(xkb_layout_index_t group) const;
     char32_t printed(xkb_keycode_t key, xkb_layout_index_t group, xkb_level_index_t level) const;
