@@ -48,10 +48,16 @@ public:
 
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
     {
+        return scaledPixmap(size, mode, state, 1);
+    }
+
+    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal scale) override
+    {
         QPixmap pixmap(size);
+        pixmap.setDevicePixelRatio(scale);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
+        paint(&painter, QRectF(QPointF(), QSizeF(size) / scale).toRect(), mode, state);
         return pixmap;
     }
 
@@ -68,7 +74,7 @@ private:
 void drawSymbol(QPainter &painter, const QString &name, const QRectF &box, qreal pointSize,
                 const QColor &color)
 {
-    const qreal scale = painter.device()->devicePixelRatio();
+    const qreal scale = painter.deviceTransform().m11();
     const QPixmap pixmap = symbolPixmap(name, pointSize, scale, color);
     if (pixmap.isNull())
         return;

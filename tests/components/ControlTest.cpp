@@ -6,6 +6,7 @@
 #include "SettingsWindow/Components/Switch.h"
 
 #include <QFocusFrame>
+#include <QListWidget>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -187,19 +188,46 @@ TEST_F(ControlTest, TheRingStandsAroundTheControlThatTheKeyboardReachedAndNoneTh
         const auto *frame = window.findChild<QFocusFrame *>();
         return frame ? frame->widget() : nullptr;
     };
-    const auto focus = [](QWidget *control, Qt::FocusReason reason) {
+    const auto getFocus = [](QWidget *control, Qt::FocusReason reason) {
         QFocusEvent event(QEvent::FocusIn, reason);
         QCoreApplication::sendEvent(control, &event);
     };
-    focus(first, Qt::MouseFocusReason);
+    getFocus(first, Qt::TabFocusReason);
+    EXPECT_EQ(ringed(), nullptr) << "a window that becomes active says that, too";
+    QTest::mousePress(second, Qt::LeftButton);
+    getFocus(second, Qt::MouseFocusReason);
     EXPECT_EQ(ringed(), nullptr);
-    focus(second, Qt::TabFocusReason);
-    EXPECT_EQ(ringed(), second);
-    EXPECT_EQ(window.findChild<QFocusFrame *>()->geometry(), second->geometry().adjusted(-3, -3, 3, 3));
-    focus(first, Qt::OtherFocusReason);
-    EXPECT_EQ(ringed(), first) << "moved by the program: still the keyboard's";
-    focus(first, Qt::MouseFocusReason);
+    QTest::keyPress(second, Qt::Key_Tab);
+    getFocus(first, Qt::TabFocusReason);
+    EXPECT_EQ(ringed(), first);
+    EXPECT_EQ(window.findChild<QFocusFrame *>()->geometry(), first->geometry().adjusted(-3, -3, 3, 3));
+    getFocus(second, Qt::OtherFocusReason);
+    EXPECT_EQ(ringed(), second) << "moved by the program: still the keyboard's";
+    QTest::mousePress(first, Qt::LeftButton);
+    getFocus(first, Qt::MouseFocusReason);
     EXPECT_EQ(ringed(), nullptr);
+}
+
+TEST_F(ControlTest, TheRingGoesAroundWhatHoldsAControlAndNeverAroundAList)
+{
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    auto *holder = new QWidget;
+    auto *inside = new QVBoxLayout(holder);
+    auto *held = new PushButton(u"Held"_s);
+    inside->addWidget(held);
+    auto *list = new QListWidget;
+    layout->addWidget(holder);
+    layout->addWidget(list);
+    FocusRing::setFrame(held, holder);
+    show(window, {200, 200});
+    QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
+    QTest::keyPress(list, Qt::Key_Tab);
+    QCoreApplication::sendEvent(held, &event);
+    ASSERT_NE(window.findChild<QFocusFrame *>(), nullptr);
+    EXPECT_EQ(window.findChild<QFocusFrame *>()->widget(), holder);
+    QCoreApplication::sendEvent(list, &event);
+    EXPECT_EQ(window.findChild<QFocusFrame *>()->widget(), nullptr);
 }
 
 } // namespace

@@ -4,21 +4,36 @@
 #include "SettingsWindow/Components/Painting.h"
 #include "SettingsWindow/Components/Tokens.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
-#include <QFocusEvent>
 #include <QFocusFrame>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QVariant>
 
 namespace
 {
 
 constexpr auto radiusProperty = "vantleCornerRadius";
+constexpr auto frameProperty = "vantleFocusFrame";
 
 qreal cornerRadius(const QWidget &control)
 {
     const QVariant chosen = control.property(radiusProperty);
     return chosen.isValid() ? chosen.toReal() : Tokens::buttonRadius;
+}
+
+/// What the ring goes around when this control has the focus; null for none.
+QWidget *ringed(QWidget *control)
+{
+    if (control->isWindow() || control->window()->windowType() == Qt::Popup)
+        return nullptr;
+    if (auto *frame = control->property(frameProperty).value<QWidget *>())
+        return frame;
+    // Lists mark their current entry themselves, and pages scroll without looking focused.
+    const bool isText = qobject_cast<QPlainTextEdit *>(control);
+    return qobject_cast<QAbstractScrollArea *>(control) && !isText ? nullptr : control;
 }
 
 /// Follows a control wherever it goes and paints the ring around it.
@@ -55,31 +70,39 @@ void FocusRing::setCornerRadius(QWidget *control, qreal radius)
     control->setProperty(radiusProperty, radius);
 }
 
+void FocusRing::setFrame(QWidget *control, QWidget *frame)
+{
+    control->setProperty(frameProperty, QVariant::fromValue(frame));
+}
+
 bool FocusRing::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() == QEvent::FocusIn && object->isWidgetType())
-        follow(static_cast<QWidget *>(object), static_cast<QFocusEvent *>(event)->reason());
+    // A window that becomes active gives its first control the focus as if Tab had been pressed, so the
+    // reason in the event says too little: the last thing that the user did decides.
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (const int key = static_cast<QKeyEvent *>(event)->key();
+            key == Qt::Key_Tab || key == Qt::Key_Backtab)
+            m_byKeyboard = true;
+        break;
+    case QEvent::MouseButtonPress:
+        m_byKeyboard = false;
+        break;
+    case QEvent::FocusIn:
+        if (object->isWidgetType())
+            follow(static_cast<QWidget *>(object));
+        break;
+    default:
+        break;
+    }
     return QObject::eventFilter(object, event);
 }
 
-void FocusRing::follow(QWidget *focused, Qt::FocusReason reason)
+void FocusRing::follow(QWidget *focused)
 {
-    switch (reason) {
-    case Qt::TabFocusReason:
-    case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason:
-        m_byKeyboard = true;
-        break;
-    case Qt::MouseFocusReason:
-        m_byKeyboard = false;
-        break;
-    default: // a window or a menu came or went, or the program moved the focus: as it was
-        break;
-    }
-    const bool inPopup = focused->window()->windowType() == Qt::Popup;
-    const bool shown = m_byKeyboard && !inPopup && !focused->isWindow();
-    if (shown && !m_frame)
+    QWidget *target = m_byKeyboard ? ringed(focused) : nullptr;
+    if (target && !m_frame)
         m_frame = new Frame;
     if (m_frame)
-        m_frame->setWidget(shown ? focused : nullptr);
+        m_frame->setWidget(target);
 }

@@ -18,12 +18,15 @@ public:
     /// Rounds the ring around a control whose own corners have this radius; buttons need not say so.
     static void setCornerRadius(QWidget *control, qreal radius);
 
+    /// Puts the ring around `frame`, which holds the control and is what the eye takes for it.
+    static void setFrame(QWidget *control, QWidget *frame);
+
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
-    void follow(QWidget *focused, Qt::FocusReason reason);
+    void follow(QWidget *focused);
 
     QPointer<QFocusFrame> m_frame; ///< made when first needed; goes with the window it stands in
-    bool m_byKeyboard = false;
+    bool m_byKeyboard = false;     ///< whether the focus was last moved by a key, not by a click
 };

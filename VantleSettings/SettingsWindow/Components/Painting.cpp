@@ -90,6 +90,11 @@ void fill(QPainter &painter, const QPainterPath &path, const QBrush &brush)
     painter.restore();
 }
 
+qreal devicePixel(const QPainter &painter)
+{
+    return 1 / painter.deviceTransform().m11();
+}
+
 void drawHairline(QPainter &painter, const QRectF &rect, const QColor &color)
 {
     painter.fillRect(alignedToPixels(painter, rect, false), color);
@@ -103,7 +108,7 @@ void drawVerticalHairline(QPainter &painter, const QRectF &rect, const QColor &c
 void drawCard(QPainter &painter, const QRectF &rect)
 {
     fill(painter, continuousRectangle(rect, Tokens::cardRadius), Tokens::cardBackground);
-    const qreal width = std::max(0.5, 1 / painter.device()->devicePixelRatio());
+    const qreal width = std::max(0.5, devicePixel(painter));
     const qreal inset = width / 2;
     QColor stroke = Tokens::separator();
     stroke.setAlphaF(stroke.alphaF() / 2);

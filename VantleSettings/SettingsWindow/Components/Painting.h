@@ -21,6 +21,9 @@ QColor mixed(const QColor &from, const QColor &to, qreal share);
 /// Fills with antialiased edges, leaving the painter as it was.
 void fill(QPainter &painter, const QPainterPath &path, const QBrush &brush);
 
+/// How wide one device pixel is, in points.
+qreal devicePixel(const QPainter &painter);
+
 /// A horizontal line of exactly one device pixel at every scale factor, at the top of `rect`.
 void drawHairline(QPainter &painter, const QRectF &rect, const QColor &color);
 

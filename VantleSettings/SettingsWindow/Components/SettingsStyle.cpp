@@ -2,6 +2,7 @@
 
 #include "Platform/BaseStyle.h"
 #include "Platform/Palette.h"
+#include "Platform/Symbol.h"
 #include "SettingsWindow/Components/FocusRing.h"
 #include "SettingsWindow/Components/ScrollBarFade.h"
 #include "SettingsWindow/Components/StyleDrawing.h"
@@ -9,6 +10,7 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QComboBox>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -18,10 +20,19 @@
 namespace
 {
 
-constexpr int menuMargin = 5;
 constexpr int menuRadius = 9;
 constexpr int menuBarItemPadding = 8;
+constexpr int alertSymbolSize = 30;
 constexpr int scrollBarExtent = Tokens::scrollBarWidth + 4;
+
+void usePalette(QApplication &application)
+{
+    QPalette palette = application.style()->standardPalette();
+    application.setPalette(palette);
+    QToolTip::setPalette(palette);
+    palette.setColor(QPalette::Window, Tokens::cardBackground); // dialogs stand out from the window
+    QApplication::setPalette(palette, "QDialog");
+}
 
 } // namespace
 
@@ -29,10 +40,9 @@ void installLook(QApplication &application)
 {
     adoptSystemFont();
     application.setStyle(new SettingsStyle);
-    application.setPalette(application.style()->standardPalette());
+    usePalette(application);
     QApplication::setFont(textFont(TextStyle::size13));
     QToolTip::setFont(textFont(TextStyle::size11));
-    QToolTip::setPalette(application.palette());
     if (!application.findChild<FocusRing *>())
         new FocusRing(application);
 }
@@ -40,7 +50,7 @@ void installLook(QApplication &application)
 void followAppearance(QApplication &application)
 {
     watchAppearance([&application] {
-        application.setPalette(application.style()->standardPalette());
+        usePalette(application);
         for (QWidget *widget : QApplication::allWidgets())
             widget->update();
     });
@@ -62,9 +72,13 @@ void SettingsStyle::polish(QWidget *widget)
     } else if (qobject_cast<QMenu *>(widget) || widget->inherits("QComboBoxPrivateContainer") ||
                widget->inherits("QTipLabel")) {
         widget->setAttribute(Qt::WA_TranslucentBackground);
-    } else if (widget->inherits("QComboBoxListView") || qobject_cast<QPlainTextEdit *>(widget)) {
-        // The panel, or the frame, is the background.
+    } else if (widget->inherits("QComboBoxListView")) {
+        QPalette palette = widget->palette();
+        palette.setColor(QPalette::Window, Tokens::menuBackground); // under each entry
+        widget->setPalette(palette);
         static_cast<QAbstractScrollArea *>(widget)->viewport()->setAutoFillBackground(false);
+    } else if (auto *editor = qobject_cast<QPlainTextEdit *>(widget)) {
+        editor->viewport()->setAutoFillBackground(false); // the frame is the background
     }
 }
 
@@ -84,6 +98,16 @@ QPalette SettingsStyle::standardPalette() const
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, faint);
     return palette;
+}
+
+QIcon SettingsStyle::standardIcon(StandardPixmap icon, const QStyleOption *option,
+                                  const QWidget *widget) const
+{
+    const bool warns = icon == SP_MessageBoxWarning || icon == SP_MessageBoxCritical;
+    if (m_native || !warns)
+        return QProxyStyle::standardIcon(icon, option, widget);
+    const SystemColor tint = icon == SP_MessageBoxWarning ? SystemColor::yellow : SystemColor::red;
+    return symbolIcon(QStringLiteral("exclamationmark.triangle.fill"), alertSymbolSize, color(tint));
 }
 
 int SettingsStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
@@ -108,7 +132,7 @@ int SettingsStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, c
         return 0;
     case PM_MenuHMargin:
     case PM_MenuVMargin:
-        return menuMargin;
+        return StyleDrawing::menuMargin;
     case PM_MenuBarHMargin:
         return 6;
     case PM_MenuBarItemSpacing:
@@ -175,7 +199,7 @@ QRect SettingsStyle::subControlRect(ComplexControl control, const QStyleOptionCo
             return StyleDrawing::pickerText(*picker);
     }
     if (!m_native && control == CC_ComboBox && subControl == SC_ComboBoxListBoxPopup)
-        return option->rect;
+        return StyleDrawing::pickerPopup(*option);
     if (!m_native && control == CC_ScrollBar) {
         if (subControl == SC_ScrollBarAddLine || subControl == SC_ScrollBarSubLine)
             return {};
@@ -224,7 +248,7 @@ void SettingsStyle::drawControl(ControlElement element, const QStyleOption *opti
     else if (element == CE_ComboBoxLabel && picker)
         StyleDrawing::drawPickerLabel(*painter, *picker);
     else if (element == CE_MenuItem && item)
-        StyleDrawing::drawMenuItem(*painter, *item);
+        StyleDrawing::drawMenuItem(*painter, *item, qobject_cast<const QComboBox *>(widget) ? StyleDrawing::menuMargin : 0);
     else if (element == CE_MenuBarItem && item)
         StyleDrawing::drawMenuBarItem(*painter, *item);
     else if (element == CE_MenuEmptyArea || element == CE_MenuBarEmptyArea)

@@ -117,6 +117,12 @@ QRect StyleDrawing::pickerText(const QStyleOptionComboBox &option)
     return QStyle::visualRect(option.direction, option.rect, text);
 }
 
+QRect StyleDrawing::pickerPopup(const QStyleOption &option)
+{
+    const QRect popup = option.rect.adjusted(Tokens::smallButtonPadding - entryInset, 0, 0, 0);
+    return QStyle::visualRect(option.direction, option.rect, popup);
+}
+
 void StyleDrawing::drawPicker(QPainter &painter, const QStyleOptionComboBox &option)
 {
     painter.save();

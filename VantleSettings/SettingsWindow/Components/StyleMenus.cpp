@@ -14,7 +14,7 @@ namespace
 {
 
 constexpr int itemPadding = 10;
-constexpr int checkColumn = 14;
+constexpr int checkColumn = StyleDrawing::entryInset - StyleDrawing::menuMargin - itemPadding;
 constexpr int shortcutGap = 28;
 constexpr int separatorHeight = 11;
 constexpr qreal itemRadius = 5;
@@ -61,7 +61,7 @@ void drawTexts(QPainter &painter, const QStyleOptionMenuItem &option, const QRec
 
 void StyleDrawing::drawPanel(QPainter &painter, const QRect &rect, qreal radius)
 {
-    const qreal width = 1 / painter.device()->devicePixelRatio();
+    const qreal width = devicePixel(painter);
     const QRectF edge = QRectF(rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
     fill(painter, continuousRectangle(rect, radius), Tokens::menuBackground);
     painter.save();
@@ -83,7 +83,7 @@ QSize StyleDrawing::menuItemSize(const QStyleOptionMenuItem &option)
     return {width + 2 * itemPadding, std::max(Tokens::smallButtonHeight, metrics.height() + 6)};
 }
 
-void StyleDrawing::drawMenuItem(QPainter &painter, const QStyleOptionMenuItem &option)
+void StyleDrawing::drawMenuItem(QPainter &painter, const QStyleOptionMenuItem &option, int inset)
 {
     if (option.menuItemType == QStyleOptionMenuItem::Separator) {
         const QRectF line =
@@ -95,11 +95,13 @@ void StyleDrawing::drawMenuItem(QPainter &painter, const QStyleOptionMenuItem &o
     const bool selected = enabled && option.state & QStyle::State_Selected;
     painter.save();
     if (selected)
-        fill(painter, continuousRectangle(option.rect, itemRadius), accentColor());
+        fill(painter, continuousRectangle(option.rect.adjusted(inset, 0, -inset, 0), itemRadius),
+             accentColor());
     const QColor color = textColor(selected  ? TextColor::white
                                    : enabled ? TextColor::primary
                                              : TextColor::tertiary);
-    QRect row = option.rect.adjusted(itemPadding, 0, -itemPadding, 0);
+    const int padding = itemPadding + inset;
+    QRect row = option.rect.adjusted(padding, 0, -padding, 0);
     if (hasCheckColumn(option)) {
         const QRect mark(row.left() - 3, row.top(), checkColumn, row.height());
         if (isChecked(option))
