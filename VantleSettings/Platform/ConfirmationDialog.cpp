@@ -51,8 +51,6 @@ ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget
     setWindowTitle(confirmation.message);
     setAccessibleName(confirmation.message);
     setAccessibleDescription(confirmation.informative);
-    setBackgroundRole(QPalette::Base); // a window above the window, so a level lighter
-    setAutoFillBackground(true);
 
     auto *act = new QPushButton(confirmation.action, this);
     auto *cancel = new QPushButton(u"Cancel"_s, this);

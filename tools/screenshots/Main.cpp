@@ -1,6 +1,4 @@
-#include "FontRegistration/FontRegistration.h"
 #include "Screenshots.h"
-#include "SettingsWindow/Components/SettingsStyle.h"
 
 #include <QApplication>
 #include <QDir>
@@ -17,8 +15,7 @@ int main(int argc, char **argv)
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    FontRegistration::registerBundledFonts();
-    installLook(application);
+    installPinnedLook(application);
     const QDir folder(QFile::decodeName(argv[1]));
     if (!folder.mkpath(u"."_s)) {
         std::fputs("screenshots: the folder cannot be made\n", stderr);

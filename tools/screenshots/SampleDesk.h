@@ -4,12 +4,13 @@
 #include "Platform/LoopbackPost.h"
 #include "Platform/Seam.h"
 #include "Platform/ServiceManager.h"
+#include "Platform/USKeyboardLayout.h"
 
 #include <QMap>
 #include <QSet>
 
-/// An outside world of made-up files, under the home directory /Users/sam, so that pictures look the same on
-/// every machine.
+/// An outside world of made-up files, under the home directory /Users/sam, and a US keyboard, so that
+/// pictures look the same on every machine.
 class SampleDesk
 {
 public:
@@ -49,7 +50,9 @@ private:
     Files m_files;
     LoadedJob m_job;
     NoAgent m_agent;
+    USKeyboardLayout m_keyboard;
     Seam<FileSystem>::Replacement m_fileSeam{m_files};
     Seam<ServiceManager>::Replacement m_jobSeam{m_job};
     Seam<LoopbackPost>::Replacement m_agentSeam{m_agent};
+    Seam<KeyboardLayout>::Replacement m_keyboardSeam{m_keyboard};
 };

@@ -1,10 +1,15 @@
 #include "Screenshots.h"
 
+#include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
 #include "PageStates.h"
+#include "SettingsWindow/Components/SettingsStyle.h"
 
-#include <QCoreApplication>
+#include <QAbstractAnimation>
+#include <QApplication>
 #include <QPainter>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,12 +21,38 @@ std::unique_ptr<QWidget> owned(QWidget *widget)
     return std::unique_ptr<QWidget>(widget);
 }
 
+/// Lets every animation run to its end.
+void comeToRest(const QWidget &window)
+{
+    const auto moves = [&window] {
+        const auto animations = window.findChildren<QAbstractAnimation *>();
+        return std::any_of(animations.begin(), animations.end(), [](const QAbstractAnimation *animation) {
+            return animation->state() == QAbstractAnimation::Running;
+        });
+    };
+    do {
+        QCoreApplication::processEvents();
+    } while (moves());
+}
+
+/// Everything else that is on the screen, where it stands in relation to the window.
+void drawPopups(QPainter &painter, const QWidget &window)
+{
+    for (QWidget *other : QApplication::topLevelWidgets()) {
+        if (other == &window || !other->isVisible())
+            continue;
+        const QPoint place = other->pos() - window.pos();
+        other->render(&painter, place, QRegion(), QWidget::DrawChildren);
+        other->hide();
+    }
+}
+
 } // namespace
 
 std::vector<Screenshot> allScreenshots()
 {
     std::vector<Screenshot> all{
-        {u"components"_s, {720, 1420}, [] { return owned(makeGallery()); }},
+        {u"components"_s, {720, 1260}, [] { return owned(makeGallery()); }},
         {u"symbols"_s, {760, 896}, [] { return owned(makeSymbolSheet()); }},
     };
     for (const Screenshot &screenshot : pageScreenshots())
@@ -29,18 +60,28 @@ std::vector<Screenshot> allScreenshots()
     return all;
 }
 
+void installPinnedLook(QApplication &application)
+{
+    FontRegistration::registerBundledFonts();
+    QApplication::setFont(QFont(u"Inter"_s, 9));
+    installLook(application);
+}
+
 QImage rendered(const Screenshot &screenshot, qreal scale)
 {
-    const std::unique_ptr<QWidget> widget = screenshot.make();
-    widget->setAttribute(Qt::WA_DontShowOnScreen);
-    const QSize size = screenshot.size.isEmpty() ? widget->sizeHint() : screenshot.size;
-    widget->resize(size);
-    widget->show();
+    const std::unique_ptr<QWidget> window = screenshot.make();
+    window->setAttribute(Qt::WA_DontShowOnScreen);
+    window->resize(screenshot.size.isEmpty() ? window->sizeHint() : screenshot.size);
+    window->show();
     QCoreApplication::processEvents();
-    QCoreApplication::processEvents(); // what a page shows when it comes into view, laid out
-    QImage picture((QSizeF(size) * scale).toSize(), QImage::Format_RGB32);
+    if (screenshot.prepare)
+        screenshot.prepare(*window);
+    comeToRest(*window);
+    QImage picture((QSizeF(window->size()) * scale).toSize(), QImage::Format_RGB32);
     picture.setDevicePixelRatio(scale);
     picture.fill(Qt::black);
-    widget->render(&picture);
+    window->render(&picture);
+    QPainter painter(&picture);
+    drawPopups(painter, *window);
     return picture;
 }

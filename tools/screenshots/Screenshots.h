@@ -8,15 +8,21 @@
 #include <memory>
 #include <vector>
 
+class QApplication;
+
 /// A picture of the window or of a part of it.
 struct Screenshot {
     QString name;
     QSize size; ///< in points; empty for the size it wants
     std::function<std::unique_ptr<QWidget>()> make;
+    std::function<void(QWidget &)> prepare = {}; ///< brings what is shown into the state of the picture
 };
 
 /// All pictures, in the order in which they are worth looking at.
 std::vector<Screenshot> allScreenshots();
 
-/// The picture at this many device pixels to a point.
+/// Gives the application the look and the fonts that all pictures have, whatever this desktop's own are.
+void installPinnedLook(QApplication &application);
+
+/// The picture at this many device pixels to a point, pop-ups included.
 QImage rendered(const Screenshot &screenshot, qreal scale);

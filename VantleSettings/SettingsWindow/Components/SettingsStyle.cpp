@@ -2,7 +2,6 @@
 
 #include "Platform/BaseStyle.h"
 #include "Platform/Palette.h"
-#include "Platform/Symbol.h"
 #include "SettingsWindow/Components/FocusRing.h"
 #include "SettingsWindow/Components/ScrollBarFade.h"
 #include "SettingsWindow/Components/StyleDrawing.h"
@@ -22,7 +21,6 @@ namespace
 
 constexpr int menuRadius = 9;
 constexpr int menuBarItemPadding = 8;
-constexpr int alertSymbolSize = 30;
 constexpr int scrollBarExtent = Tokens::scrollBarWidth + 4;
 
 void usePalette(QApplication &application)
@@ -98,16 +96,6 @@ QPalette SettingsStyle::standardPalette() const
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, faint);
     return palette;
-}
-
-QIcon SettingsStyle::standardIcon(StandardPixmap icon, const QStyleOption *option,
-                                  const QWidget *widget) const
-{
-    const bool warns = icon == SP_MessageBoxWarning || icon == SP_MessageBoxCritical;
-    if (m_native || !warns)
-        return QProxyStyle::standardIcon(icon, option, widget);
-    const SystemColor tint = icon == SP_MessageBoxWarning ? SystemColor::yellow : SystemColor::red;
-    return symbolIcon(QStringLiteral("exclamationmark.triangle.fill"), alertSymbolSize, color(tint));
 }
 
 int SettingsStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
@@ -248,7 +236,8 @@ void SettingsStyle::drawControl(ControlElement element, const QStyleOption *opti
     else if (element == CE_ComboBoxLabel && picker)
         StyleDrawing::drawPickerLabel(*painter, *picker);
     else if (element == CE_MenuItem && item)
-        StyleDrawing::drawMenuItem(*painter, *item, qobject_cast<const QComboBox *>(widget) ? StyleDrawing::menuMargin : 0);
+        StyleDrawing::drawMenuItem(*painter, *item,
+                                   qobject_cast<const QComboBox *>(widget) ? StyleDrawing::menuMargin : 0);
     else if (element == CE_MenuBarItem && item)
         StyleDrawing::drawMenuBarItem(*painter, *item);
     else if (element == CE_MenuEmptyArea || element == CE_MenuBarEmptyArea)
