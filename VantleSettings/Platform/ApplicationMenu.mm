@@ -19,9 +19,9 @@
 }
 @end
 
-// The toolkit moves the items with a role into the application menu and adds hiding, hiding others and showing
-// all there itself, so those of ours would stand there twice. Undo, cut and the like reach the focused editor by
-// the toolkit's own way from key equivalents to standard actions.
+// The toolkit moves the items with a role into the application menu and adds hiding, hiding others and
+// showing all there itself, so those of ours would stand there twice. Undo, cut and the like reach the
+// focused editor by the toolkit's own way from key equivalents to standard actions.
 void adoptMenuBar(QMenuBar &, const ApplicationMenuItems &items, QMenu &windowMenu)
 {
     items.about->setMenuRole(QAction::AboutRole);
@@ -31,15 +31,9 @@ void adoptMenuBar(QMenuBar &, const ApplicationMenuItems &items, QMenu &windowMe
     NSApp.windowsMenu = windowMenu.toNSMenu();
 }
 
-void showAboutPanel(QWidget &)
-{
-    [NSApp orderFrontStandardAboutPanel:nil];
-}
+void showAboutPanel(QWidget &) { [NSApp orderFrontStandardAboutPanel:nil]; }
 
-void becomeRegularApplication()
-{
-    [NSApp setActivationPolicy:NSApplicationActivationPolicyRegular];
-}
+void becomeRegularApplication() { [NSApp setActivationPolicy:NSApplicationActivationPolicyRegular]; }
 
 void onReopen(std::function<void()> reopen)
 {

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -53,8 +54,10 @@ void restoreWindowFrame(QWidget &window, const QString &name)
     frame.size = frame.size.expandedTo(window.minimumSize());
     const QRect place = frame.placed(availableScreens());
     window.resize(place.size().expandedTo(window.minimumSize()));
+    // The origin is the frame's; for a window that the system has made already, moving means its client area.
+    window.winId();
     if (windowsHaveOrigins())
-        window.move(place.topLeft());
+        window.windowHandle()->setFramePosition(place.topLeft());
     if (frame.maximized)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
