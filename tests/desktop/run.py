@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Runs one file of desktop tests: run.py PROGRAM FILE [CASE…]
+"""Runs one file of desktop tests, here or at an absolute path: run.py PROGRAM FILE [CASE…]
 
 The file runs on a desktop of its own and, where the system allows it, in a network of its own, so that the agent's
 port is free and nobody outside is ever asked. Where it does not, nothing else may listen on that port.
@@ -62,7 +62,7 @@ def main():
             DesktopCase.desktop = desktop
             loader = unittest.TestLoader()
             loader.testNamePatterns = [f"*{name}*" for name in names] or None
-            tests = loader.discover(str(folder), pattern=pathlib.Path(file).name)
+            tests = loader.discover(str((folder / file).parent), pattern=pathlib.Path(file).name)
             if tests.countTestCases() == 0:
                 sys.exit("no test was found")
             result = unittest.TextTestRunner(verbosity=2, resultclass=Result).run(tests)

@@ -11,9 +11,10 @@ WINDOW = "Vantle Settings"
 
 
 class Program:
-    """Started in a home directory; `scale` is the scale factor of its screen."""
+    """Started in a home directory; `scale` is the scale factor of its screen, `tool` the command of a tool that runs
+    programs as themselves, and `folder` where it is started, at home if not said otherwise."""
 
-    def __init__(self, desktop, home, scale=1, arguments=(), environment=None):
+    def __init__(self, desktop, home, scale=1, arguments=(), environment=None, tool=(), folder=None):
         self._desktop = desktop
         self._scale = scale
         self.home = home
@@ -22,7 +23,8 @@ class Program:
             surroundings["QT_SCALE_FACTOR"] = str(scale)
         surroundings.update(environment or {})
         self._said = open(home.parent / f"{home.name}.said", "w+b")
-        self._process = processes.start([desktop.program, *arguments], env=surroundings, cwd=home,
+        self._process = processes.start([*tool, desktop.program, *arguments], env=surroundings,
+                                        cwd=folder or home,
                                         stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said)
         self.process = self._process.pid
 

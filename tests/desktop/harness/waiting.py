@@ -1,10 +1,12 @@
 """Waiting for something to become so, with a deadline and never for a fixed time."""
 
+import os
 import time
 
 from gi.repository import GLib
 
-SECONDS = 20.0
+# Tools that make a program slow ask for more patience.
+SECONDS = 20.0 * float(os.environ.get("VANTLE_DESKTOP_PATIENCE", 1))
 
 
 def eventually(condition, what, seconds=SECONDS):
