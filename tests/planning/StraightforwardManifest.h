@@ -1,0 +1,95 @@
+#pragma once
+
+#include "PlanningProjects/Manifest.h"
+#include "Platform/Text.h"
+
+#include <QStringList>
+#include <QTextBoundaryFinder>
+
+/// The manifest by its definition, character by character, each a text of its own. For comparisons.
+namespace StraightforwardManifest
+{
+
+inline QStringList characters(const QString &text)
+{
+    QStringList characters;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    for (qsizetype start = 0, end = finder.toNextBoundary(); end > start;
+         start = end, end = finder.toNextBoundary())
+        characters.append(text.sliced(start, end - start));
+    return characters;
+}
+
+inline QString trimmed(const QString &text)
+{
+    return Text::trimmed(text).toString();
+}
+
+/// The value without its comment.
+inline QString withoutComment(const QString &value)
+{
+    QString kept;
+    QString openQuote;
+    for (const QString &character : characters(value)) {
+        if (openQuote.isEmpty() && character == QStringLiteral("#"))
+            return trimmed(kept);
+        if (openQuote.isEmpty() && (character == QStringLiteral("\"") || character == QStringLiteral("'")))
+            openQuote = character;
+        else if (character == openQuote)
+            openQuote.clear();
+        kept += character;
+    }
+    return value;
+}
+
+inline QString unquoted(const QString &value)
+{
+    QStringList all = characters(value);
+    if (all.size() < 2 || all.front() != all.back())
+        return value;
+    if (all.front() != QStringLiteral("\"") && all.front() != QStringLiteral("'"))
+        return value;
+    return all.mid(1, all.size() - 2).join(QString());
+}
+
+inline std::vector<std::map<QString, QString>> blocks(QString text)
+{
+    for (QChar &unit : text) {
+        if (Text::isLineBreak(unit))
+            unit = u'\n';
+    }
+    std::vector<std::map<QString, QString>> blocks;
+    bool isInBlock = false;
+    for (const QString &piece : text.split(u'\n')) {
+        const QString line = trimmed(piece);
+        const QStringList all = characters(line);
+        if (all.isEmpty() || all.front() == QStringLiteral("#"))
+            continue;
+        const auto equals = all.indexOf(QStringLiteral("="));
+        if (line == QStringLiteral("[[projects]]")) {
+            blocks.emplace_back();
+            isInBlock = true;
+        } else if (all.front() == QStringLiteral("[")) {
+            isInBlock = false;
+        } else if (isInBlock && equals >= 0) {
+            const QString key = trimmed(all.first(equals).join(QString()));
+            const QString value = trimmed(all.sliced(equals + 1).join(QString()));
+            blocks.back()[Text::composed(key)] = unquoted(withoutComment(value));
+        }
+    }
+    return blocks;
+}
+
+/// The blocks as the program reads them, in the same form.
+inline std::vector<std::map<QString, QString>> programsBlocks(const QString &text)
+{
+    std::vector<std::map<QString, QString>> blocks;
+    for (const auto &table : PlanningProjects::parseProjectsTOML(text)) {
+        blocks.emplace_back();
+        for (const auto &[key, value] : table)
+            blocks.back()[key] = value.toString();
+    }
+    return blocks;
+}
+
+} // namespace StraightforwardManifest
