@@ -52,6 +52,26 @@ const wl_keyboard_listener WaylandKeyboardLayout::keyboardEvents{
     .repeat_info = [](void *, wl_keyboard *, std::int32_t, std::int32_t) {},
 };
 
+void WaylandKeyboardLayout::Destroy::operator()(wl_display *display) const
+{
+    wl_display_disconnect(display);
+}
+
+void WaylandKeyboardLayout::Destroy::operator()(wl_registry *registry) const
+{
+    wl_registry_destroy(registry);
+}
+
+void WaylandKeyboardLayout::Destroy::operator()(wl_seat *seat) const
+{
+    wl_seat_destroy(seat);
+}
+
+void WaylandKeyboardLayout::Destroy::operator()(wl_keyboard *keyboard) const
+{
+    wl_keyboard_destroy(keyboard);
+}
+
 std::unique_ptr<WaylandKeyboardLayout> WaylandKeyboardLayout::connect()
 {
     Display display(wl_display_connect(nullptr));

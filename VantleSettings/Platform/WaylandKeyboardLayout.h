@@ -25,13 +25,16 @@ public:
     std::optional<QString> printedText(std::uint16_t virtualKeyCode) override;
 
 private:
-    template <auto destroy>
+    /// Plain members: the protocol's own functions are static, and differ in each file that names them.
     struct Destroy {
-        void operator()(auto *object) const { destroy(object); }
+        void operator()(wl_display *display) const;
+        void operator()(wl_registry *registry) const;
+        void operator()(wl_seat *seat) const;
+        void operator()(wl_keyboard *keyboard) const;
     };
-    template <class T, auto destroy>
-    using Owned = std::unique_ptr<T, Destroy<destroy>>;
-    using Display = Owned<wl_display, wl_display_disconnect>;
+    template <class T>
+    using Owned = std::unique_ptr<T, Destroy>;
+    using Display = Owned<wl_display>;
 
     explicit WaylandKeyboardLayout(Display display);
 
@@ -45,9 +48,9 @@ private:
     static const wl_keyboard_listener keyboardEvents;
 
     Display m_display;
-    Owned<wl_registry, wl_registry_destroy> m_registry;
-    Owned<wl_seat, wl_seat_destroy> m_seat;
-    Owned<wl_keyboard, wl_keyboard_destroy> m_keyboard;
+    Owned<wl_registry> m_registry;
+    Owned<wl_seat> m_seat;
+    Owned<wl_keyboard> m_keyboard;
     QSocketNotifier m_notifier;
     std::optional<XkbKeymap> m_keymap;     ///< the compositor's
     std::optional<XkbKeymap> m_configured; ///< the system's, where the compositor has none

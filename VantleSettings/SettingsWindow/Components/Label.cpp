@@ -116,7 +116,8 @@ void Label::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setPen(textColor(m_textColor));
-    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    // A path begins with its root, whatever script its folders are written in.
+    painter.setLayoutDirection(m_text.startsWith(u'/') ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
     const QFontMetricsF metrics(font());
     const std::vector<QString> &lines = linesFor(width());
     const QRect inner = contentsRect();

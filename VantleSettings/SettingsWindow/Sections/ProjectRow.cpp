@@ -1,6 +1,7 @@
 #include "SettingsWindow/Sections/ProjectRow.h"
 
 #include "Platform/Path.h"
+#include "SettingsWindow/Components/FocusRing.h"
 #include "SettingsWindow/Components/Label.h"
 #include "SettingsWindow/Components/Painting.h"
 #include "SettingsWindow/Components/PatternsEditor.h"
@@ -35,6 +36,7 @@ public:
         layout->setContentsMargins(editorPadding, editorPaddingVertical, editorPadding,
                                    editorPaddingVertical);
         layout->addWidget(editor);
+        FocusRing::setFrame(editor, this);
     }
 
 protected:
