@@ -74,6 +74,9 @@ void setAccessibleRole(QWidget *widget, QAccessible::Role role)
 {
     QAccessible::installFactory(heardOurWay); // once, however often it is asked to
     widget->setProperty(roleProperty, int(role));
+    // What was heard of it before, e.g. when it was named, was heard in the role of before.
+    QAccessible::deleteAccessibleInterface(
+        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(widget)));
 }
 
 void markAsDecoration(QWidget *widget)

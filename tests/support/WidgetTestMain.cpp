@@ -4,7 +4,7 @@
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VANTLE_TEST_SCREENS);
     QApplication application(argc, argv);
     return runAllTests(argc, argv);
 }

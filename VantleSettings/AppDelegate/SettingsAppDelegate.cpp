@@ -1,0 +1,48 @@
+#include "AppDelegate/SettingsAppDelegate.h"
+
+#include "AppDelegate/MainMenu.h"
+#include "Platform/ApplicationMenu.h"
+#include "Platform/WindowChrome.h"
+#include "SettingsWindow/SettingsModel.h"
+#include "SettingsWindow/SettingsWindowController.h"
+
+#include <QPointer>
+
+SettingsAppDelegate::SettingsAppDelegate(QObject *parent) : QObject(parent)
+{
+}
+
+SettingsAppDelegate::~SettingsAppDelegate() = default;
+
+void SettingsAppDelegate::applicationDidFinishLaunching()
+{
+    becomeRegularApplication();
+    m_model = std::make_unique<SettingsModel>();
+    m_controller = std::make_unique<SettingsWindowController>(SettingsSection::general, *m_model);
+    buildMainMenu(m_controller->window());
+    m_controller->onWindowClose = [delegate = QPointer(this)] {
+        if (!delegate)
+            return;
+        delegate->dropController();
+        Q_EMIT delegate->terminate();
+    };
+    onReopen([delegate = QPointer(this)] {
+        if (delegate)
+            delegate->applicationShouldHandleReopen(delegate->m_controller &&
+                                                    delegate->m_controller->isVisible());
+    });
+    m_controller->showWindow();
+}
+
+bool SettingsAppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows)
+{
+    if (!hasVisibleWindows && m_controller)
+        m_controller->showWindow();
+    return true;
+}
+
+void SettingsAppDelegate::dropController()
+{
+    // The window is still closing; it goes away with its controller when the event loop turns next.
+    m_controller.release()->deleteLater();
+}

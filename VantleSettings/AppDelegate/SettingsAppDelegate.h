@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+class SettingsModel;
+class SettingsWindowController;
+
+/// The program as a whole: it builds the one window and ends with it.
+class SettingsAppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsAppDelegate(QObject *parent = nullptr);
+    ~SettingsAppDelegate() override;
+
+    /// Loads all settings and shows the window, once, when the application is up.
+    void applicationDidFinishLaunching();
+
+    /// The running program was asked for again: brings its window back if none is visible. Always true.
+    bool applicationShouldHandleReopen(bool hasVisibleWindows);
+
+    /// The one window's controller; none before launching has finished and after the window has closed.
+    SettingsWindowController *controller() const { return m_controller.get(); }
+
+Q_SIGNALS:
+    /// The window has closed: the program is to end.
+    void terminate();
+
+private:
+    void dropController();
+
+    std::unique_ptr<SettingsModel> m_model; ///< outlives the controller and its window
+    std::unique_ptr<SettingsWindowController> m_controller;
+};

@@ -1,0 +1,31 @@
+#include "AgentBridge/AgentBridge.h"
+#include "AppDelegate/SettingsAppDelegate.h"
+#include "FontRegistration/FontRegistration.h"
+#include "Platform/QuitSignals.h"
+#include "SettingsWindow/Components/SettingsStyle.h"
+
+#include <QApplication>
+
+#include <array>
+
+int main()
+{
+    // Nothing is taken from the command line, not even the toolkit's own options: it sees a line of our own.
+    std::array name{'v', 'a', 'n', 't', 'l', 'e', '-', 's', 'e', 't', 't', 'i', 'n', 'g', 's', '\0'};
+    std::array<char *, 2> arguments{name.data(), nullptr};
+    int argumentCount = 1;
+    QApplication application(argumentCount, arguments.data());
+    QApplication::setApplicationDisplayName(QStringLiteral("Vantle Settings"));
+    QApplication::setDesktopFileName(QStringLiteral("com.vantle.settings"));
+    FontRegistration::registerBundledFonts();
+    installLook(application);
+
+    SettingsAppDelegate delegate;
+    QObject::connect(&delegate, &SettingsAppDelegate::terminate, &application, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    onQuitSignal(&QCoreApplication::quit);
+    delegate.applicationDidFinishLaunching();
+    QApplication::exec();
+    AgentBridge::finish();
+    return 0;
+}

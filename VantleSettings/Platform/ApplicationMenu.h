@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class QWidget;
+
+/// The system's part in the menu bar and in how the program is started and stopped.
+
+/// The items of the application menu that the system has its own way with.
+struct ApplicationMenuItems {
+    QAction *about = nullptr;
+    QAction *hide = nullptr;
+    QAction *hideOthers = nullptr;
+    QAction *showAll = nullptr;
+    QAction *quit = nullptr;
+};
+
+/// Puts the bar where the system's menu bars stand and gives it the items' system meaning: those that have
+/// none on this system are disabled. The system adds its window list to `windowMenu` where it keeps one.
+void adoptMenuBar(QMenuBar &bar, const ApplicationMenuItems &items, QMenu &windowMenu);
+
+/// Shows the system's panel with the program's name, icon and version.
+void showAboutPanel(QWidget &window);
+
+/// An icon in the Dock and a menu bar, where programs can also do without.
+void becomeRegularApplication();
+
+/// Calls `reopen` when the user asks for the running program again, e.g. with a click on its icon in the
+/// Dock.
+void onReopen(std::function<void()> reopen);

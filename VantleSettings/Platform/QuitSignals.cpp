@@ -1,0 +1,49 @@
+#include "Platform/QuitSignals.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+
+namespace
+{
+
+// A signal handler may do next to nothing; it writes into this pipe, and the event loop reads from it.
+std::array<int, 2> s_pipe{-1, -1};
+
+void wakeEventLoop(int)
+{
+    const int saved = errno;
+    const char byte = 0;
+    [[maybe_unused]] const ssize_t written = write(s_pipe[1], &byte, 1);
+    errno = saved;
+}
+
+} // namespace
+
+void onQuitSignal(std::function<void()> quit)
+{
+    if (pipe(s_pipe.data()) != 0)
+        return;
+    for (const int end : s_pipe) {
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+        fcntl(end, F_SETFL, O_NONBLOCK);
+    }
+    auto *notifier = new QSocketNotifier(s_pipe[0], QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, qApp, [quit = std::move(quit)] {
+        std::array<char, 16> bytes{};
+        while (read(s_pipe[0], bytes.data(), bytes.size()) > 0) {
+        }
+        quit();
+    });
+    struct sigaction action = {};
+    action.sa_handler = wakeEventLoop;
+    action.sa_flags = SA_RESTART;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        sigaction(signal, &action, nullptr);
+}

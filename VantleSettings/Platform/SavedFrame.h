@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+#include <QString>
+
+#include <optional>
+
+/// A window's frame as a file keeps it. Sizes are those of the client area, origins those of the frame around
+/// it.
+struct SavedFrame {
+    QSize size;
+    std::optional<QPoint> origin = {}; ///< none where the desktop places windows itself
+    bool maximized = false;            ///< size and origin are then what the window returns to
+
+    bool operator==(const SavedFrame &) const = default;
+
+    /// One line, e.g. `VantleSettingsWindow=860x640+210+192`, with ` maximized` after it where it was.
+    QByteArray line(const QString &name) const;
+
+    /// The frame of that name in a file's bytes; nothing where there is none that makes sense.
+    static std::optional<SavedFrame> find(const QByteArray &bytes, const QString &name);
+
+    /// Where a window of this frame goes on these screens, the primary one first: where it was while enough
+    /// of its top can be seen to take hold of, else in the middle of the primary screen; nothing larger than
+    /// its screen.
+    QRect placed(const QList<QRect> &screens) const;
+};

@@ -1,0 +1,55 @@
+#include "Platform/WindowChrome.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+
+namespace
+{
+
+xcb_intern_atom_cookie_t askForAtom(xcb_connection_t *connection, std::string_view name)
+{
+    return xcb_intern_atom(connection, 0, uint16_t(name.size()), name.data());
+}
+
+xcb_atom_t atom(xcb_connection_t *connection, xcb_intern_atom_cookie_t asked)
+{
+    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+        xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+}
+
+/// Window managers that draw light and dark frames read this property to choose.
+void askForDarkFrame(xcb_connection_t *connection, xcb_window_t window)
+{
+    constexpr std::string_view variant = "dark";
+    const auto property = askForAtom(connection, "_GTK_THEME_VARIANT");
+    const auto type = askForAtom(connection, "UTF8_STRING");
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, atom(connection, property),
+                        atom(connection, type), 8, uint32_t(variant.size()), variant.data());
+}
+
+} // namespace
+
+void prepareWindow(QWidget &window)
+{
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 && x11->connection()) // the offscreen platform has the one without the other
+        askForDarkFrame(x11->connection(), xcb_window_t(window.winId()));
+}
+
+int titleBarHeight(const QWidget &)
+{
+    return 0;
+}
+
+void bringToFront(QWidget &window)
+{
+    window.raise();
+    window.activateWindow();
+}

@@ -1,0 +1,80 @@
+#include "SettingsWindow/DetailHero.h"
+
+#include "Platform/AccessibleRole.h"
+#include "Platform/Palette.h"
+#include "Platform/Symbol.h"
+#include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/Painting.h"
+#include "SettingsWindow/Components/Tokens.h"
+#include "SettingsWindow/SectionPane.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <cmath>
+#include <numbers>
+
+namespace
+{
+
+constexpr int tileSize = 74;
+constexpr int symbolPointSize = 34;
+constexpr int topPadding = 24 + 8; ///< the page's and the heading's own, which the tile's shadow reaches into
+constexpr int bottomPadding = 4;
+constexpr int spacing = 12;
+constexpr int subtitleMaximumWidth = 480;
+constexpr qreal shadowRadius = 10;
+constexpr qreal shadowOffset = 4;
+constexpr qreal shadowOpacity = 0.35;
+
+/// The blurred shadow of a disc: as a blur does it, its edge falls off like the integral of a bell curve.
+void drawShadow(QPainter &painter, const QRectF &disc, QColor color)
+{
+    const qreal radius = disc.width() / 2;
+    const qreal reach = radius + 2.5 * shadowRadius;
+    QRadialGradient gradient(disc.center(), reach);
+    constexpr int steps = 24;
+    for (int i = 0; i <= steps; ++i) {
+        const qreal share = qreal(i) / steps;
+        const qreal beyondEdge = (share * reach - radius) / shadowRadius;
+        color.setAlphaF(
+            float(i == steps ? 0 : shadowOpacity * std::erfc(beyondEdge / std::numbers::sqrt2) / 2));
+        gradient.setColorAt(share, color);
+    }
+    QRectF reached(0, 0, 2 * reach, 2 * reach);
+    reached.moveCenter(disc.center());
+    painter.fillRect(reached, gradient);
+}
+
+} // namespace
+
+DetailHero::DetailHero(SettingsSection section, QWidget *parent) : QWidget(parent), m_section(section)
+{
+    auto *title = new Label(rawValue(section), TextStyle::size22Semibold);
+    setAccessibleRole(title, QAccessible::Heading);
+    auto *purpose = new WrappedLabel(subtitle(section), TextStyle::size13, TextColor::secondary,
+                                     WrappedLabel::Lines::balancedCentred);
+    purpose->setMaximumWidth(subtitleMaximumWidth);
+    auto *centred = new QHBoxLayout;
+    centred->addStretch(1);
+    centred->addWidget(purpose, subtitleMaximumWidth);
+    centred->addStretch(1);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, topPadding + tileSize + spacing, 0, bottomPadding);
+    layout->setSpacing(spacing);
+    layout->addWidget(title, 0, Qt::AlignHCenter);
+    layout->addLayout(centred);
+}
+
+void DetailHero::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const QRectF tile((width() - tileSize) / 2.0, topPadding, tileSize, tileSize);
+    const QColor tint = color(::tint(m_section));
+    drawShadow(painter, tile.translated(0, shadowOffset), tint);
+    QPainterPath circle;
+    circle.addEllipse(tile);
+    fill(painter, circle, tintGradient(tile, tint));
+    drawSymbol(painter, symbol(m_section), tile, symbolPointSize, Qt::white);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "SettingsWindow/SettingsSection.h"
+
+#include <QWidget>
+
+/// A page's heading: its symbol on a large round tile, its title, and what it is for.
+class DetailHero : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit DetailHero(SettingsSection section, QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    SettingsSection m_section;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "SettingsWindow/SettingsSection.h"
+
+#include <QScrollArea>
+
+class SectionContent;
+
+QString symbol(SettingsSection section);   ///< of the page's tile in the sidebar and the heading
+QString subtitle(SettingsSection section); ///< what the page is for, below its heading
+
+/// The frame of every page: the heading, and the page's content below it; it scrolls when it is high. Heard
+/// as a panel named like the page.
+class SectionPane : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// The content belongs to the pane from here on.
+    explicit SectionPane(SettingsSection section, SectionContent *content, QWidget *parent = nullptr);
+
+    SectionContent *content() const { return m_content; }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    SectionContent *m_content;
+};

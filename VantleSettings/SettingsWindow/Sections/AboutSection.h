@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Platform/Bundle.h"
+#include "SettingsWindow/SectionContent.h"
+
+/// The About page: what the program is, its version, and the files that it and the agent share.
+class AboutSection : public SectionContent
+{
+    Q_OBJECT
+
+public:
+    explicit AboutSection(const Bundle &bundle = Bundle::main(), QWidget *parent = nullptr);
+
+    /// The bundle's version, or "dev" where it has none.
+    static QString version(const Bundle &bundle);
+};

@@ -1,0 +1,181 @@
+#include "SettingsWindow/Sections/GeneralSection.h"
+
+#include "AgentBridge/AgentBridge.h"
+#include "LaunchAgent/LaunchAgent.h"
+#include "Persistence/Persistence.h"
+#include "Platform/FontRegistry.h"
+#include "Platform/Seam.h"
+#include "SettingsWindow/Components/Picker.h"
+#include "SettingsWindow/Components/SettingsGroup.h"
+#include "SettingsWindow/Components/SettingsRow.h"
+#include "SettingsWindow/Components/Switch.h"
+#include "SettingsWindow/Sections/ShortcutsGroup.h"
+#include "SettingsWindow/SettingsModel.h"
+
+#include <QAccessible>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QString label(TypefaceOption option)
+{
+    return option == TypefaceOption::system ? u"System (SF Pro)"_s : u"JetBrains Mono"_s;
+}
+
+QString label(TerminalBackendOption option)
+{
+    return option == TerminalBackendOption::iterm ? u"iTerm2"_s : u"Vantle Terminal"_s;
+}
+
+bool isTypefaceAvailable(TypefaceOption option)
+{
+    return option == TypefaceOption::system || Seam<FontRegistry>::current().has(u"JetBrainsMono-Regular"_s);
+}
+
+QStringList typefaceEntries()
+{
+    QStringList entries;
+    for (const TypefaceOption option : allTypefaceOptions)
+        entries << (isTypefaceAvailable(option) ? label(option) : label(option) + u" — not installed"_s);
+    return entries;
+}
+
+QStringList terminalEntries()
+{
+    QStringList entries;
+    for (const TerminalBackendOption option : allTerminalBackendOptions)
+        entries << label(option);
+    return entries;
+}
+
+QString typefaceSubtitle(TypefaceOption typeface)
+{
+    if (isTypefaceAvailable(typeface))
+        return u"Used for every label rendered by the notch overlay."_s;
+    return u"Install "_s + label(typeface) + u" to enable. The agent falls back to SF Pro when missing."_s;
+}
+
+/// A listener that saw the switch asked still believes that it moved; it is told where the switch stands.
+void announceState(Switch &fellBack)
+{
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(&fellBack, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace
+
+GeneralSection::GeneralSection(SettingsModel &model, QWidget *parent) : SectionContent(parent), m_model(model)
+{
+    addAgentGroup();
+    addRecordingGroup();
+    addUpdatesGroup();
+    add(new ShortcutsGroup(model));
+}
+
+void GeneralSection::addAgentGroup()
+{
+    auto *launch = new Switch;
+    auto *typeface = new Picker;
+    auto *terminal = new Picker;
+    auto *typefaceRow = new SettingsRow({.icon = u"textformat"_s,
+                                         .tint = SystemColor::indigo,
+                                         .title = u"Typeface"_s,
+                                         .subtitle = typefaceSubtitle(m_model.typeface),
+                                         .accessory = typeface});
+    add(new SettingsGroup(
+        {},
+        {new SettingsRow({.icon = u"power"_s,
+                          .tint = SystemColor::green,
+                          .title = u"Launch at Login"_s,
+                          .subtitle = u"Keep the notification agent running via launchd."_s,
+                          .accessory = launch}),
+         new SettingsRowDivider, typefaceRow, new SettingsRowDivider,
+         new SettingsRow({.icon = u"terminal.fill"_s,
+                          .tint = SystemColor::teal,
+                          .title = u"Terminal"_s,
+                          .subtitle = u"Which terminal the agent focuses, lists, and launches sessions in."_s,
+                          .accessory = terminal})}));
+
+    terminal->setEntries(terminalEntries());
+    connect(launch, &Switch::requested, this, [this, launch](bool on) { setLaunchAtLogin(on, *launch); });
+    connect(typeface, &Picker::activated, this,
+            [this](int index) { m_model.setTypeface(allTypefaceOptions[size_t(index)]); });
+    connect(terminal, &Picker::activated, this,
+            [this](int index) { m_model.setTerminalBackend(allTerminalBackendOptions[size_t(index)]); });
+    renderPage(m_model, [=, this] {
+        launch->setChecked(m_model.launchAtLogin);
+        typeface->setEntries(typefaceEntries());
+        typeface->setCurrentIndex(int(m_model.typeface.value()));
+        typefaceRow->setSubtitle(typefaceSubtitle(m_model.typeface));
+        terminal->setCurrentIndex(int(m_model.terminalBackend.value()));
+    });
+}
+
+void GeneralSection::addRecordingGroup()
+{
+    auto *recording = new Switch;
+    add(new SettingsGroup(
+        {.header = u"Recording"_s,
+         .footer =
+             u"Fills the notch overlay window with chroma magenta (#FF00FF) so a screen recording can be "
+             u"chroma-keyed in post into a transparent APNG. Magenta is used instead of green so the UI's "
+             u"mint accents and progress bars survive the key. Use rust/scripts/record-marketing-scenes.sh "
+             u"to drive every demo scene through capture, key, and APNG export."_s},
+        {new SettingsRow({.icon = u"video.fill"_s,
+                          .tint = SystemColor::pink,
+                          .title = u"Marketing Recording Mode"_s,
+                          .subtitle =
+                              u"Render the overlay on solid magenta so it can be keyed for transparent "
+                              u"marketing footage."_s,
+                          .accessory = recording})}));
+    connect(recording, &Switch::requested, this, &GeneralSection::setGreenScreen);
+    renderPage(m_model, [=, this] { recording->setChecked(m_model.greenScreen); });
+}
+
+void GeneralSection::addUpdatesGroup()
+{
+    auto *updates = new Switch;
+    add(new SettingsGroup({.header = u"Updates"_s},
+                          {new SettingsRow({.icon = u"arrow.down.app.fill"_s,
+                                            .tint = SystemColor::blue,
+                                            .title = u"Automatic Updates"_s,
+                                            .subtitle = u"Let the standalone updater check for signed Vantle "
+                                                        u"releases in the background."_s,
+                                            .accessory = updates})}));
+    connect(updates, &Switch::requested, this, &GeneralSection::setAutomaticUpdates);
+    renderPage(m_model, [=, this] { updates->setChecked(m_model.automaticUpdates); });
+}
+
+void GeneralSection::setLaunchAtLogin(bool on, Switch &shownIn)
+{
+    if (on)
+        LaunchAgent::load();
+    else
+        LaunchAgent::unload();
+    m_model.launchAtLogin = LaunchAgent::isLoaded();
+    if (m_model.launchAtLogin != on)
+        announceState(shownIn);
+}
+
+void GeneralSection::setGreenScreen(bool on)
+{
+    if (on == m_model.greenScreen)
+        return;
+    Persistence::saveGreenScreen(on);
+    m_model.greenScreen = on;
+    AgentBridge::fireAndForget(u"/settings/reload-green-screen"_s);
+}
+
+void GeneralSection::setAutomaticUpdates(bool on)
+{
+    if (on == m_model.automaticUpdates)
+        return;
+    // The address is the updater's; it is read anew so that one written meanwhile survives.
+    const auto manifestURL = Persistence::loadUpdatesConfig().manifestURL;
+    Persistence::saveUpdatesConfig({.automatic = on, .manifestURL = manifestURL});
+    m_model.automaticUpdates = on;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "SettingsWindow/SectionContent.h"
+
+class SettingsModel;
+class Switch;
+
+/// The General page: how the agent is launched, drawn and updated, and its shortcuts.
+class GeneralSection : public SectionContent
+{
+    Q_OBJECT
+
+public:
+    explicit GeneralSection(SettingsModel &model, QWidget *parent = nullptr);
+
+private:
+    void addAgentGroup();
+    void addRecordingGroup();
+    void addUpdatesGroup();
+
+    void setLaunchAtLogin(bool on, Switch &shownIn);
+    void setGreenScreen(bool on);
+    void setAutomaticUpdates(bool on);
+
+    SettingsModel &m_model;
+};

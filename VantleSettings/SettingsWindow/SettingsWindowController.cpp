@@ -1,0 +1,98 @@
+#include "SettingsWindow/SettingsWindowController.h"
+
+#include "Platform/WindowChrome.h"
+#include "Platform/WindowFrame.h"
+#include "SettingsWindow/Components/Tokens.h"
+#include "SettingsWindow/SettingsModel.h"
+#include "SettingsWindow/SettingsRootView.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QWindow>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr QSize initialSize(860, 640);
+constexpr QSize minimumSize(780, 540);
+constexpr QLatin1String frameName("VantleSettingsWindow");
+
+} // namespace
+
+SettingsNSWindow::SettingsNSWindow(QWidget *parent) : QMainWindow(parent)
+{
+}
+
+void SettingsNSWindow::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    if (!std::exchange(m_isClosing, true))
+        Q_EMIT willClose();
+}
+
+// A press reaches the window only where no control took it.
+void SettingsNSWindow::mousePressEvent(QMouseEvent *event)
+{
+    m_pressed.reset();
+    if (event->button() == Qt::LeftButton)
+        m_pressed = event->globalPosition().toPoint();
+}
+
+void SettingsNSWindow::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!m_pressed)
+        return;
+    const QPoint way = event->globalPosition().toPoint() - *m_pressed;
+    if (way.manhattanLength() < QApplication::startDragDistance())
+        return;
+    m_pressed.reset();
+    windowHandle()->startSystemMove();
+}
+
+void SettingsNSWindow::mouseReleaseEvent(QMouseEvent *)
+{
+    m_pressed.reset();
+}
+
+SettingsWindowController::SettingsWindowController(SettingsSection initialSection, SettingsModel &model)
+    : m_window(std::make_unique<SettingsNSWindow>())
+{
+    model.section = initialSection;
+    m_window->setWindowTitle(u"Vantle Settings"_s);
+    m_window->setMinimumSize(minimumSize);
+    m_window->resize(initialSize);
+    QPalette palette = m_window->palette();
+    palette.setColor(QPalette::Window, Tokens::windowBackground);
+    m_window->setPalette(palette);
+    prepareWindow(*m_window);
+    restoreWindowFrame(*m_window, frameName);
+    connect(m_window.get(), &SettingsNSWindow::willClose, this, &SettingsWindowController::windowWillClose);
+    m_window->setCentralWidget(new SettingsRootView(model, titleBarHeight(*m_window)));
+}
+
+SettingsWindowController::~SettingsWindowController() = default;
+
+void SettingsWindowController::showWindow()
+{
+    if (m_window->isMinimized())
+        m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    m_window->show();
+    bringToFront(*m_window);
+}
+
+bool SettingsWindowController::isVisible() const
+{
+    return m_window->isVisible() && !m_window->isMinimized();
+}
+
+void SettingsWindowController::windowWillClose()
+{
+    saveWindowFrame(*m_window, frameName);
+    if (onWindowClose)
+        onWindowClose();
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "SettingsWindow/SettingsSection.h"
+
+#include <QMainWindow>
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class SettingsModel;
+
+/// The window itself: dragging its empty background moves it, and it tells when it closes.
+class SettingsNSWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsNSWindow(QWidget *parent = nullptr);
+
+Q_SIGNALS:
+    /// The window is about to close for good, by whatever way; sent once.
+    void willClose();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    std::optional<QPoint> m_pressed; ///< where empty background was pressed, on the screen
+    bool m_isClosing = false;
+};
+
+/// Makes the one settings window, remembers its frame between runs, and reports its closing.
+class SettingsWindowController : public QObject
+{
+    Q_OBJECT
+
+public:
+    SettingsWindowController(SettingsSection initialSection, SettingsModel &model);
+    ~SettingsWindowController() override;
+
+    /// Called once, when the window closes.
+    std::function<void()> onWindowClose;
+
+    /// Shows the window in front of all others, with the keys.
+    void showWindow();
+
+    /// Whether the window can be seen: open and not minimised.
+    bool isVisible() const;
+
+    SettingsNSWindow &window() const { return *m_window; }
+
+private:
+    void windowWillClose();
+
+    std::unique_ptr<SettingsNSWindow> m_window;
+};

@@ -1,0 +1,123 @@
+#include "SettingsWindow/Sidebar.h"
+
+#include "Platform/Palette.h"
+#include "SettingsWindow/Components/Painting.h"
+#include "SettingsWindow/Components/SidebarIcon.h"
+#include "SettingsWindow/Components/Tokens.h"
+#include "SettingsWindow/SectionPane.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int entryGap = 2;
+
+SettingsSection sectionOf(const QModelIndex &index)
+{
+    return allSettingsSections[size_t(index.row())];
+}
+
+/// Draws an entry: tile and title on a rounded rectangle that shows hover, selection and focus.
+class EntryDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const override
+    {
+        return {0, Tokens::sidebarEntryHeight + entryGap};
+    }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const QRectF entry = QRectF(option.rect)
+                                 .adjusted(Tokens::sidebarEntryInset, entryGap / 2.0,
+                                           -Tokens::sidebarEntryInset, -entryGap / 2.0);
+        const QPainterPath shape = continuousRectangle(entry, Tokens::sidebarEntryRadius);
+        if (option.state & QStyle::State_Selected)
+            fill(*painter, shape, Tokens::sidebarSelection);
+        else if (option.state & QStyle::State_MouseOver)
+            fill(*painter, shape, Tokens::sidebarHover);
+        if (option.state & QStyle::State_HasFocus && option.state & QStyle::State_KeyboardFocusChange)
+            drawFocusRing(*painter, entry);
+
+        const bool mirrored = option.direction == Qt::RightToLeft;
+        QRectF tile(0, 0, Tokens::iconTile, Tokens::iconTile);
+        tile.moveCenter(entry.center());
+        tile.moveLeft(mirrored ? entry.right() - Tokens::sidebarEntryGap - tile.width()
+                               : entry.left() + Tokens::sidebarEntryGap);
+        drawSidebarIcon(*painter, tile, symbol(sectionOf(index)), tint(sectionOf(index)));
+        const qreal inset = 2 * Tokens::sidebarEntryGap + tile.width();
+        const QRectF text = mirrored ? entry.adjusted(Tokens::sidebarEntryGap, 0, -inset, 0)
+                                     : entry.adjusted(inset, 0, -Tokens::sidebarEntryGap, 0);
+        const QString title = index.data().toString();
+        painter->setFont(textFont(TextStyle::size13Medium));
+        painter->setPen(textColor(TextColor::primary));
+        painter->drawText(text, (mirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter,
+                          painter->fontMetrics().elidedText(title, Qt::ElideRight, int(text.width())));
+    }
+
+private:
+    static void drawFocusRing(QPainter &painter, const QRectF &entry)
+    {
+        QColor ring = accentColor();
+        ring.setAlphaF(Tokens::focusRingOpacity);
+        const qreal half = Tokens::focusRingWidth / 2.0;
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(ring, Tokens::focusRingWidth));
+        painter.drawPath(
+            continuousRectangle(entry.adjusted(half, half, -half, -half), Tokens::sidebarEntryRadius - half));
+        painter.restore();
+    }
+};
+
+} // namespace
+
+Sidebar::Sidebar(int topMargin, QWidget *parent) : QListWidget(parent)
+{
+    setAccessibleName(u"Sections"_s);
+    setFrameShape(QFrame::NoFrame);
+    setFixedWidth(Tokens::sidebarWidth - 1); // the separator beside it is the last point
+    setViewportMargins(0, topMargin + Tokens::sidebarEntryInset, 0, 0);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setUniformItemSizes(true);
+    setMouseTracking(true);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setItemDelegate(new EntryDelegate(this));
+    QPalette colors = palette();
+    colors.setColor(QPalette::Base, Tokens::sidebarBackground);
+    colors.setColor(QPalette::Window, Tokens::sidebarBackground);
+    setPalette(colors);
+    setAutoFillBackground(true);
+    for (const SettingsSection section : allSettingsSections)
+        addItem(rawValue(section));
+    connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (row >= 0)
+            Q_EMIT selectionMoved(selection());
+    });
+}
+
+SettingsSection Sidebar::selection() const
+{
+    return sectionOf(currentIndex());
+}
+
+void Sidebar::select(SettingsSection section)
+{
+    setCurrentRow(int(section));
+}
+
+void Sidebar::mousePressEvent(QMouseEvent *event)
+{
+    // The space around the entries is the window's background, by which it can be moved.
+    if (indexAt(event->position().toPoint()).isValid())
+        QListWidget::mousePressEvent(event);
+    else
+        event->ignore();
+}

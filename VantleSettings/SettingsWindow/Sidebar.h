@@ -1,0 +1,25 @@
+#pragma once
+
+#include "SettingsWindow/SettingsSection.h"
+
+#include <QListWidget>
+
+/// The list of pages beside the page.
+class Sidebar : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    /// `topMargin` is the height of the strip above the first entry, in points.
+    explicit Sidebar(int topMargin, QWidget *parent = nullptr);
+
+    SettingsSection selection() const;
+    void select(SettingsSection section);
+
+Q_SIGNALS:
+    /// Another entry is selected, by the user or by `select`.
+    void selectionMoved(SettingsSection section);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+};

@@ -1,0 +1,80 @@
+#include "AppDelegate/SettingsAppDelegate.h"
+#include "FakeFonts.h"
+#include "Finding.h"
+#include "OutsideWorld.h"
+#include "SettingsWindow/SettingsWindowController.h"
+#include "SettingsWindow/Sidebar.h"
+
+#include <QMenuBar>
+#include <QPointer>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class AppDelegate : public testing::Test
+{
+protected:
+    AppDelegate()
+    {
+        QObject::connect(&delegate, &SettingsAppDelegate::terminate, [this] { ++terminations; });
+    }
+
+    int terminations = 0;
+    OutsideWorld world;
+    FakeFonts fonts;
+    SettingsAppDelegate delegate;
+};
+
+TEST_F(AppDelegate, HasNoControllerBeforeItHasLaunched)
+{
+    EXPECT_EQ(delegate.controller(), nullptr);
+    EXPECT_TRUE(delegate.applicationShouldHandleReopen(false));
+}
+
+TEST_F(AppDelegate, LaunchesWithOneWindowOnTheGeneralPageWithItsMenus)
+{
+    delegate.applicationDidFinishLaunching();
+    ASSERT_TRUE(delegate.controller());
+    const SettingsNSWindow &window = delegate.controller()->window();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.findChild<Sidebar *>()->selection(), SettingsSection::general);
+    EXPECT_EQ(window.menuWidget()->actions().size(), 3);
+}
+
+TEST_F(AppDelegate, ClosingTheWindowDropsTheControllerAndTerminates)
+{
+    delegate.applicationDidFinishLaunching();
+    const QPointer<SettingsNSWindow> window(&delegate.controller()->window());
+    window->close();
+    EXPECT_EQ(delegate.controller(), nullptr);
+    EXPECT_EQ(terminations, 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(window);
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(AppDelegate, AskedForAgainItBringsTheMinimisedWindowBack)
+{
+    delegate.applicationDidFinishLaunching();
+    delegate.controller()->window().showMinimized();
+    settle();
+    EXPECT_TRUE(delegate.applicationShouldHandleReopen(false));
+    settle();
+    EXPECT_FALSE(delegate.controller()->window().isMinimized());
+}
+
+TEST_F(AppDelegate, AskedForAgainItLeavesAVisibleWindowAlone)
+{
+    delegate.applicationDidFinishLaunching();
+    delegate.controller()->window().showMinimized();
+    settle();
+    EXPECT_TRUE(delegate.applicationShouldHandleReopen(true));
+    settle();
+    EXPECT_TRUE(delegate.controller()->window().isMinimized());
+}
+
+} // namespace

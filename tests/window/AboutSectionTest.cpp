@@ -1,0 +1,85 @@
+#include "SettingsWindow/Sections/AboutSection.h"
+
+#include "Finding.h"
+#include "HomeFiles.h"
+#include "Platform/Pasteboard.h"
+#include "Platform/Seam.h"
+#include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/PathRow.h"
+
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+struct FakePasteboard final : Pasteboard {
+    QStringList copied;
+
+    void setText(const QString &text) override { copied << text; }
+};
+
+/// What a row shows: its label and its path.
+QStringList texts(const PathRow &row)
+{
+    QStringList shown;
+    for (const Label *label : row.findChildren<Label *>())
+        shown << label->text();
+    return shown;
+}
+
+TEST(AboutSection, ShowsTheVersionOfTheBundle)
+{
+    EXPECT_EQ(AboutSection::version({.executablePath = {}, .resourceDirectory = {}, .version = u"2.7.1"_s}),
+              u"2.7.1"_s);
+    AboutSection page({.executablePath = {}, .resourceDirectory = {}, .version = u"2.7.1"_s});
+    EXPECT_TRUE(named<Label>(page, u"Settings helper · version 2.7.1"_s));
+}
+
+TEST(AboutSection, ABundleWithoutVersionIsDev)
+{
+    AboutSection page(Bundle{});
+    EXPECT_TRUE(named<Label>(page, u"Vantle"_s));
+    EXPECT_TRUE(named<Label>(page, u"Liquid-Glass notification overlays for Claude Code."_s));
+    EXPECT_TRUE(named<Label>(page, u"Settings helper · version dev"_s));
+}
+
+TEST(AboutSection, ListsThePathsInOrder)
+{
+    AboutSection page(
+        {.executablePath = u"/opt/vantle/bin/vantle-settings"_s, .resourceDirectory = {}, .version = {}});
+    const QString home = testHome();
+    QList<QStringList> shown;
+    for (const PathRow *row : page.findChildren<PathRow *>())
+        shown << texts(*row);
+    EXPECT_EQ(shown, (QList<QStringList>{
+                         {u"Settings Helper"_s, u"/opt/vantle/bin/vantle-settings"_s},
+                         {u"Sessions"_s, home + u"/.vantle/sessions.json"_s},
+                         {u"Browser Patterns"_s, home + u"/.claude/browser-patterns.json"_s},
+                         {u"Planning Config"_s, home + u"/.vantle/planning.json"_s},
+                         {u"Green-Screen Mode"_s, home + u"/.vantle/green-screen.json"_s},
+                         {u"Automatic Updates"_s, home + u"/.vantle/updates.json"_s},
+                         {u"LaunchAgent"_s, home + u"/Library/LaunchAgents/com.vantle.agent.plist"_s},
+                     }));
+}
+
+TEST(AboutSection, AnUnknownExecutableIsSaid)
+{
+    AboutSection page(Bundle{});
+    EXPECT_EQ(texts(*page.findChild<PathRow *>()), (QStringList{u"Settings Helper"_s, u"(unknown)"_s}));
+}
+
+TEST(AboutSection, CopyingPutsTheAbsolutePathOnThePasteboard)
+{
+    FakePasteboard pasteboard;
+    const Seam<Pasteboard>::Replacement replaced(pasteboard);
+    AboutSection page(Bundle{});
+    QTest::mouseClick(named<QPushButton>(page, u"Copy path of LaunchAgent"_s), Qt::LeftButton);
+    EXPECT_EQ(pasteboard.copied, QStringList{testHome() + u"/Library/LaunchAgents/com.vantle.agent.plist"_s});
+}
+
+} // namespace

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Platform/FontRegistry.h"
+#include "Platform/Seam.h"
+
+/// A machine on which every font is installed, or none.
+struct FakeFonts final : FontRegistry {
+    bool installed = true;
+
+    void add(const QString &) override {}
+    bool has(const QString &) override { return installed; }
+
+private:
+    Seam<FontRegistry>::Replacement m_seam{*this};
+};

@@ -1,0 +1,174 @@
+#include "FakeFonts.h"
+#include "Finding.h"
+#include "OutsideWorld.h"
+#include "SettingsWindow/DetailHero.h"
+#include "SettingsWindow/SectionContent.h"
+#include "SettingsWindow/SectionPane.h"
+#include "SettingsWindow/SettingsModel.h"
+#include "SettingsWindow/SettingsRootView.h"
+#include "SettingsWindow/Sidebar.h"
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class RootView : public testing::Test
+{
+protected:
+    RootView()
+    {
+        view.resize(860, 612);
+        view.show();
+        settle();
+    }
+
+    SectionPane *shownPane()
+    {
+        return qobject_cast<SectionPane *>(view.findChild<QStackedWidget *>()->currentWidget());
+    }
+    Sidebar &sidebar() { return *view.findChild<Sidebar *>(); }
+
+    OutsideWorld world;
+    FakeFonts fonts;
+    SettingsModel model;
+    SettingsRootView view{model, 0};
+};
+
+TEST_F(RootView, ListsTheFivePagesInOrder)
+{
+    QStringList titles;
+    for (int row = 0; row < sidebar().count(); ++row)
+        titles << sidebar().item(row)->text();
+    EXPECT_EQ(titles, (QStringList{u"General"_s, u"Planning"_s, u"Browser Patterns"_s, u"Data & Privacy"_s,
+                                   u"About"_s}));
+    EXPECT_EQ(sidebar().accessibleName(), u"Sections"_s);
+}
+
+TEST_F(RootView, StartsWithThePageThatTheModelHasSelected)
+{
+    EXPECT_EQ(sidebar().selection(), SettingsSection::general);
+    EXPECT_EQ(shownPane()->accessibleName(), u"General"_s);
+}
+
+TEST_F(RootView, ChoosingAnEntryChangesTheModelAndThePageAndNothingElse)
+{
+    world.takeRecord();
+    const QRect about = sidebar().visualItemRect(sidebar().item(4));
+    QTest::mouseClick(sidebar().viewport(), Qt::LeftButton, {}, about.center());
+    EXPECT_EQ(model.section, SettingsSection::about);
+    settle();
+    EXPECT_EQ(shownPane()->accessibleName(), u"About"_s);
+    EXPECT_TRUE(world.takeRecord().empty());
+}
+
+TEST_F(RootView, TheArrowKeysMoveThroughTheEntries)
+{
+    sidebar().setFocus();
+    QTest::keyClick(&sidebar(), Qt::Key_End);
+    settle();
+    EXPECT_EQ(model.section, SettingsSection::about);
+    QTest::keyClick(&sidebar(), Qt::Key_Up);
+    settle();
+    EXPECT_EQ(model.section, SettingsSection::data);
+}
+
+TEST_F(RootView, ASectionSetFromCodeMovesTheSidebarAndThePage)
+{
+    model.section = SettingsSection::about;
+    settle();
+    EXPECT_EQ(sidebar().selection(), SettingsSection::about);
+    EXPECT_EQ(shownPane()->accessibleName(), u"About"_s);
+}
+
+TEST_F(RootView, APageIsBuiltWhenItIsFirstShownAndKept)
+{
+    EXPECT_EQ(view.findChildren<SectionPane *>().size(), 1);
+    const SectionPane *general = shownPane();
+    model.section = SettingsSection::about;
+    settle();
+    EXPECT_EQ(view.findChildren<SectionPane *>().size(), 2);
+    model.section = SettingsSection::general;
+    settle();
+    EXPECT_EQ(shownPane(), general);
+    EXPECT_EQ(view.findChildren<SectionPane *>().size(), 2);
+}
+
+TEST_F(RootView, EveryPageHasItsHeading)
+{
+    for (const SettingsSection section : allSettingsSections) {
+        model.section = section;
+        settle();
+        const SectionPane &pane = *shownPane();
+        EXPECT_EQ(pane.accessibleName(), rawValue(section));
+        EXPECT_EQ(pane.accessibleDescription(), subtitle(section));
+        QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(const_cast<SectionPane *>(&pane));
+        EXPECT_EQ(heard->role(), QAccessible::Pane);
+        const auto *hero = pane.findChild<DetailHero *>();
+        ASSERT_TRUE(hero);
+        const auto *title = named<QLabel>(*hero, rawValue(section));
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(const_cast<QLabel *>(title))->role(),
+                  QAccessible::Heading);
+    }
+}
+
+TEST_F(RootView, ThePageFillsTheWidthBetweenItsPaddings)
+{
+    const auto *content = shownPane()->content();
+    const int left = content->mapTo(shownPane(), QPoint()).x();
+    EXPECT_EQ(left, 32);
+    EXPECT_EQ(shownPane()->viewport()->width() - left - content->width(), 32);
+}
+
+TEST_F(RootView, NothingMakesItWiderThanTheLeastWindow)
+{
+    for (const SettingsSection section : allSettingsSections) {
+        model.section = section;
+        settle();
+    }
+    EXPECT_LE(view.minimumSizeHint().width(), 780);
+    EXPECT_LE(view.minimumSizeHint().height(), 500);
+    view.resize(780, 500);
+    settle();
+    EXPECT_EQ(shownPane()->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST(DetailHero, ALongSubtitleWrapsWithinItsWidthAndIsShownWhole)
+{
+    DetailHero hero(SettingsSection::data);
+    hero.resize(800, hero.heightForWidth(800));
+    hero.show();
+    settle();
+    const auto *purpose = named<QLabel>(hero, subtitle(SettingsSection::data));
+    EXPECT_LE(purpose->width(), 480);
+    EXPECT_GE(purpose->height(), purpose->heightForWidth(purpose->width()));
+    EXPECT_GT(purpose->height(), 2 * purpose->fontMetrics().height() - 4);
+    EXPECT_LE(purpose->geometry().bottom(), hero.height() - 4);
+}
+
+TEST(SectionPane, ScrollsByThePageKeysThatNoControlNeeds)
+{
+    auto *content = new SectionContent;
+    auto *high = new QWidget;
+    high->setFixedHeight(3000);
+    content->add(high);
+    SectionPane pane(SettingsSection::about, content);
+    pane.resize(600, 500);
+    pane.show();
+    settle();
+    QTest::keyClick(content, Qt::Key_PageDown);
+    EXPECT_GT(pane.verticalScrollBar()->value(), 300);
+    QTest::keyClick(content, Qt::Key_End);
+    EXPECT_EQ(pane.verticalScrollBar()->value(), pane.verticalScrollBar()->maximum());
+    QTest::keyClick(content, Qt::Key_Home);
+    EXPECT_EQ(pane.verticalScrollBar()->value(), 0);
+}
+
+} // namespace

@@ -1,0 +1,113 @@
+#include "FakeFonts.h"
+#include "Finding.h"
+#include "OutsideWorld.h"
+#include "SettingsWindow/SettingsModel.h"
+#include "SettingsWindow/SettingsWindowController.h"
+#include "SettingsWindow/Sidebar.h"
+
+#include <QAccessible>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class WindowController : public testing::Test
+{
+protected:
+    WindowController()
+    {
+        controller.onWindowClose = [this] { ++closed; };
+        controller.showWindow();
+        settle();
+    }
+
+    int closed = 0;
+    OutsideWorld world;
+    FakeFonts fonts;
+    SettingsModel model;
+    SettingsWindowController controller{SettingsSection::general, model};
+    SettingsNSWindow &window = controller.window();
+};
+
+TEST_F(WindowController, StartsAtItsFirstSizeAndNeverGetsSmallerThanTheLeast)
+{
+    EXPECT_EQ(window.size(), QSize(860, 640));
+    EXPECT_EQ(window.minimumSize(), QSize(780, 540));
+    window.resize(100, 100);
+    EXPECT_EQ(window.size(), QSize(780, 540));
+}
+
+TEST_F(WindowController, IsHeardAsAWindowThatIsAlwaysCalledTheSame)
+{
+    model.section = SettingsSection::about;
+    settle();
+    EXPECT_EQ(window.windowTitle(), u"Vantle Settings"_s);
+    const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&window);
+    EXPECT_EQ(heard->role(), QAccessible::Window);
+    EXPECT_EQ(heard->text(QAccessible::Name), u"Vantle Settings"_s);
+}
+
+TEST_F(WindowController, IsBlackBehindItsContentOnLightDesktopsToo)
+{
+    const QImage picture = window.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(220, window.height() - 3), QColor(Qt::black));
+    EXPECT_EQ(picture.pixelColor(3, window.height() - 3), QColor(0x16, 0x16, 0x18));
+}
+
+TEST_F(WindowController, TellsExactlyOnceThatItCloses)
+{
+    window.close();
+    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(window.isVisible());
+    window.close();
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(WindowController, ClosesQuietlyWhenNobodyListens)
+{
+    controller.onWindowClose = nullptr;
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(WindowController, SavesItsFrameWhenItCloses)
+{
+    window.setGeometry(30, 20, 785, 545);
+    window.close();
+    const auto saved = world.file(u".local/state/vantle-settings/window"_s);
+    ASSERT_TRUE(saved);
+    EXPECT_TRUE(saved->startsWith("VantleSettingsWindow=785x545+")) << saved->toStdString();
+}
+
+TEST_F(WindowController, ComesBackFromBeingMinimised)
+{
+    window.showMinimized();
+    settle();
+    EXPECT_FALSE(controller.isVisible());
+    controller.showWindow();
+    settle();
+    EXPECT_TRUE(controller.isVisible());
+}
+
+TEST_F(WindowController, GivesTheKeysToTheSidebarAtFirst)
+{
+    EXPECT_EQ(window.focusWidget(), window.findChild<Sidebar *>());
+}
+
+TEST(WindowControllerStart, SelectsItsInitialSection)
+{
+    OutsideWorld world;
+    FakeFonts fonts;
+    SettingsModel model;
+    int announced = 0;
+    QObject::connect(&model, &Observable::objectWillChange, [&] { ++announced; });
+    const SettingsWindowController controller(SettingsSection::about, model);
+    EXPECT_EQ(model.section, SettingsSection::about);
+    EXPECT_EQ(announced, 1);
+}
+
+} // namespace
