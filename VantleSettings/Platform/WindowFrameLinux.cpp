@@ -54,10 +54,13 @@ void restoreWindowFrame(QWidget &window, const QString &name)
     frame.size = frame.size.expandedTo(window.minimumSize());
     const QRect place = frame.placed(availableScreens());
     window.resize(place.size().expandedTo(window.minimumSize()));
-    // The origin is the frame's; for a window that the system has made already, moving means its client area.
-    window.winId();
-    if (windowsHaveOrigins())
+    if (windowsHaveOrigins()) {
+        window.move(place.topLeft());
+        // For a window that the system has made already, moving means its client area; the origin is the
+        // frame's.
+        window.winId();
         window.windowHandle()->setFramePosition(place.topLeft());
+    }
     if (frame.maximized)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
