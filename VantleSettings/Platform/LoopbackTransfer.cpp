@@ -18,7 +18,7 @@ namespace
 // request never loses its time to us.
 constexpr int ticksOfPatience = 3;
 constexpr int silentTick = 500;  // ms: 1.5 s until a silent listener is given up
-constexpr int answeredTick = 30; // ms: a listener that has begun to answer should close; few don't
+constexpr int answeredTick = 30; // ms: what has been answered needs no patience, only time to close
 
 bool mustWait(int error)
 {

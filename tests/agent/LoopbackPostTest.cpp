@@ -112,8 +112,8 @@ TEST_P(LoopbackPostFaults, ReachesTheAgentOnce)
 INSTANTIATE_TEST_SUITE_P(LoopbackPost, LoopbackPostFaults,
                          testing::Values(Behaviour::answers, Behaviour::keepsOpen, Behaviour::answersGarbage,
                                          Behaviour::answersEndlessly, Behaviour::closesUnread),
-                         [](const auto &info) {
-                             switch (info.param) {
+                         [](const auto &fault) {
+                             switch (fault.param) {
                              case Behaviour::keepsOpen:
                                  return "KeepsOpen";
                              case Behaviour::answersGarbage:
