@@ -138,6 +138,7 @@ TEST_F(PatternsEditorTest, TabMovesOn)
 
 TEST_F(PatternsEditorTest, AnUntouchedEditorHasNoWorkToHandOver)
 {
+    EXPECT_EQ(editor->takeWork(), nullptr);
     editor->setText(lines(20));
     EXPECT_EQ(editor->takeWork(), nullptr);
 }

@@ -6,6 +6,7 @@
 #include "SettingsWindow/Components/Tokens.h"
 
 #include <QPainter>
+#include <QShortcut>
 
 namespace
 {
@@ -57,6 +58,13 @@ void IconButton::paintEvent(QPaintEvent *)
     if (underMouse() && isEnabled())
         fill(painter, continuousRectangle(rect(), Tokens::buttonRadius), Tokens::quaternaryFill);
     drawSymbol(painter, m_symbol, rect(), m_pointSize, textColor(TextColor::secondary));
+}
+
+void clickOn(const QKeySequence &keys, QPushButton *button)
+{
+    auto *shortcut = new QShortcut(keys, button);
+    shortcut->setAutoRepeat(false);
+    QObject::connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
 }
 
 LinkButton::LinkButton(const QString &text, QWidget *parent) : QPushButton(withoutMnemonics(text), parent)

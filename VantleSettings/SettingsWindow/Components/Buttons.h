@@ -39,6 +39,10 @@ private:
     qreal m_pointSize;
 };
 
+/// Lets a key combination click this button while it is shown and enabled: at once, where the button's own
+/// shortcut would show it pressed for a moment first, in which the window may close.
+void clickOn(const QKeySequence &keys, QPushButton *button);
+
 /// A text in the accent colour that acts.
 class LinkButton : public QPushButton
 {

@@ -42,6 +42,7 @@ PatternsEditor::PatternsEditor(QWidget *parent) : QPlainTextEdit(parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     viewport()->setAutoFillBackground(false);
     document()->setDocumentMargin(0);
+    document()->clearUndoRedoStacks(); // which count the margin
     connect(this, &QPlainTextEdit::textChanged, this, &PatternsEditor::readText);
     fitHeight();
 }

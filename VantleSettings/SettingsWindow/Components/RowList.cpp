@@ -1,5 +1,6 @@
 #include "SettingsWindow/Components/RowList.h"
 
+#include "Platform/AccessibleRole.h"
 #include "SettingsWindow/Components/SettingsRow.h"
 
 #include <QEvent>
@@ -9,7 +10,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <numeric>
+#include <iterator>
 #include <utility>
 
 namespace
@@ -34,8 +35,12 @@ bool holds(const QWidget *row, const QWidget *widget)
 
 } // namespace
 
-RowList::RowList(Rows rows, QWidget *parent) : QWidget(parent), m_make(std::move(rows))
+RowList::RowList(Rows rows, QWidget *parent)
+    : QWidget(parent), m_make(std::move(rows)), m_start(new QWidget(this))
 {
+    m_start->setFocusPolicy(Qt::TabFocus);
+    m_start->hide();
+    markAsDecoration(m_start);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
@@ -186,12 +191,12 @@ void RowList::bringIntoBeing()
 void RowList::makeRow(qsizetype index)
 {
     QWidget *widget = m_make.make(index, this);
-    m_rows.emplace(index, Row{widget, nullptr});
+    const auto row = m_rows.emplace(index, Row{widget, nullptr}).first;
     widget->setGeometry(0, top(index), width(), m_heights[size_t(index)]);
-    const auto next = m_rows.upper_bound(index);
+    const auto next = std::next(row);
     if (next != m_rows.end())
         widget->stackUnder(next->second.widget); // the order in which the rows are heard
-    chainFocus(index);
+    chainFocus(row);
     m_make.show(widget, index);
     widget->show();
 }
@@ -238,24 +243,11 @@ void RowList::place()
     }
 }
 
-/// Puts a new row's control where Tab expects it: behind the control before it.
-void RowList::chainFocus(qsizetype index)
+/// Puts a new row's control where Tab expects it: behind that of the row before it.
+void RowList::chainFocus(std::map<qsizetype, Row>::iterator row)
 {
-    if (QWidget *before = controlBefore(index))
-        setTabOrder(before, controlOf(m_rows.at(index).widget));
-}
-
-QWidget *RowList::controlBefore(qsizetype index) const
-{
-    const auto row = m_rows.find(index);
-    if (row != m_rows.begin())
-        return controlOf(std::prev(row)->second.widget);
-    for (QWidget *widget = previousInFocusChain(); widget && widget != this;
-         widget = widget->previousInFocusChain()) {
-        if (widget->focusPolicy() != Qt::NoFocus && !isAncestorOf(widget))
-            return widget;
-    }
-    return nullptr;
+    QWidget *before = row == m_rows.begin() ? m_start : controlOf(std::prev(row)->second.widget);
+    setTabOrder(before, controlOf(row->second.widget));
 }
 
 bool RowList::event(QEvent *event)

@@ -78,10 +78,10 @@ private:
     void dropOutside(Range range);
     void discard(const Row &row);
     void place();
-    void chainFocus(qsizetype index);
-    QWidget *controlBefore(qsizetype index) const;
+    void chainFocus(std::map<qsizetype, Row>::iterator row);
 
     Rows m_make;
+    QWidget *m_start; ///< never seen; it marks where in the order of Tab the rows begin
     std::vector<QUuid> m_ids;
     std::vector<int> m_heights; ///< of rows without their dividers
     std::vector<int> m_tops{0}; ///< of every row and of the end

@@ -66,7 +66,7 @@ RowList *BrowserPatternsSection::projectRows()
 QWidget *BrowserPatternsSection::saveLine()
 {
     auto *save = new PushButton(u"Save Patterns"_s, PushButton::Size::large);
-    save->setShortcut(Qt::CTRL | Qt::Key_S);
+    clickOn(Qt::CTRL | Qt::Key_S, save);
     connect(save, &QPushButton::clicked, this, &BrowserPatternsSection::save);
     m_save = save;
 

@@ -53,7 +53,7 @@ PlanningPathRow::PlanningPathRow(SettingsModel &model, QWidget *parent)
     clear->setAccessibleName(u"Clear planning root"_s);
     auto *choose = new PushButton(u"Choose…"_s);
     choose->setAccessibleName(u"Choose planning root…"_s);
-    choose->setShortcut(Qt::CTRL | Qt::Key_O);
+    clickOn(Qt::CTRL | Qt::Key_O, choose);
     m_reveal = reveal;
     m_clear = clear;
 

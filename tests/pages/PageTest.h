@@ -1,0 +1,95 @@
+#pragma once
+
+#include "HomeFiles.h"
+#include "Platform/Dialogs.h"
+#include "Platform/LoopbackPost.h"
+#include "Platform/Pasteboard.h"
+#include "Platform/Seam.h"
+#include "Platform/ServiceManager.h"
+#include "Platform/Workspace.h"
+#include "SettingsWindow/SectionContent.h"
+#include "SettingsWindow/SettingsModel.h"
+
+#include <QScrollArea>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class Label;
+class QPushButton;
+
+/// A page on the files of the case's home, in a window that scrolls; what it asks of the desktop and of the
+/// agent is only noted down.
+class PageTest : public testing::Test
+{
+protected:
+    /// Makes the model from the files so far and shows a page of it.
+    template <class Section>
+    Section &show()
+    {
+        model = std::make_unique<SettingsModel>();
+        auto *section = new Section(*model);
+        page = section;
+        putIntoWindow();
+        return *section;
+    }
+
+    static void turn();
+    void closePage();
+
+    void choosePlanningRoot(const QString &root) const;
+    void putManifest(const QByteArray &toml) const;
+
+    QPushButton *button(const QString &name) const; ///< by accessible name; null where none is shown
+    void click(const QString &name) const;
+    void press(const QKeySequence &shortcut);
+    QStringList texts() const; ///< of every label shown, from top to bottom
+    bool shows(const QString &text) const { return texts().contains(text); }
+    QWidget *group(const QString &header) const; ///< null where none is shown
+
+    struct AskedDialogs final : Dialogs {
+        std::optional<QString> chooseDirectory(const DirectoryQuestion &question) override;
+        bool confirm(const Confirmation &confirmation) override;
+        std::vector<DirectoryQuestion> directoryQuestions;
+        std::vector<Confirmation> confirmations;
+        std::optional<QString> folder; ///< the answer to the next one of either
+        bool agree = false;
+        std::function<void()> meanwhile = [] {};
+    } dialogs;
+    struct NotedWorkspace final : Workspace {
+        void reveal(const QString &path) override { revealed << path; }
+        void open(const QString &path) override { opened << path; }
+        QStringList revealed;
+        QStringList opened;
+    } workspace;
+    struct NotedPasteboard final : Pasteboard {
+        void setText(const QString &text) override { texts << text; }
+        QStringList texts;
+    } pasteboard;
+    struct NotedPosts final : LoopbackPost {
+        void post(const QUrl &url) override { paths << url.path(); }
+        void finish(std::chrono::milliseconds) override {}
+        QStringList paths;
+    } posts;
+    struct NoService final : ServiceManager {
+        bool isLoaded() override { return false; }
+        bool load() override { return false; }
+        bool unload() override { return false; }
+    } service;
+
+    Seam<Dialogs>::Replacement dialogsSeam{dialogs};
+    Seam<Workspace>::Replacement workspaceSeam{workspace};
+    Seam<Pasteboard>::Replacement pasteboardSeam{pasteboard};
+    Seam<LoopbackPost>::Replacement postsSeam{posts};
+    Seam<ServiceManager>::Replacement serviceSeam{service};
+
+    std::unique_ptr<SettingsModel> model;
+    std::unique_ptr<QScrollArea> window;
+    SectionContent *page = nullptr;
+
+private:
+    void putIntoWindow();
+};

@@ -1,0 +1,190 @@
+#include "SettingsWindow/Sections/PlanningProjectRow.h"
+
+#include "PageTest.h"
+#include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/SidebarIcon.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class PlanningProjectRowTest : public PageTest
+{
+protected:
+    PlanningProjectRowTest()
+    {
+        QDir().mkpath(folder);
+        putHomeFile(u"code/app/TODO.toml"_s, "");
+    }
+
+    PlanningProjectRow &showRow(const PlanningProject &project)
+    {
+        row = std::make_unique<PlanningProjectRow>(project);
+        row->resize(500, 57);
+        row->show();
+        return *row;
+    }
+
+    /// Opens the action menu by its button and keeps it open.
+    QMenu *menu() const
+    {
+        row->findChild<QPushButton *>()->click();
+        return qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    }
+
+    QStringList items() const
+    {
+        QStringList texts;
+        QMenu *open = menu();
+        for (const QAction *action : open->actions())
+            texts << action->text();
+        open->close();
+        return texts;
+    }
+
+    void choose(const QString &item) const
+    {
+        QMenu *open = menu();
+        for (QAction *action : open->actions()) {
+            if (action->text() == item) {
+                QTest::mouseClick(open, Qt::LeftButton, {}, open->actionGeometry(action).center());
+                return;
+            }
+        }
+        FAIL() << "no item " << qPrintable(item);
+    }
+
+    bool saysMissing() const
+    {
+        for (const Label *label : row->findChildren<Label *>()) {
+            if (label->text() == u"missing")
+                return label->isVisible();
+        }
+        return false;
+    }
+
+    const SidebarIcon *icon() const { return row->findChild<SidebarIcon *>(); }
+
+    QString folder = homePath(u"code/app"_s);
+    QString todo = homePath(u"code/app/TODO.toml"_s);
+    std::unique_ptr<PlanningProjectRow> row;
+};
+
+TEST_F(PlanningProjectRowTest, AProjectWhoseFolderIsThereHasAllItems)
+{
+    showRow({.name = u"App"_s, .path = folder, .todoPath = todo});
+    EXPECT_EQ(icon()->symbol(), u"folder.fill");
+    EXPECT_EQ(icon()->tint(), SystemColor::green);
+    EXPECT_FALSE(saysMissing());
+    EXPECT_EQ(items(), QStringList({u"Reveal Project in Finder"_s, u"Open TODO.toml"_s,
+                                    u"Reveal TODO in Finder"_s, u"Copy Path"_s}));
+}
+
+TEST_F(PlanningProjectRowTest, AProjectWhoseFolderIsGoneIsGreyMissingAndCanStillBeCopied)
+{
+    showRow({.name = u"App"_s, .path = homePath(u"gone"_s)});
+    EXPECT_EQ(icon()->symbol(), u"folder.badge.questionmark");
+    EXPECT_EQ(icon()->tint(), SystemColor::gray);
+    EXPECT_TRUE(saysMissing());
+    EXPECT_EQ(items(), QStringList{u"Copy Path"_s});
+}
+
+TEST_F(PlanningProjectRowTest, AProjectMustBeADirectory)
+{
+    showRow({.name = u"App"_s, .path = todo});
+    EXPECT_TRUE(saysMissing());
+}
+
+TEST_F(PlanningProjectRowTest, ATodoNeedNotBeAPlainFile)
+{
+    showRow({.name = u"App"_s, .path = homePath(u"gone"_s), .todoPath = folder});
+    EXPECT_EQ(items(), QStringList({u"Open TODO.toml"_s, u"Reveal TODO in Finder"_s, u"Copy Path"_s}));
+}
+
+TEST_F(PlanningProjectRowTest, ATodoThatIsNotThereHasNoItems)
+{
+    showRow({.name = u"App"_s, .path = folder, .todoPath = homePath(u"gone/TODO.toml"_s)});
+    EXPECT_EQ(items(), QStringList({u"Reveal Project in Finder"_s, u"Copy Path"_s}));
+}
+
+TEST_F(PlanningProjectRowTest, TheOverrideDecidesIconLabelAndMenuAlike)
+{
+    showRow({.name = u"App"_s, .path = homePath(u"gone"_s), .existsOverride = true});
+    EXPECT_EQ(icon()->symbol(), u"folder.fill");
+    EXPECT_FALSE(saysMissing());
+    EXPECT_EQ(items(), QStringList({u"Reveal Project in Finder"_s, u"Copy Path"_s}));
+
+    showRow({.name = u"App"_s, .path = folder, .existsOverride = false});
+    EXPECT_EQ(icon()->symbol(), u"folder.badge.questionmark");
+    EXPECT_TRUE(saysMissing());
+    EXPECT_EQ(items(), QStringList{u"Copy Path"_s});
+}
+
+TEST_F(PlanningProjectRowTest, EachItemActsOnThePathsAsTheManifestSpellsThem)
+{
+    showRow({.name = u"App"_s, .path = folder + u"/./"_s, .todoPath = todo});
+    choose(u"Reveal Project in Finder"_s);
+    choose(u"Open TODO.toml"_s);
+    choose(u"Reveal TODO in Finder"_s);
+    choose(u"Copy Path"_s);
+    EXPECT_EQ(workspace.revealed, QStringList({folder + u"/./"_s, todo}));
+    EXPECT_EQ(workspace.opened, QStringList{todo});
+    EXPECT_EQ(pasteboard.texts, QStringList{folder + u"/./"_s});
+}
+
+TEST_F(PlanningProjectRowTest, ACopiedPathKeepsItsTilde)
+{
+    showRow({.name = u"App"_s, .path = u"~/code/app"_s});
+    choose(u"Copy Path"_s);
+    EXPECT_EQ(pasteboard.texts, QStringList{u"~/code/app"_s});
+}
+
+TEST_F(PlanningProjectRowTest, TheMenuLooksAgainWhenItOpens)
+{
+    showRow({.name = u"App"_s, .path = folder, .todoPath = todo});
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    EXPECT_EQ(items(), QStringList{u"Copy Path"_s});
+    EXPECT_TRUE(saysMissing());
+}
+
+TEST_F(PlanningProjectRowTest, WhatVanishesBetweenTheMenuAndTheChoiceIsLeftToTheDesktop)
+{
+    showRow({.name = u"App"_s, .path = folder, .todoPath = todo});
+    QMenu *open = menu();
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    QTest::mouseClick(open, Qt::LeftButton, {}, open->actionGeometry(open->actions().at(1)).center());
+    EXPECT_EQ(workspace.opened, QStringList{todo});
+}
+
+TEST_F(PlanningProjectRowTest, TheRowMayGoWhileItsMenuIsOpen)
+{
+    showRow({.name = u"App"_s, .path = folder});
+    ASSERT_NE(menu(), nullptr);
+    row.reset();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(PlanningProjectRowTest, IsHeardAsAPanelNamedLikeTheProject)
+{
+    showRow({.name = u"App"_s, .path = homePath(u"gone"_s)});
+    const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(row.get());
+    EXPECT_EQ(heard->role(), QAccessible::Pane);
+    EXPECT_EQ(heard->text(QAccessible::Name), u"App");
+    EXPECT_EQ(heard->text(QAccessible::Description), homePath(u"gone"_s) + u", missing"_s);
+    const auto *actions = row->findChild<QPushButton *>();
+    EXPECT_EQ(actions->accessibleName(), u"Actions for App");
+
+    showRow({.name = u"App"_s, .path = folder});
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(row.get())->text(QAccessible::Description), folder);
+}
+
+} // namespace
