@@ -3,13 +3,11 @@
 #include "Platform/ConfirmationDialog.h"
 #include "Platform/Seam.h"
 #include "SampleDesk.h"
-#include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/DataSection.h"
-#include "SettingsWindow/Sections/PlanningSection.h"
 #include "SettingsWindow/SettingsModel.h"
+#include "SettingsWindow/SettingsRootView.h"
 
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <functional>
@@ -28,24 +26,10 @@ public:
         fill(m_desk);
         m_model = std::make_unique<SettingsModel>();
         m_model->section = section;
-        auto *area = new QScrollArea(this);
-        auto *page = new QWidget;
-        auto *inner = new QVBoxLayout(page);
-        inner->setContentsMargins(32, 24, 32, 32);
-        if (section == SettingsSection::planning)
-            inner->addWidget(new PlanningSection(*m_model));
-        else if (section == SettingsSection::browser)
-            inner->addWidget(new BrowserPatternsSection(*m_model));
-        else
-            inner->addWidget(new DataSection(*m_model));
-        inner->addStretch(1);
-        area->setWidget(page);
-        area->setWidgetResizable(true);
-        area->setFrameShape(QFrame::NoFrame);
+        m_view = new SettingsRootView(*m_model, 0, this);
         auto *layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
-        layout->addWidget(area);
-        m_view = area;
+        layout->addWidget(m_view);
     }
 
     ~SampleWindow() override { delete m_view; }
@@ -57,7 +41,7 @@ private:
 };
 
 Screenshot window(const QString &name, SettingsSection section, const std::function<void(SampleDesk &)> &fill,
-                  QSize size = {780, 720})
+                  QSize size = {860, 760})
 {
     return {name, size, [=] { return std::make_unique<SampleWindow>(section, fill); }};
 }
@@ -201,6 +185,7 @@ std::vector<Screenshot> pageScreenshots()
     constexpr auto planning = SettingsSection::planning;
     constexpr auto browser = SettingsSection::browser;
     return {
+        window(u"general"_s, SettingsSection::general, nothing, {860, 940}),
         window(u"planning"_s, planning, someProjects),
         window(u"planning-demo"_s, planning, demo),
         window(u"planning-not-set"_s, planning, nothing),
@@ -208,12 +193,12 @@ std::vector<Screenshot> pageScreenshots()
         window(u"planning-missing-manifest"_s, planning, missingManifest),
         window(u"planning-empty-manifest"_s, planning, emptyManifest),
         window(u"planning-long"_s, planning, manyProjects),
-        window(u"planning-hostile"_s, planning, hostileNames, {780, 1000}),
-        window(u"browser"_s, browser, somePatterns, {780, 900}),
+        window(u"planning-hostile"_s, planning, hostileNames, {860, 1000}),
+        window(u"browser"_s, browser, somePatterns, {860, 940}),
         window(u"browser-demo"_s, browser, demo),
         window(u"browser-empty"_s, browser, nothing),
         window(u"browser-long"_s, browser, manyPatterns),
-        window(u"browser-hostile"_s, browser, hostileNames, {780, 1000}),
+        window(u"browser-hostile"_s, browser, hostileNames, {860, 1000}),
         window(u"data"_s, SettingsSection::data, somePatterns),
         window(u"data-demo"_s, SettingsSection::data, demo),
         dialog(u"dialog-clear-sessions"_s, u"Clear Sessions…"_s),
