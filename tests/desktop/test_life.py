@@ -60,7 +60,7 @@ class Resizing(DesktopCase):
     def test_dragging_the_empty_background_moves_it(self):
         window = self.start().window
         x, y, width, height = window.box
-        hands, start = self.desktop.hands, (x + 8, y + height - 8)
+        hands, start = self.desktop.hands, (x + 230, y + height - 40)
         hands.move(*start)
         hands.button(True)
         steps = itertools.count(1)

@@ -38,6 +38,9 @@ class Agent:
         return [request.target for request in self.requests]
 
     def close(self):
+        """Stops listening, also to those who are connected."""
+        if self._listener.fileno() < 0:
+            return
         self._listener.shutdown(socket.SHUT_RDWR)
         self._listener.close()
         with self._lock:

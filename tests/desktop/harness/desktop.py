@@ -16,9 +16,6 @@ _WINDOW_MANAGER = """<?xml version="1.0" encoding="UTF-8"?>
   <mouse>
     <context name="Titlebar"><mousebind button="Left" action="Drag"><action name="Move"/></mousebind></context>
     <context name="Close"><mousebind button="Left" action="Click"><action name="Close"/></mousebind></context>
-    <context name="Client">
-      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
-    </context>
   </mouse>
 </openbox_config>
 """
@@ -53,7 +50,7 @@ class Desktop:
         self._log = open(self.folder / "desktop.log", "wb")
         self._running = []
 
-    def open(self, width=1600, height=1300):
+    def open(self, width=1800, height=1400):
         self.size = (width, height)
         for name in ("runtime", "home"):
             (self.folder / name).mkdir(mode=0o700)

@@ -1,11 +1,11 @@
 """A stand-in for the keeper of the login job: its tool and its place on the session bus, for this test alone."""
 
-import os
 import pathlib
 import subprocess
-import threading
 
-from gi.repository import Gio, GLib
+from gi.repository import GLib
+
+from .service import BusService
 
 _TOOL = pathlib.Path("/usr/bin/systemctl")
 _LATER_TOOL = pathlib.Path("/run/current-system/sw/bin/systemctl")
@@ -35,9 +35,8 @@ class LoginJobs:
             _LATER_TOOL.touch()
         place = _TOOL if _TOOL.exists() else _LATER_TOOL
         subprocess.run(["mount", "--bind", str(script), str(place)], check=True)
-        ready = threading.Event()
-        threading.Thread(target=self._serve, args=(ready,), daemon=True).start()
-        ready.wait()
+        BusService("org.freedesktop.systemd1", _UNIT, _INTERFACE,
+                   property=lambda _name: GLib.Variant("s", self.state))
 
     def forget(self):
         """As at the start: the job is not loaded, and nobody asked."""
@@ -62,18 +61,3 @@ class LoginJobs:
     def refuse(self):
         """From now on nothing is loaded or unloaded."""
         (self._folder / "unwilling").touch()
-
-    def _serve(self, ready):
-        context = GLib.MainContext.new()
-        context.push_thread_default()
-        connection = Gio.DBusConnection.new_for_address_sync(
-            os.environ["DBUS_SESSION_BUS_ADDRESS"],
-            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
-        interface = Gio.DBusNodeInfo.new_for_xml(_INTERFACE).interfaces[0]
-        connection.register_object(_UNIT, interface, None,
-                                   lambda *_: GLib.Variant("s", self.state), None)
-        connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
-                             GLib.Variant("(su)", ("org.freedesktop.systemd1", 4)), None,
-                             Gio.DBusCallFlags.NONE, -1)
-        ready.set()
-        GLib.MainLoop.new(context, False).run()

@@ -47,6 +47,14 @@ class Program:
             return windows if len(windows) == 1 else None
         return eventually(lambda: self._running() and found(), "the window does not appear")[0]
 
+    def shows(self, role, name):
+        return any(control.has("showing") for control in self.root.find_all(role, name))
+
+    def heard(self, name=None):
+        """What a screen reader has read out last, if it has that name."""
+        heard = self._desktop.accessibility.heard
+        return heard if name is None or heard and heard.name == name else None
+
     def find(self, role, name=None):
         return self.root.find(role, name)
 
@@ -82,7 +90,7 @@ class Program:
         while True:
             _, y, width, height = before = self._resting_box(control)
             below = y + height - (frame_y + frame_height - 8)
-            above = frame_y + 60 - y
+            above = frame_y + 24 - y
             if below <= 0 and above <= 0 or height > frame_height:
                 return control
             place = (frame_x + frame_width * 0.4) * self._scale, (frame_y + frame_height / 2) * self._scale
@@ -94,7 +102,11 @@ class Program:
 
     def click_on(self, control):
         """Clicks a control of the window, which may have to be scrolled to."""
-        self._desktop.hands.click(*self.middle(self.reveal(control)))
+        return self.click_here(self.reveal(control))
+
+    def click_here(self, control):
+        """Clicks a control where it is, as in a dialog."""
+        self._desktop.hands.click(*self.middle(control))
         return control
 
     def click_in_popup(self, item):
@@ -135,9 +147,18 @@ class Program:
         """Chooses an entry of a picker with the mouse."""
         self.click_in_popup(self.click("combo box", name).find("list item", entry))
 
+    def dialog(self, name):
+        """The dialog of that name, once it has the keyboard."""
+        dialog = self.find(("dialog", "alert"), name)
+        eventually(lambda: dialog.has("active"), f"{dialog} is not active")
+        return dialog
+
+    def expect_no_dialog(self):
+        eventually(lambda: not self.root.find_all(("dialog", "alert")), "a dialog stays open")
+
     def choose(self, menu, item):
         """Chooses an item of the menu bar with the mouse."""
-        self._desktop.hands.click(*self.middle(self.find("menu bar").find("menu item", menu)))
+        self.click_here(self.find("menu bar").find("menu item", menu))
         self.click_in_popup(self.find_in_menu(menu, item, showing=True))
 
     def find_in_menu(self, menu, item, showing=False):

@@ -1,0 +1,51 @@
+"""A service of the desktop that a test provides itself, on the session bus."""
+
+import os
+import threading
+
+from gi.repository import Gio, GLib
+
+
+class BusService:
+    """Answers under a bus name at one path, from a thread of its own. `called(method, arguments)` is told of each
+    call, `property(name)` answers for the properties."""
+
+    def __init__(self, name, path, interface, called=None, property=None):
+        self._name, self._path = name, path
+        self._interface = Gio.DBusNodeInfo.new_for_xml(interface).interfaces[0]
+        self._called, self._property = called, property
+        ready = threading.Event()
+        threading.Thread(target=self._serve, args=(ready,), daemon=True).start()
+        if not ready.wait(20):
+            raise RuntimeError(f"{name} cannot be provided")
+
+    def _serve(self, ready):
+        context = GLib.MainContext.new()
+        context.push_thread_default()
+        connection = Gio.DBusConnection.new_for_address_sync(
+            os.environ["DBUS_SESSION_BUS_ADDRESS"],
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
+        connection.register_object(self._path, self._interface, self._call, self._get, None)
+        connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+                             GLib.Variant("(su)", (self._name, 4)), None, Gio.DBusCallFlags.NONE, -1)
+        ready.set()
+        GLib.MainLoop.new(context, False).run()
+
+    def _call(self, _connection, _sender, _path, _interface, method, arguments, invocation):
+        self._called(method, arguments.unpack())
+        invocation.return_value(None)
+
+    def _get(self, _connection, _sender, _path, _interface, name):
+        return self._property(name)
+
+
+class FileManager:
+    """Remembers which items it was asked to show."""
+
+    _INTERFACE = """<node><interface name="org.freedesktop.FileManager1"><method name="ShowItems">
+        <arg type="as" direction="in"/><arg type="s" direction="in"/></method></interface></node>"""
+
+    def __init__(self):
+        self.shown = []
+        BusService("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", self._INTERFACE,
+                   called=lambda _method, arguments: self.shown.extend(arguments[0]))

@@ -1,0 +1,146 @@
+"""The Planning page: the root is chosen, cleared and revealed; its projects are listed with their sessions."""
+
+from harness.case import DesktopCase
+from harness.clipboard import pasted
+from harness.service import FileManager
+
+FILE = ".vantle/planning.json"
+MANIFEST = """[[projects]]
+name = "Alpha"
+path = "{home}/alpha"
+todo_path = "{home}/alpha/TODO.toml"
+
+[[projects]]
+name = "Gone"
+path = "{home}/gone"
+"""
+
+
+class Planning(DesktopCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.files = FileManager()
+
+    def setUp(self):
+        super().setUp()
+        self.files.shown.clear()
+        self.plan = self.home / "plan"
+        self.write("plan/projects.toml", MANIFEST.format(home=self.home))
+        self.write("alpha/TODO.toml", "")
+        self.write(".vantle/sessions.json", f'[{{"cwd":"{self.home}/alpha"}},{{"cwd":"{self.home}/alpha/src"}}]')
+
+    def stored(self):
+        escaped = str(self.plan).replace("/", "\\/")
+        return f'{{\n  "root" : "{escaped}"\n}}'
+
+    def open(self, root=True, **options):
+        if root:
+            self.write(FILE, self.stored())
+        program = self.start(**options)
+        program.show("Planning")
+        return program
+
+    def open_menu(self, program, project, *names):
+        """Opens a project's menu, which has exactly these items, and returns them by name."""
+        program.click("push button", f"Actions for {project}")
+        items = {}
+        for name in (*names, names[0]):
+            program.press("Down")
+            items[name] = self.expect(lambda: program.heard(name), lambda: f"not {name} but {program.heard()} is heard")
+        return items
+
+    def test_a_root_is_chosen_in_the_dialog(self):
+        program = self.open(root=False)
+        program.find("label", "Not set")
+        program.click("push button", "Choose planning root…")
+        self.enter_folder(program, self.plan)
+        program.press("Return")
+        self.expect_file(FILE, self.stored())
+        self.expect_requests("/settings/reload-planning")
+        program.find("panel", "Alpha")
+
+    def test_control_o_opens_the_dialog_and_escape_changes_nothing(self):
+        program = self.open()
+        program.press("ctrl+o")
+        program.dialog("Planning Project Folder")
+        program.press("Escape")
+        program.expect_no_dialog()
+        self.finish(program)
+        self.expect_file(FILE, self.stored())
+        self.assertEqual(self.agent.requests, [])
+
+    def test_clearing_removes_the_file_and_the_list(self):
+        program = self.open()
+        program.click("push button", "Clear planning root")
+        self.expect(lambda: not (self.home / FILE).exists(), "the file stays")
+        self.expect_requests("/settings/reload-planning")
+        program.find("label", "Not set")
+        self.expect(lambda: not program.shows("panel", "Alpha"), "the list stays")
+
+    def test_the_root_is_revealed(self):
+        program = self.open()
+        program.click("push button", "Reveal in Finder")
+        self.expect(lambda: self.files.shown == [f"file://{self.plan}"], lambda: self.files.shown)
+
+    def test_projects_show_their_sessions_and_whether_they_are_there(self):
+        program = self.open()
+        alpha, gone = program.find("panel", "Alpha"), program.find("panel", "Gone")
+        self.assertEqual(alpha.description, f"{self.home}/alpha")
+        self.assertEqual(gone.description, f"{self.home}/gone, missing")
+        alpha.find("label", "2 notch sessions with a cwd under this project")
+        gone.find("label", "No notch sessions")
+        program.find("label", "2 projects · 2 matched sessions")
+
+    def test_refreshing_reads_the_manifest_again(self):
+        program = self.open()
+        self.write("plan/projects.toml", f'[[projects]]\nname = "Later"\npath = "{self.home}/alpha"\n')
+        program.click("push button", "Refresh")
+        program.find("panel", "Later")
+        program.find("label", "1 project · 2 matched sessions")
+        self.assertEqual(self.agent.requests, [])
+
+    ALL = "Reveal Project in Finder", "Open TODO.toml", "Reveal TODO in Finder", "Copy Path"
+
+    def test_a_project_and_its_todo_are_revealed(self):
+        program = self.open()
+        program.click_in_popup(self.open_menu(program, "Alpha", *self.ALL)["Reveal Project in Finder"])
+        self.expect(lambda: self.files.shown == [f"file://{self.home}/alpha"], lambda: self.files.shown)
+        program.click_in_popup(self.open_menu(program, "Alpha", *self.ALL)["Reveal TODO in Finder"])
+        self.expect(lambda: self.files.shown[1:] == [f"file://{self.home}/alpha/TODO.toml"], lambda: self.files.shown)
+
+    def test_its_todo_is_opened_with_the_default_application(self):
+        self.write("bin/xdg-open", f'#!/bin/sh\necho "$1" >{self.home}/opened\n')
+        (self.home / "bin/xdg-open").chmod(0o755)
+        program = self.open(environment={"PATH": f"{self.home}/bin:/usr/bin:/bin"})
+        program.click_in_popup(self.open_menu(program, "Alpha", *self.ALL)["Open TODO.toml"])
+        self.expect_file("opened", f"file://{self.home}/alpha/TODO.toml\n")
+
+    def test_a_missing_project_can_only_have_its_path_copied(self):
+        program = self.open()
+        self.open_menu(program, "Gone", "Copy Path")
+        program.press("Return")
+        self.expect(lambda: pasted() == f"{self.home}/gone", pasted)
+
+    def enter_folder(self, program, folder):
+        dialog = program.dialog("Planning Project Folder")
+        self.expect(lambda: program.focused() and program.focused().role == "text", "no place to type a path")
+        program.press("ctrl+a")
+        program.type(str(folder))
+        self.expect(lambda: program.focused().text == str(folder), "the path does not arrive")
+        return dialog
+
+
+class Empty(DesktopCase):
+    def test_a_root_without_a_manifest_offers_to_create_one(self):
+        self.write(FILE, f'{{"root":"{self.home}/plan"}}')
+        program = self.start()
+        program.show("Planning")
+        program.find("label", "projects.toml not found")
+        self.assertFalse(program.shows("push button", "Refresh"))
+
+    def test_a_manifest_without_projects_says_so(self):
+        self.write(FILE, f'{{"root":"{self.home}/plan"}}')
+        self.write("plan/projects.toml", "# nothing yet\n")
+        program = self.start()
+        program.show("Planning")
+        program.find("label", "No projects parsed")

@@ -1,0 +1,78 @@
+"""The keyboard shortcuts of the General page, pressed on a real keyboard."""
+
+from harness.case import DesktopCase
+
+FILE = ".vantle/shortcuts.json"
+DEFAULTS = {"focusLast": (38, 768), "focusPrevious": (40, 768), "openPlan": (37, 768)}
+RELOAD = "/settings/reload-shortcuts"
+RECORDER = "Focus next notification shortcut"
+
+
+def file_of(**changes):
+    """The file with the default bindings and these changes."""
+    members = [f'  "{action}" : {{\n    "keyCode" : {key},\n    "modifiers" : {modifiers}\n  }}'
+               for action, (key, modifiers) in sorted({**DEFAULTS, **changes}.items())]
+    return "{\n" + ",\n".join(members) + "\n}"
+
+
+class Recording(DesktopCase):
+    def record(self):
+        program = self.start()
+        recorder = program.click("push button", RECORDER)
+        self.expect(lambda: recorder.description == "Press shortcut…", lambda: recorder.description)
+        return program, recorder
+
+    def test_a_combination_is_recorded_shown_written_and_told(self):
+        program, recorder = self.record()
+        program.press("alt+shift+p")
+        self.expect_file(FILE, file_of(focusLast=(35, 0x0A00)))
+        self.expect_requests(RELOAD)
+        self.expect(lambda: recorder.description == "⌥⇧P", lambda: recorder.description)
+
+    def test_keys_of_the_menus_are_recorded_and_do_not_act(self):
+        program, recorder = self.record()
+        program.press("ctrl+w")
+        self.expect_file(FILE, file_of(focusLast=(13, 0x1000)))
+        self.expect(lambda: recorder.description == "⌃W", lambda: recorder.description)
+        self.finish(program)
+
+    def test_a_key_alone_or_with_shift_changes_nothing_and_escape_ends_it(self):
+        program, recorder = self.record()
+        program.press("j", "shift+j", "Tab", "space")
+        self.assertEqual(recorder.description, "Press shortcut…")
+        program.press("Escape")
+        self.expect(lambda: recorder.description == "⇧⌘J", lambda: recorder.description)
+        self.finish(program)
+        self.expect_no_file(FILE)
+        self.assertEqual(self.agent.requests, [])
+
+    def test_a_second_click_ends_it(self):
+        program, recorder = self.record()
+        program.click_on(recorder)
+        self.expect(lambda: recorder.description == "⇧⌘J", lambda: recorder.description)
+        self.expect_no_file(FILE)
+
+    def test_leaving_the_page_ends_it(self):
+        program, recorder = self.record()
+        program.show("About")
+        program.press("ctrl+w")
+        self.expect_end(program)
+        self.expect_no_file(FILE)
+
+
+class Resetting(DesktopCase):
+    def setUp(self):
+        super().setUp()
+        self.write(FILE, file_of(focusPrevious=(1, 256)))
+
+    def test_one(self):
+        program = self.start()
+        program.click("push button", "Reset Focus previous notification to default (⇧⌘K)")
+        self.expect_file(FILE, file_of())
+        self.expect_requests(RELOAD)
+
+    def test_all_writes_and_tells_once_for_each(self):
+        program = self.start()
+        program.click("push button", "Reset all shortcuts")
+        self.expect_file(FILE, file_of())
+        self.expect_requests(RELOAD, RELOAD, RELOAD)
