@@ -1,0 +1,113 @@
+#include "ChildProcess.h"
+#include "HomeFiles.h"
+#include "Persistence/Persistence.h"
+#include "Persistence/SessionRegistry.h"
+#include "Rounds.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdio>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int mostSessions = 7;
+
+/// The registry's nth state: some sessions, each in a directory that names the state and how many there are.
+std::string state(int n)
+{
+    const int sessions = 1 + n % mostSessions;
+    std::string bytes = "[";
+    for (int i = 0; i < sessions; ++i)
+        bytes += (i ? "," : "") +
+                 ("{\"cwd\":\"/" + std::to_string(n) + "/" + std::to_string(sessions) + "/") +
+                 std::to_string(i) + "\"}";
+    return bytes + "]";
+}
+
+void overwrite(const std::string &path, const std::string &bytes)
+{
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (file < 0 || ::write(file, bytes.data(), bytes.size()) != ssize_t(bytes.size()) || ::close(file) != 0)
+        ::_exit(1);
+}
+
+/// Does its work over and over, with 1, 2, 3 and so on, in a process of its own, until it goes.
+class Storm
+{
+public:
+    template <class Work>
+    explicit Storm(Work work) : m_process(::fork())
+    {
+        if (m_process != 0)
+            return;
+        for (int n = 1;; ++n)
+            work(n);
+    }
+
+    ~Storm()
+    {
+        ::kill(m_process, SIGKILL);
+        ::waitpid(m_process, nullptr, 0);
+    }
+
+    Q_DISABLE_COPY_MOVE(Storm)
+
+    bool isBlowing() const { return m_process > 0 && ::waitpid(m_process, nullptr, WNOHANG) == 0; }
+
+private:
+    pid_t m_process;
+};
+
+TEST(RegistryStorm, ARegistryReplacedByRenamesIsAlwaysOfOneWholeState)
+{
+    putHomeFile(u".vantle/sessions.json"_s, QByteArray::fromStdString(state(0)));
+    const std::string registry = homePath(u".vantle/sessions.json"_s).toStdString();
+    const Storm storm([&](int n) {
+        overwrite(registry + ".new", state(n));
+        std::rename((registry + ".new").c_str(), registry.c_str());
+    });
+    QStringList seen;
+    for (int round = 0; round < rounds(1000, 50000); ++round) {
+        const auto count = Persistence::sessionsCount();
+        ASSERT_GE(count, 1);
+        ASSERT_LE(count, mostSessions);
+        const QStringList projects = Persistence::knownProjects();
+        ASSERT_FALSE(projects.isEmpty());
+        const QString first = projects.front().section(u'/', 1, 2);
+        ASSERT_EQ(projects.size(), first.section(u'/', 1, 1).toInt());
+        for (qsizetype i = 0; i < projects.size(); ++i)
+            ASSERT_EQ(projects[i], u'/' + first + u'/' + QString::number(i));
+        if (seen.isEmpty() || seen.back() != first)
+            seen.append(first);
+    }
+    EXPECT_TRUE(storm.isBlowing());
+    EXPECT_GT(seen.size(), 2) << "the registry hardly changed";
+}
+
+TEST(RegistryStorm, ARegistryRewrittenInPlaceIsNeverMoreThanASurprise)
+{
+    putHomeFile(u".vantle/sessions.json"_s, QByteArray::fromStdString(state(0)));
+    const std::string registry = homePath(u".vantle/sessions.json"_s).toStdString();
+    const Storm storm([&](int n) { overwrite(registry, state(n)); });
+    for (int round = 0; round < rounds(1000, 50000); ++round) {
+        ASSERT_LE(Persistence::sessionsCount(), mostSessions);
+        ASSERT_LE(Persistence::knownProjects().size(), mostSessions);
+    }
+    EXPECT_TRUE(storm.isBlowing());
+}
+
+TEST(RegistryStorm, ARegistryReplacedBetweenTwoReadsGivesEachItsOwn)
+{
+    putHomeFile(u".vantle/sessions.json"_s, R"([{"cwd":"/a"},{"cwd":"/b"}])");
+    EXPECT_EQ(Persistence::sessionsCount(), 2);
+    putHomeFile(u".vantle/sessions.json"_s, R"([{"cwd":"/c"}])");
+    EXPECT_EQ(Persistence::knownProjects(), QStringList{u"/c"_s});
+}
+
+} // namespace
