@@ -1,9 +1,8 @@
 #include "LaunchAgent/LaunchAgent.h"
 #include "Platform/ToolOutput.h"
 
-#include <QDir>
+#include <QDeadlineTimer>
 #include <QFile>
-#include <QFileInfo>
 
 #include <gtest/gtest.h>
 
@@ -25,6 +24,17 @@ QByteArray systemctl(const QStringList &arguments)
     return toolOutput(u"/usr/bin/systemctl"_s, QStringList{u"--user"_s} + arguments)
         .value_or(QByteArray())
         .trimmed();
+}
+
+/// Asks until the unit is in this state, as systemctl calls it; false when it never is.
+bool comesToBe(const QByteArray &state)
+{
+    const QDeadlineTimer deadline(60000);
+    while (systemctl({u"is-active"_s, unit}) != state) {
+        if (deadline.hasExpired())
+            return false;
+    }
+    return true;
 }
 
 /// Beside a systemd that knows no unit of ours yet.
@@ -100,7 +110,7 @@ TEST_F(SystemdTest, AUnitOnItsWayUpIsLoaded)
 {
     install("Type=notify\nTimeoutStartSec=infinity\n" + harmless);
     systemctl({u"start"_s, u"--no-block"_s, unit});
-    EXPECT_EQ(systemctl({u"is-active"_s, unit}), "activating");
+    ASSERT_TRUE(comesToBe("activating"));
     EXPECT_TRUE(LaunchAgent::isLoaded());
 }
 
@@ -109,7 +119,7 @@ TEST_F(SystemdTest, AUnitThatReloadsIsLoaded)
     install("ExecReload=/bin/sleep infinity\n" + harmless);
     ASSERT_TRUE(LaunchAgent::load());
     systemctl({u"reload"_s, u"--no-block"_s, unit});
-    EXPECT_EQ(systemctl({u"is-active"_s, unit}), "reloading");
+    ASSERT_TRUE(comesToBe("reloading"));
     EXPECT_TRUE(LaunchAgent::isLoaded());
 }
 
@@ -118,7 +128,7 @@ TEST_F(SystemdTest, AUnitOnItsWayDownIsNotLoaded)
     install("ExecStop=/bin/sleep infinity\nTimeoutStopSec=infinity\n" + harmless);
     ASSERT_TRUE(LaunchAgent::load());
     systemctl({u"stop"_s, u"--no-block"_s, unit});
-    EXPECT_EQ(systemctl({u"is-active"_s, unit}), "deactivating");
+    ASSERT_TRUE(comesToBe("deactivating"));
     EXPECT_FALSE(LaunchAgent::isLoaded());
 }
 
