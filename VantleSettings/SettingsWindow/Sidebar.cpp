@@ -97,20 +97,36 @@ Sidebar::Sidebar(int topMargin, QWidget *parent) : QListWidget(parent)
     setAutoFillBackground(true);
     for (const SettingsSection section : allSettingsSections)
         addItem(rawValue(section));
-    connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (row >= 0)
+    connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+        if (!selectedIndexes().isEmpty())
             Q_EMIT selectionMoved(selection());
     });
 }
 
 SettingsSection Sidebar::selection() const
 {
-    return sectionOf(currentIndex());
+    return sectionOf(selectedIndexes().value(0));
 }
 
 void Sidebar::select(SettingsSection section)
 {
-    setCurrentRow(int(section));
+    const QModelIndex entry = model()->index(int(section), 0);
+    selectionModel()->setCurrentIndex(hasFocus() ? entry : QModelIndex(), QItemSelectionModel::NoUpdate);
+    selectionModel()->select(entry, QItemSelectionModel::ClearAndSelect);
+}
+
+// The entry where the keyboard is: there is none while the keyboard is elsewhere, or a screen reader would
+// hear two controls that have the focus.
+void Sidebar::focusInEvent(QFocusEvent *event)
+{
+    selectionModel()->setCurrentIndex(selectedIndexes().value(0), QItemSelectionModel::NoUpdate);
+    QListWidget::focusInEvent(event);
+}
+
+void Sidebar::focusOutEvent(QFocusEvent *event)
+{
+    selectionModel()->setCurrentIndex({}, QItemSelectionModel::NoUpdate);
+    QListWidget::focusOutEvent(event);
 }
 
 void Sidebar::mousePressEvent(QMouseEvent *event)

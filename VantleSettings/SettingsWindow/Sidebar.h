@@ -17,9 +17,11 @@ public:
     void select(SettingsSection section);
 
 Q_SIGNALS:
-    /// Another entry is selected, by the user or by `select`.
+    /// An entry is selected, by the user or by `select`.
     void selectionMoved(SettingsSection section);
 
 protected:
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
 };

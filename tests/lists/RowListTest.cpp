@@ -26,7 +26,6 @@ public:
     {
         auto *layout = new QVBoxLayout(this);
         layout->addWidget(button);
-        setFocusProxy(button);
     }
 
     QSize sizeHint() const override { return {0, wanted}; }

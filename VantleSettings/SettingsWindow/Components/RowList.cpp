@@ -23,9 +23,15 @@ int heightOf(const QWidget *row, int width)
     return row->hasHeightForWidth() ? row->heightForWidth(width) : row->sizeHint().height();
 }
 
+/// The control of a row that Tab goes to. It is no focus proxy of its row's: Tab would find it a second time
+/// where the row itself stands in the chain.
 QWidget *controlOf(QWidget *row)
 {
-    return row->focusProxy() ? row->focusProxy() : row;
+    for (QWidget *child : row->findChildren<QWidget *>()) {
+        if (child->focusPolicy() & Qt::TabFocus)
+            return child;
+    }
+    return row;
 }
 
 bool holds(const QWidget *row, const QWidget *widget)
@@ -291,7 +297,7 @@ bool RowList::focusNextPrevChild(bool next)
         place();
     }
     QWidget *row = m_rows.at(target).widget;
-    row->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    controlOf(row)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     if (m_scrollArea)
         m_scrollArea->ensureWidgetVisible(row, 0, 0);
     return true;

@@ -52,7 +52,6 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
     actions->setAccessibleName(u"Actions for "_s + project.name);
     connect(actions, &QPushButton::clicked, this, &PlanningProjectRow::openActionMenu);
     m_actions = actions;
-    setFocusProxy(actions);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,

@@ -73,7 +73,6 @@ ProjectRow::ProjectRow(const BrowserConfigProject &project, QWidget *parent)
 
     m_editor->setText(project.urls);
     m_editor->setAccessibleName(u"URL patterns for "_s + project.root);
-    setFocusProxy(m_editor);
 }
 
 int ProjectRow::expectedHeight(const BrowserConfigProject &project)
