@@ -5,6 +5,7 @@
 #include <QMenuBar>
 
 #import <AppKit/AppKit.h>
+#import <CoreServices/CoreServices.h>
 
 #include <utility>
 
@@ -16,6 +17,14 @@
 - (void)handle:(NSAppleEventDescriptor *)event reply:(NSAppleEventDescriptor *)reply
 {
     self.reopen();
+}
+
+- (void)install
+{
+    [NSAppleEventManager.sharedAppleEventManager setEventHandler:self
+                                                     andSelector:@selector(handle:reply:)
+                                                   forEventClass:kCoreEventClass
+                                                      andEventID:kAEReopenApplication];
 }
 @end
 
@@ -39,8 +48,11 @@ void onReopen(std::function<void()> reopen)
 {
     static VantleReopenHandler *handler = [[VantleReopenHandler alloc] init];
     handler.reopen = std::move(reopen);
-    [NSAppleEventManager.sharedAppleEventManager setEventHandler:handler
-                                                     andSelector:@selector(handle:reply:)
-                                                   forEventClass:kCoreEventClass
-                                                      andEventID:kAEReopenApplication];
+    [handler install];
+    // Launching puts the system's own handler in its place; it is done once the event loop has begun.
+    [NSNotificationCenter.defaultCenter
+        addObserver:handler
+           selector:@selector(install)
+               name:NSApplicationDidFinishLaunchingNotification
+             object:nil];
 }

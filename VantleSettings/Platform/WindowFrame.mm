@@ -1,6 +1,7 @@
 #include "Platform/WindowFrame.h"
 
 #include <QWidget>
+#include <QWindow>
 
 #import <AppKit/AppKit.h>
 
@@ -9,6 +10,8 @@ void restoreWindowFrame(QWidget &window, const QString &name)
     NSView *view = (__bridge NSView *)reinterpret_cast<void *>(window.winId());
     [view.window center];
     [view.window setFrameAutosaveName:name.toNSString()];
+    // The toolkit would show the window with the size that it was given first.
+    window.setGeometry(window.windowHandle()->geometry());
 }
 
 /// AppKit remembers the frame by itself as long as it has an autosave name.
