@@ -77,7 +77,8 @@ class Resizing(DesktopCase):
     def test_minimised_it_comes_back_with_its_page(self):
         program = self.start()
         program.press("ctrl+m")
-        self.expect(lambda: program.window.minimised, "it is not minimised")
+        self.expect(lambda: program.window.minimised and not program.root.find("frame", showing=False).has("active"),
+                    "it is not minimised")
         program.window.activate()
         self.expect(lambda: not program.window.minimised, "it does not come back")
         program.ready().click("check box", "Marketing Recording Mode")

@@ -61,8 +61,7 @@ class DesktopCase(unittest.TestCase):
 
     def expect_end(self, program):
         """Waits until the program has ended well, having said nothing."""
-        self.assertEqual(program.ended(), 0)
-        self.assertEqual(program.said, "")
+        self.assertEqual((program.ended(), program.said), (0, ""))
 
 
 class Result(unittest.TextTestResult):

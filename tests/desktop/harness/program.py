@@ -1,6 +1,7 @@
 """The running program, and everything that a person does with it."""
 
 import os
+import pathlib
 import signal
 import subprocess
 
@@ -8,6 +9,8 @@ from . import processes
 from .waiting import SECONDS, eventually
 
 WINDOW = "Vantle Settings"
+
+_LEAKS = pathlib.Path(__file__).resolve().parent.parent / "leaks.txt"
 
 
 class Program:
@@ -18,7 +21,8 @@ class Program:
         self._desktop = desktop
         self._scale = scale
         self.home = home
-        surroundings = dict(os.environ, HOME=str(home), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        surroundings = dict(os.environ, HOME=str(home), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+                            LSAN_OPTIONS=f"suppressions={_LEAKS}:print_suppressions=0")
         if scale != 1:
             surroundings["QT_SCALE_FACTOR"] = str(scale)
         surroundings.update(environment or {})
