@@ -54,13 +54,8 @@ void restoreWindowFrame(QWidget &window, const QString &name)
     frame.size = frame.size.expandedTo(window.minimumSize());
     const QRect place = frame.placed(availableScreens());
     window.resize(place.size().expandedTo(window.minimumSize()));
-    if (windowsHaveOrigins()) {
-        window.move(place.topLeft());
-        // For a window that the system has made already, moving means its client area; the origin is the
-        // frame's.
-        window.winId();
-        window.windowHandle()->setFramePosition(place.topLeft());
-    }
+    if (windowsHaveOrigins())
+        window.setGeometry(QRect(place.topLeft(), window.size()));
     if (frame.maximized)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
@@ -70,7 +65,7 @@ void saveWindowFrame(const QWidget &window, const QString &name)
     const std::optional<QString> directory = stateDirectory();
     if (!directory)
         return;
-    SavedFrame frame{.size = window.size(), .origin = window.frameGeometry().topLeft()};
+    SavedFrame frame{.size = window.size(), .origin = window.geometry().topLeft()};
     if (window.isMaximized())
         frame = {.size = window.normalGeometry().size(),
                  .origin = window.normalGeometry().topLeft(),
