@@ -101,6 +101,12 @@ Sidebar::Sidebar(int topMargin, QWidget *parent) : QListWidget(parent)
         if (!selectedIndexes().isEmpty())
             Q_EMIT selectionMoved(selection());
     });
+    // A screen reader selects an entry without making it the current one.
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection &selected) {
+                if (!selected.isEmpty())
+                    setCurrentIndex(selected.indexes().constFirst());
+            });
 }
 
 SettingsSection Sidebar::selection() const
@@ -129,11 +135,28 @@ void Sidebar::focusOutEvent(QFocusEvent *event)
     QListWidget::focusOutEvent(event);
 }
 
+// The space around the entries is the window's background, by which it can be moved.
 void Sidebar::mousePressEvent(QMouseEvent *event)
 {
-    // The space around the entries is the window's background, by which it can be moved.
-    if (indexAt(event->position().toPoint()).isValid())
-        QListWidget::mousePressEvent(event);
-    else
+    m_isPressedBesideEntries = !indexAt(event->position().toPoint()).isValid();
+    if (m_isPressedBesideEntries)
         event->ignore();
+    else
+        QListWidget::mousePressEvent(event);
+}
+
+void Sidebar::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_isPressedBesideEntries && event->buttons())
+        event->ignore();
+    else
+        QListWidget::mouseMoveEvent(event);
+}
+
+void Sidebar::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_isPressedBesideEntries)
+        event->ignore();
+    else
+        QListWidget::mouseReleaseEvent(event);
 }

@@ -57,10 +57,16 @@ class Resizing(DesktopCase):
         self.expect(lambda: second.window.box == (140, 160, 900, 700), lambda: f"it is at {second.window.box}")
         self.finish(second)
 
-    def test_dragging_the_empty_background_moves_it(self):
+    def test_dragging_the_pages_margin_moves_it(self):
+        self.drag_from(230, -40)
+
+    def test_dragging_the_space_below_the_sidebars_entries_moves_it(self):
+        self.drag_from(60, -40)
+
+    def drag_from(self, right, down):
         window = self.start().window
         x, y, width, height = window.box
-        hands, start = self.desktop.hands, (x + 230, y + height - 40)
+        hands, start = self.desktop.hands, (x + right, y + height + down)
         hands.move(*start)
         hands.button(True)
         steps = itertools.count(1)
