@@ -75,6 +75,12 @@ class House(unittest.TestCase):
     def test_every_source_stands_on_a_floor(self):
         self.assertEqual([source for source in self.sources if self.floor(source) is None], [])
 
+    def test_everything_that_the_picture_names_exists(self):
+        missing = [name for name in self.picture
+                   if not (HOUSE / name).is_dir() and f"{name}.h" not in self.sources
+                   and f"{name}.cpp" not in self.sources]
+        self.assertEqual(missing, [])
+
     def test_includes_point_down_only(self):
         upwards = [f"{source} (floor {self.floor(source)}) includes {included} (floor {self.floor(included)})"
                    for source in self.sources for included in includes(source)
