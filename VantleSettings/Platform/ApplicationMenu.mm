@@ -50,9 +50,8 @@ void onReopen(std::function<void()> reopen)
     handler.reopen = std::move(reopen);
     [handler install];
     // Launching puts the system's own handler in its place; it is done once the event loop has begun.
-    [NSNotificationCenter.defaultCenter
-        addObserver:handler
-           selector:@selector(install)
-               name:NSApplicationDidFinishLaunchingNotification
-             object:nil];
+    [NSNotificationCenter.defaultCenter addObserver:handler
+                                           selector:@selector(install)
+                                               name:NSApplicationDidFinishLaunchingNotification
+                                             object:nil];
 }
