@@ -91,12 +91,14 @@ class BareDebian(unittest.TestCase):
             chroot.run("apt-get", "install", "-y", "-q", "--no-install-recommends", "/tmp/package.deb")
             self.assertIn("usr/bin/vantle-settings", traces(root))
 
+            # What every login gives its programs.
             (root / "tmp/home").mkdir()
+            (root / "tmp/runtime").mkdir(mode=0o700)
             entry = (root / "usr/share/applications/com.vantle.settings.desktop").read_text()
             (started_as,) = [line.removeprefix("Exec=") for line in entry.splitlines() if line.startswith("Exec=")]
             program = subprocess.Popen(
-                chroot.command("env", "-i", "HOME=/tmp/home", f"DISPLAY={screen.name}", "PATH=/usr/bin:/bin",
-                               started_as),
+                chroot.command("env", "-i", "HOME=/tmp/home", "XDG_RUNTIME_DIR=/tmp/runtime",
+                               f"DISPLAY={screen.name}", "PATH=/usr/bin:/bin", started_as),
                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
             try:
                 screen.wait_for_window("Vantle Settings")
