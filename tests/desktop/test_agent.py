@@ -61,14 +61,16 @@ class Agents(DesktopCase):
 
     def test_a_change_in_the_instant_of_closing_still_reaches_it(self):
         program = self.start()
-        program.focus("check box", SWITCH)
-        program.press("space", "ctrl+w")
+        program.click("check box", SWITCH)
+        program.press("ctrl+w")
         self.assertEqual(program.ended(), 0)
         self.expect_requests("/settings/reload-green-screen")
 
     def test_silence_does_not_keep_the_program_for_long(self):
         self.replace_agent(answer=None)
         program = self.start()
-        program.focus("check box", SWITCH)
-        program.press(*["space"] * 30, "ctrl+w")
+        place = program.middle(program.click("check box", SWITCH))
+        for _ in range(29):
+            self.desktop.hands.click(*place)
+        program.press("ctrl+w")
         self.assertEqual(program.ended(seconds=6), 0)

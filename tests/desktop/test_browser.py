@@ -39,6 +39,7 @@ class BrowserPatterns(DesktopCase):
         program = self.open()
         program.click_on(self.editor(program, "/work/alpha"))
         program.type("  *alpha*  \n\n")
+        self.expect(lambda: self.editor(program, "/work/alpha").text == "  *alpha*  \n\n", "the text does not arrive")
         program.press("ctrl+s")
         self.expect_file(FILE, BOTH)
 

@@ -13,7 +13,9 @@ class Hands:
         self._display = display.Display()
 
     def press(self, *strokes):
-        """Each stroke is a key's name with its modifiers before it: "Tab", "ctrl+w", "ctrl+shift+z"."""
+        """Each stroke is a key's name with its modifiers before it: "Tab", "ctrl+w", "ctrl+shift+z". While a screen
+        reader is there the toolkit delivers plain keys later than shortcuts: wait for what was typed before pressing
+        one."""
         for stroke in strokes:
             *modifiers, key = stroke.split("+") if stroke != "+" else ["plus"]
             held = [self._code(_MODIFIERS[name])[0] for name in modifiers]
