@@ -43,6 +43,6 @@ private:
     KeyCombo m_combo;
     QString m_comboText;
     ShortcutRecording m_recording;
-    QVariantAnimation m_change;
+    QVariantAnimation m_change{this};
     qreal m_recordingShare = 0; ///< how much of the recording look is on view: 0 idle, 1 recording
 };

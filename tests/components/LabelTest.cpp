@@ -115,6 +115,21 @@ TEST_F(LabelTest, BalancedLinesLeaveNoWordAlone)
     EXPECT_GT(metrics.horizontalAdvance(lines[1]), 0.7 * metrics.horizontalAdvance(lines[0]));
 }
 
+TEST_F(LabelTest, BalancedLinesKeepWordsOfTwoPartsWhole)
+{
+    const QString text =
+        u"Clear persisted sessions and browser patterns, or remove the Claude/Codex hooks Vantle "
+        "installed. These actions cannot be undone."_s;
+    WrappedLabel label(text, TextStyle::size13, TextColor::secondary, WrappedLabel::Lines::balancedCentred);
+    for (int width = 200; width <= 480; width += 20) {
+        show(label, {width, 100});
+        QStringList lines;
+        for (const QString &line : label.shownLines())
+            lines += line;
+        EXPECT_EQ(lines.join(u' '), text) << width;
+    }
+}
+
 TEST_F(LabelTest, TenThousandCharactersAreOnlyAText)
 {
     const QString text = u"word "_s.repeated(2000);

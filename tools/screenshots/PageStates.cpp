@@ -3,10 +3,15 @@
 #include "Platform/ConfirmationDialog.h"
 #include "Platform/Seam.h"
 #include "SampleDesk.h"
+#include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/Picker.h"
+#include "SettingsWindow/Components/Switch.h"
 #include "SettingsWindow/Sections/DataSection.h"
 #include "SettingsWindow/SettingsModel.h"
 #include "SettingsWindow/SettingsRootView.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,6 +21,9 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
+constexpr QSize windowSize(860, 640);
+const QString installedProgram = u"/usr/bin/vantle-settings"_s;
 
 /// The window's view with a model and a world of its own.
 class SampleWindow : public QWidget
@@ -27,6 +35,10 @@ public:
         m_model = std::make_unique<SettingsModel>();
         m_model->section = section;
         m_view = new SettingsRootView(*m_model, 0, this);
+        for (auto *label : m_view->findChildren<ElidedLabel *>()) {
+            if (label->text() == QCoreApplication::applicationFilePath())
+                label->setText(installedProgram);
+        }
         auto *layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(m_view);
@@ -41,9 +53,53 @@ private:
 };
 
 Screenshot window(const QString &name, SettingsSection section, const std::function<void(SampleDesk &)> &fill,
-                  QSize size = {860, 760})
+                  QSize size = windowSize)
 {
     return {name, size, [=] { return std::make_unique<SampleWindow>(section, fill); }};
+}
+
+/// The same for looking at only.
+Screenshot curious(Screenshot screenshot)
+{
+    screenshot.stored = false;
+    return screenshot;
+}
+
+Screenshot afterwards(Screenshot screenshot, const std::function<void(QWidget &)> &prepare)
+{
+    screenshot.prepare = prepare;
+    return screenshot;
+}
+
+template <class Control>
+Control &named(QWidget &window, const QString &name)
+{
+    for (auto *control : window.findChildren<Control *>()) {
+        if (control->accessibleName() == name && control->isVisible())
+            return *control;
+    }
+    qFatal("nothing is called %s", qPrintable(name));
+}
+
+std::function<void(QWidget &)> press(const QString &name)
+{
+    return [=](QWidget &window) { named<QAbstractButton>(window, name).click(); };
+}
+
+std::function<void(QWidget &)> open(const QString &name)
+{
+    return [=](QWidget &window) { named<Picker>(window, name).showPopup(); };
+}
+
+/// As if the user had come to this switch with the Tab key.
+std::function<void(QWidget &)> tabTo(const QString &name)
+{
+    return [=](QWidget &window) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+        qApp->notify(&window, &key);
+        QFocusEvent focus(QEvent::FocusIn, Qt::TabFocusReason);
+        qApp->notify(&named<Switch>(window, name), &focus);
+    };
 }
 
 void demo(SampleDesk &desk)
@@ -53,6 +109,12 @@ void demo(SampleDesk &desk)
 
 void nothing(SampleDesk &)
 {
+}
+
+void someSettings(SampleDesk &desk)
+{
+    desk.put(u".vantle/typeface.json"_s, R"({"name":"jetbrains-mono"})");
+    desk.put(u".vantle/updates.json"_s, R"({"automatic":true})");
 }
 
 void emptyRoot(SampleDesk &desk)
@@ -88,6 +150,7 @@ name = "Archive"
 path = "/Users/sam/code/old/archive-of-everything-that-was-tried-before-the-rewrite/and-never-looked-at-again"
 )");
     desk.putFolder(u"code/vantle"_s);
+    desk.put(u"code/vantle/TODO.toml"_s, {});
     desk.putFolder(u"code/vantle-browser"_s);
     desk.put(u".vantle/sessions.json"_s,
              R"([{"cwd":"/Users/sam/code/vantle"},{"cwd":"/Users/sam/code/vantle/src"},
@@ -108,6 +171,9 @@ void manyProjects(SampleDesk &desk)
 
 void somePatterns(SampleDesk &desk)
 {
+    desk.put(u".vantle/sessions.json"_s,
+             R"([{"cwd":"/Users/sam/code/vantle"},{"cwd":"/Users/sam/code/vantle"},
+        {"cwd":"/Users/sam/code/vantle-browser"}])");
     desk.put(u".claude/browser-patterns.json"_s, R"({
         "/Users/sam/code/vantle": ["github.com/sam/vantle/*", "doc.qt.io/*"],
         "/Users/sam/code/vantle-browser": ["developer.mozilla.org/*", "web.dev/*", "localhost:3000/*",
@@ -184,23 +250,32 @@ std::vector<Screenshot> pageScreenshots()
 {
     constexpr auto planning = SettingsSection::planning;
     constexpr auto browser = SettingsSection::browser;
+    constexpr auto general = SettingsSection::general;
+    constexpr QSize whole(860, 1080);
     return {
-        window(u"general"_s, SettingsSection::general, nothing, {860, 940}),
+        window(u"general"_s, general, someSettings),
+        window(u"general-whole"_s, general, someSettings, whole),
+        afterwards(window(u"general-recording"_s, general, someSettings, whole),
+                   press(u"Focus next notification shortcut"_s)),
+        afterwards(window(u"general-picker"_s, general, someSettings), open(u"Terminal"_s)),
+        afterwards(window(u"general-keyboard"_s, general, someSettings), tabTo(u"Launch at Login"_s)),
         window(u"planning"_s, planning, someProjects),
+        afterwards(window(u"planning-actions"_s, planning, someProjects),
+                   press(u"Actions for Vantle Agent"_s)),
         window(u"planning-demo"_s, planning, demo),
         window(u"planning-not-set"_s, planning, nothing),
         window(u"planning-empty-root"_s, planning, emptyRoot),
         window(u"planning-missing-manifest"_s, planning, missingManifest),
         window(u"planning-empty-manifest"_s, planning, emptyManifest),
-        window(u"planning-long"_s, planning, manyProjects),
-        window(u"planning-hostile"_s, planning, hostileNames, {860, 1000}),
-        window(u"browser"_s, browser, somePatterns, {860, 940}),
-        window(u"browser-demo"_s, browser, demo),
+        curious(window(u"planning-long"_s, planning, manyProjects)),
+        curious(window(u"planning-hostile"_s, planning, hostileNames, {860, 1000})),
+        window(u"browser"_s, browser, somePatterns, {860, 880}),
+        window(u"browser-demo"_s, browser, demo, {860, 880}),
         window(u"browser-empty"_s, browser, nothing),
-        window(u"browser-long"_s, browser, manyPatterns),
-        window(u"browser-hostile"_s, browser, hostileNames, {860, 1000}),
+        curious(window(u"browser-long"_s, browser, manyPatterns)),
+        curious(window(u"browser-hostile"_s, browser, hostileNames, {860, 1000})),
         window(u"data"_s, SettingsSection::data, somePatterns),
-        window(u"data-demo"_s, SettingsSection::data, demo),
+        window(u"about"_s, SettingsSection::about, nothing),
         dialog(u"dialog-clear-sessions"_s, u"Clear Sessions…"_s),
         dialog(u"dialog-clear-patterns"_s, u"Clear Browser Patterns…"_s),
         dialog(u"dialog-uninstall-hooks"_s, u"Uninstall Hooks…"_s),

@@ -67,6 +67,11 @@ void installPinnedLook(QApplication &application)
     installLook(application);
 }
 
+QString fileName(const Screenshot &screenshot, int scale)
+{
+    return screenshot.name + (scale == 1 ? u".png"_s : u"@%1x.png"_s.arg(scale));
+}
+
 QImage rendered(const Screenshot &screenshot, qreal scale)
 {
     const std::unique_ptr<QWidget> window = screenshot.make();

@@ -8,6 +8,7 @@
 Picker::Picker(QWidget *parent) : QComboBox(parent)
 {
     setFont(textFont(TextStyle::size12));
+    setMinimumWidth(Tokens::pickerMinimumWidth);
     setMaximumWidth(Tokens::pickerMaximumWidth);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setSizeAdjustPolicy(QComboBox::AdjustToContents);

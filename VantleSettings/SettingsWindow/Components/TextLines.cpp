@@ -9,6 +9,8 @@
 namespace
 {
 
+constexpr QChar wordJoiner(0x2060);
+
 /// Everything on one line: line breaks of any kind become blanks.
 QString onOneLine(QString text)
 {
@@ -27,6 +29,12 @@ QString withLineSeparators(QString text)
     text.replace(u'\r', QChar::LineSeparator);
     text.replace(QChar::ParagraphSeparator, QChar::LineSeparator);
     return text;
+}
+
+/// A word of two parts, as in "and/or", stays in one piece where lines are balanced.
+QString withWholeWords(QString text)
+{
+    return text.replace(u'/', QString(u'/') + wordJoiner);
 }
 
 /// Where lines of this width start, at most `limit` of them (0: all).
@@ -66,7 +74,8 @@ std::vector<QString> textLines(const QString &text, const QFont &font, qreal wid
     if (flow.maximumLines == 1)
         return {metrics.elidedText(onOneLine(text), Qt::ElideMiddle, width)};
 
-    const QString source = withLineSeparators(text);
+    const QString separated = withLineSeparators(text);
+    const QString source = flow.balanced ? withWholeWords(separated) : separated;
     QTextLayout layout(source, font);
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -86,6 +95,8 @@ std::vector<QString> textLines(const QString &text, const QFont &font, qreal wid
             line.chop(1);
         while (line.endsWith(u' '))
             line.chop(1);
+        if (flow.balanced)
+            line.remove(wordJoiner);
         lines.push_back(line);
     }
     return lines;

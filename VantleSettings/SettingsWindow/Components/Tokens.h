@@ -35,6 +35,7 @@ inline constexpr int smallButtonHeight = 22;
 inline constexpr int smallButtonPadding = 10;
 inline constexpr int largeButtonHeight = 30;
 inline constexpr int largeButtonPadding = 16;
+inline constexpr int pickerMinimumWidth = 130; ///< so that pickers below each other look alike
 inline constexpr int pickerMaximumWidth = 200;
 inline constexpr int switchWidth = 26;
 inline constexpr int switchHeight = 15;

@@ -1,0 +1,123 @@
+#include "Screenshots.h"
+
+#include "Comparison.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int tolerance = 10;
+const QString howToRenew = u"When the change of the look is meant: screenshots --stored docs/screenshots"_s;
+
+struct Picture {
+    Screenshot screenshot;
+    int scale;
+};
+
+void PrintTo(const Picture &picture, std::ostream *out)
+{
+    *out << qPrintable(fileName(picture.screenshot, picture.scale));
+}
+
+std::vector<Picture> storedPictures()
+{
+    std::vector<Picture> pictures;
+    for (const Screenshot &screenshot : allScreenshots()) {
+        if (!screenshot.stored)
+            continue;
+        for (const int scale : {1, 2})
+            pictures.push_back({screenshot, scale});
+    }
+    return pictures;
+}
+
+QDir pictureFolder()
+{
+    return QDir(QStringLiteral(VANTLE_PICTURES));
+}
+
+class StoredPicture : public testing::TestWithParam<Picture>
+{
+};
+
+TEST_P(StoredPicture, LooksAsTheWindowDoes)
+{
+    const auto &[screenshot, scale] = GetParam();
+    installPinnedLook(*qApp);
+    const QImage stored(pictureFolder().filePath(fileName(screenshot, scale)));
+    ASSERT_FALSE(stored.isNull()) << qPrintable(howToRenew);
+    const QImage now = rendered(screenshot, scale);
+    const int difference = perceivedDifference(stored, now);
+    if (difference > tolerance) {
+        const QString file = QDir(QStringLiteral(VANTLE_FAILURES)).filePath(fileName(screenshot, scale));
+        EXPECT_TRUE(now.save(file));
+        ADD_FAILURE() << "differs by " << difference << ", see " << qPrintable(file) << ". "
+                      << qPrintable(howToRenew);
+    }
+}
+
+std::string nameOf(const testing::TestParamInfo<Picture> &info)
+{
+    QString name = info.param.screenshot.name + u"_%1x"_s.arg(info.param.scale);
+    return name.replace(u'-', u'_').toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Documentation, StoredPicture, testing::ValuesIn(storedPictures()), nameOf);
+
+TEST(StoredPictures, AreAllStillDrawn)
+{
+    std::vector<QString> drawn;
+    for (const auto &[screenshot, scale] : storedPictures())
+        drawn.push_back(fileName(screenshot, scale));
+    for (const QString &file : pictureFolder().entryList({u"*.png"_s}, QDir::Files))
+        EXPECT_THAT(drawn, testing::Contains(file));
+}
+
+QImage blank()
+{
+    QImage picture(64, 64, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    return picture;
+}
+
+TEST(PerceivedDifference, IsNothingBetweenEqualPictures)
+{
+    EXPECT_EQ(perceivedDifference(blank(), blank()), 0);
+}
+
+TEST(PerceivedDifference, OfTheOddPixelIsTolerated)
+{
+    QImage other = blank();
+    other.setPixelColor(20, 20, QColor(200, 200, 200));
+    other.setPixelColor(40, 12, QColor(90, 90, 90));
+    EXPECT_LE(perceivedDifference(blank(), other), tolerance);
+}
+
+TEST(PerceivedDifference, OfAMovedLineOrAnotherColourIsNot)
+{
+    QImage here = blank();
+    QPainter(&here).fillRect(0, 31, 64, 1, Qt::white);
+    QImage there = blank();
+    QPainter(&there).fillRect(0, 33, 64, 1, Qt::white);
+    EXPECT_GT(perceivedDifference(here, there), tolerance);
+    QImage lighter = blank();
+    lighter.fill(QColor(16, 16, 16));
+    EXPECT_GT(perceivedDifference(blank(), lighter), tolerance);
+}
+
+TEST(PerceivedDifference, OfPicturesOfDifferentSizesIsTotal)
+{
+    EXPECT_EQ(perceivedDifference(blank(), blank().copy(0, 0, 64, 63)), 255);
+}
+
+} // namespace
