@@ -8,6 +8,7 @@
 #include <QAbstractAnimation>
 #include <QApplication>
 #include <QPainter>
+#include <QScreen>
 
 #include <algorithm>
 
@@ -77,6 +78,8 @@ QImage rendered(const Screenshot &screenshot, qreal scale)
     const std::unique_ptr<QWidget> window = screenshot.make();
     window->setAttribute(Qt::WA_DontShowOnScreen);
     window->resize(screenshot.size.isEmpty() ? window->sizeHint() : screenshot.size);
+    // At the screen's trailing edge pop-ups open into the window, where the picture shows them.
+    window->move(window->screen()->availableGeometry().right() + 1 - window->width(), 0);
     window->show();
     QCoreApplication::processEvents();
     if (screenshot.prepare)
