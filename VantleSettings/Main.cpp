@@ -25,6 +25,7 @@ int main()
                      Qt::QueuedConnection);
     onQuitSignal(&QCoreApplication::quit);
     delegate.applicationDidFinishLaunching();
+    followAppearance(application); // the answer comes once the window is there
     QApplication::exec();
     AgentBridge::finish();
     return 0;
