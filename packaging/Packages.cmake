@@ -20,7 +20,6 @@ if(APPLE)
     set(CPACK_DMG_VOLUME_NAME "Vantle Settings")
 else()
     set(CPACK_GENERATOR DEB)
-    set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
     set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
     set(CPACK_DEBIAN_PACKAGE_SECTION utils)
     # The linked libraries, read from the program. The others it meets only when it runs: the toolkit's Wayland
