@@ -106,7 +106,9 @@ int ShortcutRecorder::widthOf(const QString &text) const
 
 void ShortcutRecorder::changeOver()
 {
-    setAccessibleDescription(shownText());
+    // A new combination is handed over in the next turn: until then the old one would be heard once more.
+    QMetaObject::invokeMethod(
+        this, [this] { setAccessibleDescription(shownText()); }, Qt::QueuedConnection);
     const qreal target = isRecording() ? 1 : 0;
     m_change.stop();
     if (!isVisible() || reducedMotion()) {

@@ -43,12 +43,18 @@ struct RecorderWindow {
     QLineEdit *field = new QLineEdit;
 };
 
+QString described(const RecorderWindow &window)
+{
+    QCoreApplication::sendPostedEvents();
+    return window.recorder->accessibleDescription();
+}
+
 TEST(ShortcutRecorder, ShowsItsComboWhileIdle)
 {
     const RecorderWindow window;
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"⇧⌘J"_s);
+    EXPECT_EQ(described(window), u"⇧⌘J"_s);
     window.recorder->setCombo({37, 0x0300});
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"⇧⌘L"_s);
+    EXPECT_EQ(described(window), u"⇧⌘L"_s);
 }
 
 TEST(ShortcutRecorder, AsksForAShortcutWhileRecording)
@@ -56,12 +62,12 @@ TEST(ShortcutRecorder, AsksForAShortcutWhileRecording)
     const RecorderWindow window;
     window.recorder->click();
     EXPECT_TRUE(window.recorder->isRecording());
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"Press shortcut…"_s);
+    EXPECT_EQ(described(window), u"Press shortcut…"_s);
     window.recorder->setCombo({37, 0x0300});
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"Press shortcut…"_s);
+    EXPECT_EQ(described(window), u"Press shortcut…"_s);
     window.recorder->click();
     EXPECT_FALSE(window.recorder->isRecording());
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"⇧⌘L"_s);
+    EXPECT_EQ(described(window), u"⇧⌘L"_s);
 }
 
 TEST(ShortcutRecorder, RecordsTheNextQualifyingKeyWhereverTheKeyboardIs)
@@ -71,7 +77,7 @@ TEST(ShortcutRecorder, RecordsTheNextQualifyingKeyWhereverTheKeyboardIs)
     press(*window.field, {KEY_K, XKB_KEY_k, Qt::Key_K});
     press(*window.field, {KEY_K, XKB_KEY_K, Qt::Key_K, Qt::ShiftModifier});
     EXPECT_TRUE(window.recorded.empty());
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"Press shortcut…"_s);
+    EXPECT_EQ(described(window), u"Press shortcut…"_s);
     press(*window.field, superShiftK);
     EXPECT_EQ(window.recorded, std::vector{(KeyCombo{40, 0x0300})});
     EXPECT_FALSE(window.recorder->isRecording());
@@ -138,9 +144,9 @@ TEST(ShortcutRecorder, ShowsACodeThatNoKeyHasInBracketsItself)
 {
     const RecorderWindow window;
     window.recorder->setCombo({65536, 0x0100});
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"⌘⟨65536⟩"_s);
+    EXPECT_EQ(described(window), u"⌘⟨65536⟩"_s);
     window.recorder->setCombo({4294967295, 0});
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"⟨4294967295⟩"_s);
+    EXPECT_EQ(described(window), u"⟨4294967295⟩"_s);
 }
 
 TEST(ShortcutRecorder, IsWideEnoughForItsTextAndNeverNarrowerThanOneHundredAndTwenty)
@@ -162,7 +168,7 @@ TEST(ShortcutRecorder, AnAmpersandIsNoMnemonic)
     French french;
     const Seam<KeyboardLayout>::Replacement replacement(french);
     window.recorder->setCombo({18, 0x0100});
-    EXPECT_EQ(window.recorder->accessibleDescription(), u"⌘&"_s);
+    EXPECT_EQ(described(window), u"⌘&"_s);
     EXPECT_TRUE(window.recorder->text().isEmpty());
 }
 

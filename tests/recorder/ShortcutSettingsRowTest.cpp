@@ -102,6 +102,17 @@ TEST_F(ShortcutRows, ARecordedComboIsBoundWrittenAndPosted)
     EXPECT_EQ(subtitle(row), u"Default ⇧⌘J"_s);
 }
 
+TEST_F(ShortcutRows, WhatWasShownBeforeIsNotHeardAgain)
+{
+    ShortcutSettingsRow row(ShortcutAction::focusLast, model());
+    recorder(row).click();
+    turnEventLoop();
+    press(row, {KEY_F5, XKB_KEY_F5, Qt::Key_F5, Qt::AltModifier});
+    EXPECT_EQ(recorder(row).accessibleDescription(), u"Press shortcut…"_s);
+    turnEventLoop();
+    EXPECT_EQ(recorder(row).accessibleDescription(), u"⌥F5"_s);
+}
+
 TEST_F(ShortcutRows, ACancelledRecordingWritesNothing)
 {
     ShortcutSettingsRow row(ShortcutAction::focusLast, model());

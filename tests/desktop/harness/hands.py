@@ -1,9 +1,15 @@
 """Real key strokes and mouse movements, through the X server's test extension."""
 
+import contextlib
+
 from Xlib import XK, X, display
 from Xlib.ext import xtest
 
 _MODIFIERS = {"ctrl": "Control_L", "shift": "Shift_L", "alt": "Alt_L", "super": "Super_L"}
+
+# The kernel's codes of the same keys and of AltGr, wherever the layout has put their signs.
+_MODIFIER_PLACES = {"ctrl": 29, "shift": 42, "alt": 56, "super": 125, "altgr": 100}
+_X_OFFSET = 8
 
 
 class Hands:
@@ -23,6 +29,22 @@ class Hands:
             if shifted:
                 held.append(self._code("Shift_L")[0])
             self._chord(held, code)
+
+    def strike(self, place, *modifiers):
+        """A key by its place on the keyboard, as the kernel numbers it, whatever the layout."""
+        self._chord([_MODIFIER_PLACES[name] + _X_OFFSET for name in modifiers], place + _X_OFFSET)
+
+    @contextlib.contextmanager
+    def holding(self, place, *modifiers):
+        """The same key held down, which the server repeats."""
+        codes = [_MODIFIER_PLACES[name] + _X_OFFSET for name in modifiers] + [place + _X_OFFSET]
+        for code in codes:
+            xtest.fake_input(self._display, X.KeyPress, code)
+        self._display.sync()
+        yield
+        for code in reversed(codes):
+            xtest.fake_input(self._display, X.KeyRelease, code)
+        self._display.sync()
 
     def type(self, text):
         """Types a text that the keyboard's layout has."""
