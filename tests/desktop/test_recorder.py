@@ -154,33 +154,6 @@ class Recording(ShortcutCase):
         self.strike(next_key, "super")
         self.expect_shown(self.recorder, shown)
 
-    def test_a_click_and_a_combination_are_written_and_told(self):
-        self.begin()
-        self.strike("Y", "super", "shift")
-        self.expect_shown(self.recorder, "⇧⌘Y")
-        self.expect_file(FILE, """{
-  "focusLast" : {
-    "keyCode" : 16,
-    "modifiers" : 768
-  },
-  "focusPrevious" : {
-    "keyCode" : 40,
-    "modifiers" : 768
-  },
-  "openPlan" : {
-    "keyCode" : 37,
-    "modifiers" : 768
-  }
-}""")
-        self.expect_requests("/settings/reload-shortcuts")
-        self.finish(self.program)
-
-    def test_a_second_click_cancels(self):
-        self.begin()
-        self.program.click_on(self.recorder)
-        self.expect_shown(self.recorder, "⇧⌘J")
-        self.expect_no_file(FILE)
-
     def test_escape_cancels_with_any_modifiers(self):
         for modifiers in ([], ["super"], ["ctrl", "shift"]):
             self.begin()
@@ -189,7 +162,8 @@ class Recording(ShortcutCase):
         self.expect_no_file(FILE)
 
     def test_typing_keys_and_bare_modifiers_are_swallowed(self):
-        for stroke in (["J"], ["J", "shift"], ["F5"], ["Tab"], ["Tab", "shift"], ["space"], [CAPS_LOCK], [CAPS_LOCK, "ctrl"], [NUM_LOCK, "super"], [NUM_LOCK], [PRINT, "ctrl"]):
+        for stroke in (["J"], ["J", "shift"], ["F5"], ["Tab"], ["Tab", "shift"], ["space"],
+                       [CAPS_LOCK], [CAPS_LOCK, "ctrl"], [NUM_LOCK], [NUM_LOCK, "super"], [PRINT, "ctrl"]):
             with self.subTest(stroke=stroke):
                 self.expect_swallowed(*stroke)
 
@@ -212,12 +186,6 @@ class Recording(ShortcutCase):
         self.record(self.recorder, "Tab", "ctrl", "shift")
         self.expect_shown(self.recorder, "⌃⇧⇥")
         self.assertEqual(self.binding(), (48, 0x1200))
-
-    def test_the_menus_keys_are_recorded_and_not_obeyed(self):
-        for key in ("W", "Q"):
-            self.record(self.recorder, key, "ctrl")
-            self.expect_shown(self.recorder, f"⌃{key}")
-        self.finish(self.program)
 
     def test_a_held_key_is_recorded_once(self):
         subprocess.run(["xset", "r", "rate", "20", "100"], check=True, timeout=20)
@@ -242,13 +210,6 @@ class Recording(ShortcutCase):
         self.expect_shown(other, "⌘Y")
         self.expect_shown(self.recorder, "⇧⌘J")
 
-    def test_leaving_the_page_gives_the_keys_back(self):
-        self.begin()
-        self.program.show("About")
-        self.strike("W", "ctrl")
-        self.assertEqual(self.program.ended(), 0)
-        self.expect_no_file(FILE)
-
     def test_two_actions_may_share_a_combination(self):
         self.record(self.recorder, "J", "ctrl")
         other = self.program.find("push button", PLAN)
@@ -271,15 +232,11 @@ class Recording(ShortcutCase):
         self.program.press("space")
         self.expect_shown(self.recorder, "⇧⌘J")
 
-    def test_reset_all_writes_and_tells_three_times(self):
-        self.program.click("push button", "Reset all shortcuts")
-        self.expect_requests(*["/settings/reload-shortcuts"] * 3)
-        self.assertEqual(self.binding(), (38, 768))
-
 
 class HandEditedFiles(ShortcutCase):
     def test_a_key_code_that_no_key_has_is_shown_and_kept(self):
-        self.write(FILE, '{"openPlan":{"keyCode":65536,"modifiers":0},"focusLast":{"keyCode":4294967295,"modifiers":256}}')
+        self.write(FILE, '{"openPlan":{"keyCode":65536,"modifiers":0},'
+                         '"focusLast":{"keyCode":4294967295,"modifiers":256}}')
         program = self.start()
         self.expect_shown(program.find("push button", PLAN), "⟨65536⟩")
         self.expect_shown(program.find("push button", NEXT), "⌘⟨4294967295⟩")

@@ -41,10 +41,12 @@ class Hands:
         for code in codes:
             xtest.fake_input(self._display, X.KeyPress, code)
         self._display.sync()
-        yield
-        for code in reversed(codes):
-            xtest.fake_input(self._display, X.KeyRelease, code)
-        self._display.sync()
+        try:
+            yield
+        finally:
+            for code in reversed(codes):
+                xtest.fake_input(self._display, X.KeyRelease, code)
+            self._display.sync()
 
     def type(self, text):
         """Types a text that the keyboard's layout has."""

@@ -1,0 +1,76 @@
+"""Shortcuts pressed under a Wayland compositor that lets clients be keyboards."""
+
+import json
+
+from harness.case import DesktopCase
+from harness.compositor import Compositor, Keyboard
+from harness.program import Program
+
+FILE = ".vantle/shortcuts.json"
+WAITING = "Press shortcut…"
+NEXT = "Focus next notification shortcut"
+
+Q, Y, LEFT_OF_1, MINUS, W, ESCAPE, LESS = 16, 21, 41, 12, 17, 1, 86
+
+
+class WaylandKeyboard(DesktopCase):
+    @classmethod
+    def setUpClass(cls):
+        with open(cls.desktop.folder / "compositor.log", "wb") as log:
+            cls.compositor = Compositor(log)
+        cls.addClassCleanup(cls.compositor.close)
+        cls.keyboard = Keyboard(cls.compositor)
+        cls.addClassCleanup(cls.keyboard.close)
+
+    def setUp(self):
+        super().setUp()
+        self.keyboard.use_layout("us")
+        # The Wayland client library leaks a few nameless bytes when it is unloaded at the end.
+        self.program = Program(self.desktop, self.home, environment={
+            "WAYLAND_DISPLAY": self.compositor.socket, "DISPLAY": "", "ASAN_OPTIONS": "detect_leaks=0"})
+        self.addCleanup(self.program.kill)
+        self.recorder = self.program.find("push button", NEXT)
+        self.expect(lambda: self.program.frame.has("active"), "the window is not active")
+
+    def expect_shown(self, text):
+        self.expect(lambda: self.recorder.description == text,
+                    lambda: f"{self.recorder.description} is shown instead of {text}")
+
+    def expect_recorded(self, place, modifiers, code, mask, shown):
+        self.begin()
+        self.keyboard.strike(place, *modifiers)
+        self.expect_shown(shown)
+        combo = json.loads((self.home / FILE).read_text())["focusLast"]
+        self.assertEqual((combo["keyCode"], combo["modifiers"]), (code, mask))
+
+    def begin(self):
+        self.recorder.act()
+        self.expect_shown(WAITING)
+
+    def test_keys_are_recorded_by_place_and_shown_as_the_keymap_prints_them(self):
+        for layout, shown in ((("us",), "QY-`"), (("de",), ["Q", "Z", "SS", "⟨50⟩"]), (("fr",), "AY)²"),
+                              (("us", "-variant", "dvorak"), "'F[`"), (("ru,us",), "QY-`"),
+                              (("jp",), ["Q", "Y", "-", "⟨50⟩"])):
+            self.keyboard.use_layout(*layout)
+            with self.subTest(layout=layout):
+                self.expect_recorded(Q, ["super"], 12, 0x0100, "⌘" + shown[0])
+                self.expect_recorded(Y, ["ctrl", "shift"], 16, 0x1200, "⌃⇧" + shown[1])
+                self.expect_recorded(MINUS, ["alt"], 27, 0x0800, "⌥" + shown[2])
+                self.expect_recorded(LEFT_OF_1, ["ctrl", "alt", "shift", "super"], 50, 0x1B00, "⌃⌥⇧⌘" + shown[3])
+
+    def test_another_layout_shows_at_once(self):
+        self.expect_recorded(Y, ["super"], 16, 0x0100, "⌘Y")
+        self.keyboard.use_layout("de")
+        self.expect_shown("⌘Z")
+
+    def test_the_menus_keys_are_recorded_and_not_obeyed(self):
+        self.expect_recorded(W, ["ctrl"], 13, 0x1000, "⌃W")
+        self.expect_recorded(Q, ["ctrl"], 12, 0x1000, "⌃Q")
+
+    def test_escape_cancels(self):
+        self.begin()
+        self.keyboard.strike(ESCAPE, "ctrl")
+        self.expect_shown("⇧⌘J")
+        self.keyboard.strike(W, "ctrl")
+        self.assertEqual(self.program.ended(), 0)
+        self.expect_no_file(FILE)
