@@ -53,9 +53,9 @@ QString contents(const QString &path)
 
 std::optional<XkbKeymap::Names> configuredKeyboard()
 {
-    if (const auto names = fromAssignments(contents(u"/etc/default/keyboard"_s)))
+    if (auto names = fromAssignments(contents(u"/etc/default/keyboard"_s)))
         return names;
-    if (const auto names = fromOptions(contents(u"/etc/X11/xorg.conf.d/00-keyboard.conf"_s)))
+    if (auto names = fromOptions(contents(u"/etc/X11/xorg.conf.d/00-keyboard.conf"_s)))
         return names;
     return fromAssignments(contents(u"/etc/vconsole.conf"_s));
 }

@@ -1,6 +1,5 @@
 #include "Platform/USKeyboardLayout.h"
 
-#include <algorithm>
 #include <array>
 
 namespace
@@ -31,6 +30,9 @@ std::optional<QString> USKeyboardLayout::printedText(std::uint16_t virtualKeyCod
 
 std::optional<QString> USKeyboardLayout::printed(std::uint16_t virtualKeyCode)
 {
-    const auto key = std::ranges::find(keys, virtualKeyCode, &Key::virtualKey);
-    return key == keys.end() ? std::nullopt : std::optional<QString>(QChar(key->printed));
+    for (const Key &key : keys) {
+        if (key.virtualKey == virtualKeyCode)
+            return QString(QChar(key.printed));
+    }
+    return std::nullopt;
 }

@@ -60,9 +60,8 @@ std::optional<QString> X11KeyboardLayout::printedText(std::uint16_t virtualKeyCo
 {
     const auto group = currentGroup();
     readEvents();
-    if (!group || !keymap())
-        return USKeyboardLayout::printed(virtualKeyCode);
-    return keymap()->printedText(virtualKeyCode, *group);
+    const XkbKeymap *map = group ? keymap() : nullptr;
+    return map ? map->printedText(virtualKeyCode, *group) : USKeyboardLayout::printed(virtualKeyCode);
 }
 
 void X11KeyboardLayout::watch()
@@ -108,9 +107,9 @@ std::optional<std::uint8_t> X11KeyboardLayout::currentGroup()
     return state ? std::optional(state->group) : std::nullopt;
 }
 
-const std::optional<XkbKeymap> &X11KeyboardLayout::keymap()
+const XkbKeymap *X11KeyboardLayout::keymap()
 {
     if (!m_keymap)
         m_keymap = XkbKeymap::fromServer(m_connection.get(), m_device);
-    return m_keymap;
+    return m_keymap ? &*m_keymap : nullptr;
 }

@@ -33,7 +33,7 @@ private:
     void watch();
     void readEvents();
     std::optional<std::uint8_t> currentGroup();
-    const std::optional<XkbKeymap> &keymap();
+    const XkbKeymap *keymap(); ///< null where the server has none to give
 
     Connection m_connection;
     QSocketNotifier m_notifier;

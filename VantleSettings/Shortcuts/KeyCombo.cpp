@@ -4,7 +4,6 @@
 #include "Platform/ModifierFlags.h"
 #include "Platform/Seam.h"
 
-#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -34,9 +33,10 @@ std::uint16_t checkedKeyCode(std::uint32_t keyCode)
 
 QString keyCodeString(std::uint32_t keyCode)
 {
-    const auto special = std::ranges::find(specialKeys, keyCode, &SpecialKey::keyCode);
-    if (special != specialKeys.end())
-        return special->shown.toString();
+    for (const SpecialKey &special : specialKeys) {
+        if (special.keyCode == keyCode)
+            return special.shown.toString();
+    }
     const auto printed = Seam<KeyboardLayout>::current().printedText(checkedKeyCode(keyCode));
     return printed ? printed->toUpper() : KeyCombo::bracketed(keyCode);
 }
