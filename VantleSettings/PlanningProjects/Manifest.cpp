@@ -96,8 +96,8 @@ std::vector<PlanningProjects::Table> PlanningProjects::parseProjectsTOML(QString
                                                assignment->second);
         }
     };
-    for (auto start = text.begin(); start != text.end();) {
-        const auto end = std::find_if(start, text.end(), Text::isLineBreak);
+    for (const QChar *start = text.begin(); start != text.end();) {
+        const QChar *const end = std::find_if(start, text.end(), Text::isLineBreak);
         readLine(Text::trimmed(QStringView(start, end)));
         start = end == text.end() ? end : end + 1;
     }

@@ -4,12 +4,13 @@
 #include "Persistence/SessionRegistry.h"
 #include "Rounds.h"
 
+#include <QByteArrayList>
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <cstdio>
-#include <string>
 
 using namespace Qt::StringLiterals;
 
@@ -19,21 +20,20 @@ namespace
 constexpr int mostSessions = 7;
 
 /// The registry's nth state: some sessions, each in a directory that names the state and how many there are.
-std::string state(int n)
+QByteArray state(int n)
 {
     const int sessions = 1 + n % mostSessions;
-    std::string bytes = "[";
+    QByteArrayList elements;
     for (int i = 0; i < sessions; ++i)
-        bytes += (i ? "," : "") +
-                 ("{\"cwd\":\"/" + std::to_string(n) + "/" + std::to_string(sessions) + "/") +
-                 std::to_string(i) + "\"}";
-    return bytes + "]";
+        elements.append(QStringLiteral("{\"cwd\":\"/%1/%2/%3\"}").arg(n).arg(sessions).arg(i).toUtf8());
+    return '[' + elements.join(',') + ']';
 }
 
-void overwrite(const std::string &path, const std::string &bytes)
+void overwrite(const QByteArray &path, const QByteArray &bytes)
 {
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    if (file < 0 || ::write(file, bytes.data(), bytes.size()) != ssize_t(bytes.size()) || ::close(file) != 0)
+    const int file = ::open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (file < 0 || ::write(file, bytes.constData(), std::size_t(bytes.size())) != bytes.size() ||
+        ::close(file) != 0)
         ::_exit(1);
 }
 
@@ -66,11 +66,11 @@ private:
 
 TEST(RegistryStorm, ARegistryReplacedByRenamesIsAlwaysOfOneWholeState)
 {
-    putHomeFile(u".vantle/sessions.json"_s, QByteArray::fromStdString(state(0)));
-    const std::string registry = homePath(u".vantle/sessions.json"_s).toStdString();
+    putHomeFile(u".vantle/sessions.json"_s, state(0));
+    const QByteArray registry = homePath(u".vantle/sessions.json"_s).toUtf8();
     const Storm storm([&](int n) {
         overwrite(registry + ".new", state(n));
-        std::rename((registry + ".new").c_str(), registry.c_str());
+        std::rename((registry + ".new").constData(), registry.constData());
     });
     QStringList seen;
     for (int round = 0; round < rounds(1000, 50000); ++round) {
@@ -92,8 +92,8 @@ TEST(RegistryStorm, ARegistryReplacedByRenamesIsAlwaysOfOneWholeState)
 
 TEST(RegistryStorm, ARegistryRewrittenInPlaceIsNeverMoreThanASurprise)
 {
-    putHomeFile(u".vantle/sessions.json"_s, QByteArray::fromStdString(state(0)));
-    const std::string registry = homePath(u".vantle/sessions.json"_s).toStdString();
+    putHomeFile(u".vantle/sessions.json"_s, state(0));
+    const QByteArray registry = homePath(u".vantle/sessions.json"_s).toUtf8();
     const Storm storm([&](int n) { overwrite(registry, state(n)); });
     for (int round = 0; round < rounds(1000, 50000); ++round) {
         ASSERT_LE(Persistence::sessionsCount(), mostSessions);

@@ -28,14 +28,14 @@ struct Sample {
 const std::vector<Sample> &corpus()
 {
     static const auto samples = [] {
-        std::vector<Sample> samples;
+        std::vector<Sample> found;
         const QDir directory(QStringLiteral(VANTLE_JSON_CORPUS));
         for (const QString &name : directory.entryList({u"*.json"_s}, QDir::Files)) {
             QFile file(directory.filePath(name));
             EXPECT_TRUE(file.open(QFile::ReadOnly));
-            samples.push_back({name, file.readAll()});
+            found.push_back({name, file.readAll()});
         }
-        return samples;
+        return found;
     }();
     return samples;
 }

@@ -81,10 +81,10 @@ TEST(Json, RefusesWhatIsNotStrictJson)
 
 TEST(Json, TakesWhiteSpaceAroundADocumentAndOneByteOrderMarkBeforeIt)
 {
-    for (const QByteArray &bytes :
+    for (const QByteArray bytes :
          {"[]", " [] ", "\t\r\n{}\n", "\xef\xbb\xbf[]", "\xef\xbb\xbf {}", "true", "\"x\""})
         EXPECT_TRUE(isValid(bytes)) << bytes.toStdString();
-    for (const QByteArray &bytes :
+    for (const QByteArray bytes :
          {"\xef\xbb\xbf\xef\xbb\xbf[]", " \xef\xbb\xbf[]", "\xef\xbb\xbf", "\xef\xbb[]", "[]\xef\xbb\xbf"})
         EXPECT_FALSE(isValid(bytes)) << bytes.toStdString();
 }
@@ -122,7 +122,7 @@ TEST(Json, OnlyTrueAndFalseAreBooleans)
 {
     EXPECT_EQ(parse("{\"v\"\r\n : true}").root()["v"].boolean(), true);
     EXPECT_EQ(parse("{\"v\":false}").root()["v"].boolean(), false);
-    for (const QByteArray &bytes :
+    for (const QByteArray bytes :
          {"{\"v\":1}", "{\"v\":\"true\"}", "{\"v\":null}", "{}", "null", "[true]", "{\"v\":[]}"})
         EXPECT_EQ(parse(bytes).root()["v"].boolean(), std::nullopt) << bytes.toStdString();
 }
@@ -181,8 +181,8 @@ TEST(Json, AnUnsignedNumberIsAnyNumberThatIsWholeAndFits)
 
 TEST(Json, ANumberBeyond64BitsAndDoublesMakesTheFileInvalid)
 {
-    for (const QByteArray &bytes : {"{\"x\":1e400,\"a\":true}", "{\"x\":18446744073709551616,\"a\":true}",
-                                    "{\"x\":-9223372036854775809,\"a\":true}", "[-1e999]"})
+    for (const QByteArray bytes : {"{\"x\":1e400,\"a\":true}", "{\"x\":18446744073709551616,\"a\":true}",
+                                   "{\"x\":-9223372036854775809,\"a\":true}", "[-1e999]"})
         EXPECT_FALSE(isValid(bytes)) << bytes.toStdString();
     EXPECT_TRUE(isValid("[18446744073709551615,-9223372036854775808,1e308,1e-400,100000000000000000000.0]"));
 }
@@ -212,7 +212,7 @@ TEST(Json, CountsAndListsElementsOfArraysOnly)
     EXPECT_EQ(array.root().elementCount(), 2U);
     ASSERT_EQ(array.root().elements().size(), 2U);
     EXPECT_EQ(array.root().elements()[1].uint32(), std::nullopt);
-    for (const QByteArray &bytes : {"{\"a\":[1]}", "\"x\"", "1", "null"}) {
+    for (const QByteArray bytes : {"{\"a\":[1]}", "\"x\"", "1", "null"}) {
         const Parsed other = parse(bytes);
         EXPECT_EQ(other.root().elementCount(), 0U);
         EXPECT_TRUE(other.root().elements().empty());
