@@ -14,9 +14,10 @@
 namespace
 {
 
-constexpr int narrowest = 24;       ///< what a label that can give way asks for at least
-constexpr int lineGap = 1;          ///< between the lines of a text
-constexpr int widestLineHint = 640; ///< a wrapped text never asks for more
+constexpr int narrowest = 24;          ///< what a label that can give way asks for at least
+constexpr int lineGap = 1;             ///< between the lines of a text
+constexpr int widestLineHint = 640;    ///< a wrapped text never asks for more
+constexpr size_t rememberedWidths = 8; ///< a layout asks for the heights at the same few widths over and over
 
 } // namespace
 
@@ -97,16 +98,17 @@ int Label::marginsWidth() const
 
 const std::vector<QString> &Label::linesFor(int width) const
 {
-    if (m_linesWidth != width) {
-        m_lines = textLines(m_text, font(), width - marginsWidth(), m_flow);
-        m_linesWidth = width;
-    }
-    return m_lines;
+    const auto known = m_lines.find(width);
+    if (known != m_lines.end())
+        return known->second;
+    if (m_lines.size() == rememberedWidths)
+        m_lines.clear();
+    return m_lines[width] = textLines(m_text, font(), width - marginsWidth(), m_flow);
 }
 
 void Label::forgetLines()
 {
-    m_linesWidth = -1;
+    m_lines.clear();
     m_naturalWidth = -1;
     updateGeometry();
     update();
@@ -124,8 +126,8 @@ void Label::paintEvent(QPaintEvent *)
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
     qreal baseline = std::round((height() - heightOf(lines.size())) / 2.0 + metrics.ascent());
     for (const QString &line : lines) {
-        const qreal room = inner.width() - metrics.horizontalAdvance(line);
-        const qreal indent = side & Qt::AlignHCenter ? room / 2 : side & Qt::AlignRight ? room : 0;
+        const qreal share = side & Qt::AlignHCenter ? 0.5 : side & Qt::AlignRight ? 1 : 0;
+        const qreal indent = share > 0 ? share * (inner.width() - metrics.horizontalAdvance(line)) : 0;
         painter.drawText(QPointF(inner.left() + indent, baseline), line);
         baseline += lineHeight() + lineGap;
     }

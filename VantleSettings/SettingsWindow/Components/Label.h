@@ -5,6 +5,7 @@
 
 #include <QLabel>
 
+#include <map>
 #include <vector>
 
 /// The text as a tooltip shows it as it is, wrapped when it is long; tooltips would take markup for markup.
@@ -49,8 +50,7 @@ private:
     QString m_text;
     TextColor m_textColor;
     TextFlow m_flow;
-    mutable std::vector<QString> m_lines;
-    mutable int m_linesWidth = -1;
+    mutable std::map<int, std::vector<QString>> m_lines; ///< by width
     mutable int m_naturalWidth = -1;
 };
 

@@ -37,11 +37,12 @@ QString withWholeWords(QString text)
     return text.replace(u'/', QString(u'/') + wordJoiner);
 }
 
-/// Where lines of this width start, at most `limit` of them (0: all).
+/// Where lines of this width start, at most `limit` of them (0: all). The layout has begun and never ends, so
+/// that the text is shaped once for all the widths that are tried.
 std::vector<qsizetype> breaks(QTextLayout &layout, qreal width, int limit)
 {
     std::vector<qsizetype> starts;
-    layout.beginLayout();
+    layout.clearLayout();
     while (limit == 0 || std::ssize(starts) <= limit) {
         QTextLine line = layout.createLine();
         if (!line.isValid())
@@ -49,7 +50,6 @@ std::vector<qsizetype> breaks(QTextLayout &layout, qreal width, int limit)
         line.setLineWidth(width);
         starts.push_back(line.textStart());
     }
-    layout.endLayout();
     return starts;
 }
 
@@ -80,6 +80,7 @@ std::vector<QString> textLines(const QString &text, const QFont &font, qreal wid
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
+    layout.beginLayout();
     const qreal used = flow.balanced ? balancedWidth(layout, width) : width;
     const std::vector<qsizetype> starts = breaks(layout, used, flow.maximumLines);
 
