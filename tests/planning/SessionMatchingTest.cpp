@@ -20,10 +20,10 @@ std::int64_t straightforwardCount(const QString &projectPath, const std::vector<
     if (projectPath.isEmpty())
         return 0;
     const auto components = [](const QString &path) {
-        QStringList components = Path::standardizing(path).split(u'/');
-        if (components.back().isEmpty())
-            components.removeLast(); // of "/"
-        return components;
+        QStringList names = Path::standardizing(path).split(u'/');
+        if (names.back().isEmpty())
+            names.removeLast(); // of "/"
+        return names;
     };
     const QStringList project = components(projectPath);
     std::int64_t count = 0;
@@ -122,10 +122,10 @@ TEST(SessionMatching, GivesWhatTheStraightforwardDefinitionGives)
     const auto path = [&] {
         static const std::vector<QString> starts = {u"/"_s, u"/"_s,  u"~/"_s,      u"~"_s,
                                                     u""_s,  u"//"_s, u"~nobody/"_s};
-        QString path = starts[pick(starts.size())];
+        QString made = starts[pick(starts.size())];
         for (std::size_t left = pick(5); left > 0; --left)
-            path += parts[pick(parts.size())] + (left > 1 || pick(4) == 0 ? u"/"_s : u""_s);
-        return path;
+            made += parts[pick(parts.size())] + (left > 1 || pick(4) == 0 ? u"/"_s : u""_s);
+        return made;
     };
     for (int round = 0; round < 400; ++round) {
         QStringList projects;
