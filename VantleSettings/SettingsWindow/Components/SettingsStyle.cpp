@@ -80,6 +80,16 @@ void SettingsStyle::polish(QWidget *widget)
     }
 }
 
+QIcon SettingsStyle::standardIcon(StandardPixmap icon, const QStyleOption *option,
+                                  const QWidget *widget) const
+{
+    // The menu bar asks for the mark of a bar too long for its window, which it never is here, and with the
+    // first icon the toolkit loads the readers of every picture format.
+    if (icon == SP_ToolBarHorizontalExtensionButton)
+        return {};
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
+
 QPalette SettingsStyle::standardPalette() const
 {
     const QColor text = textColor(TextColor::primary);

@@ -23,6 +23,7 @@ public:
     using QProxyStyle::polish;
     void polish(QWidget *widget) override;
     QPalette standardPalette() const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *data) const override;
