@@ -9,8 +9,11 @@
 #include <QDir>
 #include <QFile>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -34,33 +37,41 @@ protected:
         return *row;
     }
 
-    /// Opens the action menu by its button and keeps it open.
-    QMenu *menu() const
+    /// Opens the action menu by its button, and closes it in the end.
+    void withMenu(const std::function<void(QMenu *)> &act) const
     {
         row->findChild<QPushButton *>()->click();
-        return qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        const QPointer<QMenu> menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        act(menu);
+        if (menu)
+            menu->close();
     }
 
     QStringList items() const
     {
         QStringList texts;
-        QMenu *open = menu();
-        for (const QAction *action : open->actions())
-            texts << action->text();
-        open->close();
+        withMenu([&](const QMenu *menu) {
+            for (const QAction *action : menu->actions())
+                texts << action->text();
+        });
         return texts;
     }
 
-    void choose(const QString &item) const
+    static void click(QMenu *menu, const QString &item)
     {
-        QMenu *open = menu();
-        for (QAction *action : open->actions()) {
+        for (QAction *action : menu->actions()) {
             if (action->text() == item) {
-                QTest::mouseClick(open, Qt::LeftButton, {}, open->actionGeometry(action).center());
+                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
                 return;
             }
         }
         FAIL() << "no item " << qPrintable(item);
+    }
+
+    void choose(const QString &item) const
+    {
+        withMenu([&](QMenu *menu) { click(menu, item); });
     }
 
     bool saysMissing() const
@@ -159,17 +170,17 @@ TEST_F(PlanningProjectRowTest, TheMenuLooksAgainWhenItOpens)
 TEST_F(PlanningProjectRowTest, WhatVanishesBetweenTheMenuAndTheChoiceIsLeftToTheDesktop)
 {
     showRow({.name = u"App"_s, .path = folder, .todoPath = todo});
-    QMenu *open = menu();
-    ASSERT_TRUE(QDir(folder).removeRecursively());
-    QTest::mouseClick(open, Qt::LeftButton, {}, open->actionGeometry(open->actions().at(1)).center());
+    withMenu([this](QMenu *menu) {
+        ASSERT_TRUE(QDir(folder).removeRecursively());
+        click(menu, u"Open TODO.toml"_s);
+    });
     EXPECT_EQ(workspace.opened, QStringList{todo});
 }
 
 TEST_F(PlanningProjectRowTest, TheRowMayGoWhileItsMenuIsOpen)
 {
     showRow({.name = u"App"_s, .path = folder});
-    ASSERT_NE(menu(), nullptr);
-    row.reset();
+    withMenu([this](QMenu *) { row.reset(); });
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
@@ -180,8 +191,12 @@ TEST_F(PlanningProjectRowTest, IsHeardAsAPanelNamedLikeTheProject)
     EXPECT_EQ(heard->role(), QAccessible::Pane);
     EXPECT_EQ(heard->text(QAccessible::Name), u"App");
     EXPECT_EQ(heard->text(QAccessible::Description), homePath(u"gone"_s) + u", missing"_s);
-    const auto *actions = row->findChild<QPushButton *>();
-    EXPECT_EQ(actions->accessibleName(), u"Actions for App");
+    auto *actions = row->findChild<QPushButton *>();
+    QAccessibleInterface *button = QAccessible::queryAccessibleInterface(actions);
+    EXPECT_EQ(button->text(QAccessible::Name), u"Actions for App");
+    EXPECT_EQ(button->role(), QAccessible::Button);
+    ASSERT_EQ(button->childCount(), 1);
+    EXPECT_EQ(button->child(0)->role(), QAccessible::PopupMenu);
 
     showRow({.name = u"App"_s, .path = folder});
     EXPECT_EQ(QAccessible::queryAccessibleInterface(row.get())->text(QAccessible::Description), folder);

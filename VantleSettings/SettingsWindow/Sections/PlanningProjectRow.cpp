@@ -5,8 +5,8 @@
 #include "Platform/Pasteboard.h"
 #include "Platform/Seam.h"
 #include "Platform/Workspace.h"
-#include "SettingsWindow/Components/Buttons.h"
 #include "SettingsWindow/Components/Label.h"
+#include "SettingsWindow/Components/MenuButton.h"
 #include "SettingsWindow/Components/SessionCountBadge.h"
 #include "SettingsWindow/Components/SidebarIcon.h"
 #include "SettingsWindow/Components/Tokens.h"
@@ -48,10 +48,9 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
     texts->addLayout(name);
     texts->addWidget(new ElidedLabel(project.path, TextStyle::size11, TextColor::secondary));
 
-    auto *actions = new IconButton(u"ellipsis.circle"_s, {}, actionsSymbolSize);
+    auto *actions = new MenuButton(u"ellipsis.circle"_s, actionsSymbolSize);
     actions->setAccessibleName(u"Actions for "_s + project.name);
-    connect(actions, &QPushButton::clicked, this, &PlanningProjectRow::openActionMenu);
-    m_actions = actions;
+    connect(actions, &MenuButton::menuNeeded, this, &PlanningProjectRow::fillActionMenu);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
@@ -85,18 +84,10 @@ void PlanningProjectRow::render()
     setAccessibleDescription(there ? m_project.path : m_project.path + u", missing"_s);
 }
 
-void PlanningProjectRow::openActionMenu()
+/// The items that make sense at this moment; what they name may be gone when one is chosen.
+void PlanningProjectRow::fillActionMenu(QMenu &menu)
 {
     render();
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    fillActionMenu(*menu);
-    menu->popup(m_actions->mapToGlobal(QPoint(0, m_actions->height())));
-}
-
-/// The items that make sense at this moment; what they name may be gone when one is chosen.
-void PlanningProjectRow::fillActionMenu(QMenu &menu) const
-{
     const QString path = m_project.path;
     const QString todo = m_project.todoPath;
     if (exists())

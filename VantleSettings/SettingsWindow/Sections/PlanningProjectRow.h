@@ -24,11 +24,9 @@ public:
 
 private:
     bool exists() const;
-    void openActionMenu();
-    void fillActionMenu(QMenu &menu) const;
+    void fillActionMenu(QMenu &menu);
 
     PlanningProject m_project;
     SidebarIcon *m_icon;
     QWidget *m_missing;
-    QWidget *m_actions;
 };
