@@ -61,11 +61,8 @@ void Label::setTextColor(TextColor textColor)
 
 QSize Label::sizeHint() const
 {
-    if (m_naturalWidth < 0) {
-        const int natural = widthOfLines(textLines(m_text, font(), QWIDGETSIZE_MAX, {}), font());
-        m_naturalWidth = wraps() ? std::min(natural, widestLineHint) : natural;
-    }
-    const int width = m_naturalWidth + marginsWidth();
+    const int natural = wraps() ? std::min(naturalWidth(), widestLineHint) : naturalWidth();
+    const int width = natural + marginsWidth();
     return {width, wraps() ? heightForWidth(width) : heightOf(1)};
 }
 
@@ -96,6 +93,26 @@ int Label::marginsWidth() const
     return contentsMargins().left() + contentsMargins().right();
 }
 
+/// Without a line break of any kind, nor a blank at the end, which a line would lose.
+bool Label::isOneParagraph() const
+{
+    return !m_text.isEmpty() && m_text.back() != u' ' &&
+           std::none_of(m_text.begin(), m_text.end(), [](QChar unit) {
+               return unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator ||
+                      unit == QChar::ParagraphSeparator;
+           });
+}
+
+/// What the text takes where nothing limits it, in points, rounded up.
+int Label::naturalWidth() const
+{
+    if (m_naturalWidth < 0)
+        m_naturalWidth = widthOfLines(isOneParagraph() ? std::vector<QString>{m_text}
+                                                       : textLines(m_text, font(), QWIDGETSIZE_MAX, {}),
+                                      font());
+    return m_naturalWidth;
+}
+
 const std::vector<QString> &Label::linesFor(int width) const
 {
     const auto known = m_lines.find(width);
@@ -103,7 +120,15 @@ const std::vector<QString> &Label::linesFor(int width) const
         return known->second;
     if (m_lines.size() == rememberedWidths)
         m_lines.clear();
-    return m_lines[width] = textLines(m_text, font(), width - marginsWidth(), m_flow);
+    std::vector<QString> &lines = m_lines[width];
+    const int room = width - marginsWidth();
+    // Most texts fit on one line, and measuring them again would be most of the work of a page's first
+    // layout.
+    if (isOneParagraph() && naturalWidth() <= room)
+        lines = {m_text};
+    else
+        lines = textLines(m_text, font(), room, m_flow);
+    return lines;
 }
 
 void Label::forgetLines()

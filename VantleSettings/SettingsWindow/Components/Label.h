@@ -44,6 +44,8 @@ private:
     int heightOf(size_t lines) const;
     int lineHeight() const;
     int marginsWidth() const;
+    int naturalWidth() const;
+    bool isOneParagraph() const;
     void forgetLines();
     bool wraps() const { return m_flow.maximumLines != 1; }
 
