@@ -9,7 +9,7 @@ namespace dom = simdjson::dom;
 namespace
 {
 
-constexpr int deepest = 512;
+constexpr std::size_t deepest = 512;
 
 /// What the element holds as a T; nothing when it holds something else.
 template <class T>
@@ -39,7 +39,7 @@ bool sameName(std::string_view a, std::string_view b)
     return !(isAscii(a) && isAscii(b)) && Text::equal(decoded(a), decoded(b));
 }
 
-bool isDeeperThan(int depth, dom::element element)
+bool isDeeperThan(std::size_t depth, dom::element element)
 {
     if (dom::array array; element.get(array) == simdjson::SUCCESS) {
         return depth == 0 || std::any_of(array.begin(), array.end(),
