@@ -118,10 +118,11 @@ TEST_F(PatternsEditorTest, GrowsWithLinesThatWrap)
 
 TEST_F(PatternsEditorTest, TheExpectedHeightIsTheRealOneWhereNothingWraps)
 {
+    const auto expected = PatternsEditor::expectedHeight();
     for (int count = 1; count < 12; ++count) {
         editor->setText(lines(count));
         QCoreApplication::sendPostedEvents();
-        EXPECT_EQ(editor->height(), PatternsEditor::heightFor(count)) << count << " lines";
+        EXPECT_EQ(editor->height(), expected(count)) << count << " lines";
         const bool fits = count * int(QFontMetrics(editor->font()).lineSpacing()) < editor->height();
         EXPECT_EQ(editor->verticalScrollBar()->maximum() == 0, fits) << count << " lines";
     }

@@ -22,7 +22,7 @@ constexpr int dividerHeight = 1;
 class ButtonRow : public QWidget
 {
 public:
-    ButtonRow(const QUuid &id, int height, QWidget *parent) : QWidget(parent), id(id), wanted(height)
+    ButtonRow(const QUuid &itsId, int height, QWidget *parent) : QWidget(parent), id(itsId), wanted(height)
     {
         auto *layout = new QVBoxLayout(this);
         layout->addWidget(button);

@@ -19,18 +19,19 @@ QString plainText(const QTextDocument &document)
     return document.toRawText().replace(QChar::ParagraphSeparator, u'\n');
 }
 
-int heightOf(const QFont &font, qreal lines)
+int heightOf(qreal lines, int lineSpacing)
 {
     // The editor scrolls as soon as its lines fill it to the last point.
-    const int height = int(std::ceil(lines * QFontMetrics(font).lineSpacing())) + 1;
+    const int height = int(std::ceil(lines * lineSpacing)) + 1;
     return std::clamp(height, PatternsEditor::minimumHeight, PatternsEditor::maximumHeight);
 }
 
 } // namespace
 
-int PatternsEditor::heightFor(qsizetype lines)
+std::function<int(qsizetype lines)> PatternsEditor::expectedHeight()
 {
-    return heightOf(textFont(TextStyle::size12), qreal(lines));
+    const int lineSpacing = QFontMetrics(textFont(TextStyle::size12)).lineSpacing();
+    return [lineSpacing](qsizetype lines) { return heightOf(qreal(lines), lineSpacing); };
 }
 
 PatternsEditor::PatternsEditor(QWidget *parent) : QPlainTextEdit(parent)
@@ -108,7 +109,7 @@ void PatternsEditor::fitHeight()
 {
     // The height of a plain-text document is its number of lines, wrapped ones included.
     const qreal lines = document()->size().height();
-    const int height = heightOf(font(), lines);
+    const int height = heightOf(lines, QFontMetrics(font()).lineSpacing());
     if (std::exchange(m_height, height) != height)
         updateGeometry();
 }

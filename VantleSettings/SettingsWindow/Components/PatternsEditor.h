@@ -3,6 +3,7 @@
 #include <QPlainTextEdit>
 #include <QTextCursor>
 
+#include <functional>
 #include <memory>
 
 /// A small editor for a list with one entry per line. It grows with its text between two heights and scrolls
@@ -22,8 +23,8 @@ public:
 
     static constexpr int minimumHeight = 70;
     static constexpr int maximumHeight = 96;
-    /// The height for this many lines, none of them wrapped.
-    static int heightFor(qsizetype lines);
+    /// Tells the height for a number of lines, none of them wrapped, under the fonts of this moment.
+    static std::function<int(qsizetype lines)> expectedHeight();
 
     explicit PatternsEditor(QWidget *parent = nullptr);
 

@@ -53,7 +53,8 @@ RowList *BrowserPatternsSection::projectRows()
             [project](QWidget *row, qsizetype index) {
                 static_cast<ProjectRow *>(row)->editor().setText(project(index).urls);
             },
-        .expectedHeight = [project](qsizetype index) { return ProjectRow::expectedHeight(project(index)); },
+        .expectedHeight = [project, height = ProjectRow::expectedHeight()](
+                              qsizetype index) { return height(project(index)); },
         .leave =
             [this](QWidget *widget) {
                 auto *row = static_cast<ProjectRow *>(widget);

@@ -64,7 +64,7 @@ RowList *PlanningSection::projectRows()
                 return new PlanningProjectRow(m_model.planningProjects.value()[size_t(index)], list);
             },
         .show = [](QWidget *row, qsizetype) { static_cast<PlanningProjectRow *>(row)->render(); },
-        .expectedHeight = [](qsizetype) { return PlanningProjectRow::expectedHeight(); },
+        .expectedHeight = [height = PlanningProjectRow::expectedHeight()](qsizetype) { return height; },
         .leave = {},
     });
 }

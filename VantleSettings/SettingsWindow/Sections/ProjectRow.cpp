@@ -75,10 +75,13 @@ ProjectRow::ProjectRow(const BrowserConfigProject &project, QWidget *parent)
     m_editor->setAccessibleName(u"URL patterns for "_s + project.root);
 }
 
-int ProjectRow::expectedHeight(const BrowserConfigProject &project)
+std::function<int(const BrowserConfigProject &)> ProjectRow::expectedHeight()
 {
     const int texts = QFontMetrics(textFont(TextStyle::size13Semibold)).height() + lineGap +
                       QFontMetrics(textFont(TextStyle::size11)).height();
-    return 2 * Tokens::rowPaddingVertical + std::max(Tokens::iconTile, texts) + editorGap +
-           2 * editorPaddingVertical + PatternsEditor::heightFor(project.urls.count(u'\n') + 1);
+    const int rest = 2 * Tokens::rowPaddingVertical + std::max(Tokens::iconTile, texts) + editorGap +
+                     2 * editorPaddingVertical;
+    return [rest, editor = PatternsEditor::expectedHeight()](const BrowserConfigProject &project) {
+        return rest + editor(project.urls.count(u'\n') + 1);
+    };
 }

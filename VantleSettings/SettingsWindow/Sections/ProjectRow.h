@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class PatternsEditor;
 
 /// A project on the Browser Patterns page: its folder, and an editor for its patterns.
@@ -14,8 +16,8 @@ class ProjectRow : public QWidget
 public:
     explicit ProjectRow(const BrowserConfigProject &project, QWidget *parent = nullptr);
 
-    /// The height of a project's row where none of its patterns wraps.
-    static int expectedHeight(const BrowserConfigProject &project);
+    /// Tells the height of a project's row where none of its patterns wraps, under the fonts of this moment.
+    static std::function<int(const BrowserConfigProject &project)> expectedHeight();
 
     const QUuid &id() const { return m_id; }
     PatternsEditor &editor() const { return *m_editor; }
