@@ -29,7 +29,7 @@ QString nearestExisting(QString folder)
 std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
 {
     const QPointer<QFileDialog> dialog =
-        new QFileDialog(QApplication::activeWindow(), question.title, *question.start);
+        new QFileDialog(QApplication::activeWindow(), question.title, question.start.value_or(QString()));
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, question.prompt);

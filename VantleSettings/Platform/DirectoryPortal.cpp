@@ -11,6 +11,8 @@
 #include <QUrl>
 #include <QUuid>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -39,7 +41,7 @@ QString requestPath(const QDBusConnection &bus, const QString &token)
 
 } // namespace
 
-DirectoryPortal::DirectoryPortal(const QDBusConnection &bus) : m_bus(bus)
+DirectoryPortal::DirectoryPortal(QDBusConnection bus) : m_bus(std::move(bus))
 {
 }
 

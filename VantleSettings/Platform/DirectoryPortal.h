@@ -26,15 +26,13 @@ public:
         QString folder = {}; ///< where one was chosen
     };
 
-    explicit DirectoryPortal(const QDBusConnection &bus);
+    explicit DirectoryPortal(QDBusConnection bus);
 
     /// Asks, once, and waits for the answer; meanwhile the program's windows take no input.
     Answer ask(const DirectoryQuestion &question, QWidget *parent);
 
-private Q_SLOTS:
-    void take(uint response, const QVariantMap &results);
-
 private:
+    Q_SLOT void take(uint response, const QVariantMap &results);
     void askVersion();
     void openDialog();
     void listenTo(const QString &request);

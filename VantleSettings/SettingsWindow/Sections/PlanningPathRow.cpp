@@ -29,14 +29,14 @@ bool isSet(const std::optional<QString> &root)
 
 QString displayPath(const std::optional<QString> &root)
 {
-    return isSet(root) ? *root : u"Not set"_s;
+    return isSet(root) ? root.value_or(QString()) : u"Not set"_s;
 }
 
 std::optional<QString> subtitle(const std::optional<QString> &root)
 {
     if (!isSet(root))
         return u"Click Choose… to point at a folder on disk."_s;
-    const QString folder = Path::lastComponent(*root);
+    const QString folder = Path::lastComponent(root.value_or(QString()));
     return folder.isEmpty() ? std::nullopt : std::optional(u"Selected folder: "_s + folder);
 }
 
