@@ -16,6 +16,7 @@
 #include "SettingsWindow/SettingsModel.h"
 
 #include <QHBoxLayout>
+#include <QtNumeric>
 
 #include <algorithm>
 #include <functional>
@@ -127,8 +128,10 @@ QString PlanningSection::summaryLine() const
 {
     const std::vector<PlanningProject> &projects = m_model.planningProjects;
     std::int64_t sessions = 0;
-    for (const PlanningProject &project : projects)
-        sessions += project.sessionCount;
+    for (const PlanningProject &project : projects) {
+        if (qAddOverflow(sessions, project.sessionCount, &sessions))
+            qFatal("more sessions than can be counted");
+    }
     return counted(std::int64_t(projects.size()), u"project"_s) + u" · "_s +
            counted(sessions, u"matched session"_s);
 }
