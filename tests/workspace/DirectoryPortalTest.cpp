@@ -46,7 +46,7 @@ public:
     QVariantMap options;
     bool ownRequestPath = false; ///< ignores the token, as old portals do
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): marks slots, not access
     QDBusObjectPath OpenFile(const QString &, const QString &shownTitle, const QVariantMap &shownOptions,
                              const QDBusMessage &call)
     {
