@@ -36,6 +36,13 @@ def raise_loopback():
         fcntl.ioctl(probe, _SIOCSIFFLAGS, name + struct.pack("H", flags | _IFF_UP) + bytes(22))
 
 
+def hide_other_screens():
+    """X servers in different networks do not see each other's numbers, but would share the folder of their sockets:
+    the later one would take the earlier one's place there."""
+    os.makedirs("/tmp/.X11-unix", exist_ok=True)
+    subprocess.run(["mount", "-t", "tmpfs", "-o", "mode=1777", "tmpfs", "/tmp/.X11-unix"], check=True)
+
+
 def refuse_if_somebody_listens():
     with socket.socket() as probe:
         if probe.connect_ex(("127.0.0.1", 18484)) == 0:
@@ -47,6 +54,7 @@ def main():
         enter_own_network()
     if os.environ[_INSIDE] == "own":
         raise_loopback()
+        hide_other_screens()
     refuse_if_somebody_listens()
 
     program, file, *names = sys.argv[1:]

@@ -91,10 +91,8 @@ class Desktop:
         return process
 
     def _start_screen(self, width, height):
-        # A number of our own: two servers that look for a free one at the same time can find the same.
-        display = 1000 + os.getpid() % 50000
         reading, writing = os.pipe()
-        self._start("Xvfb", f":{display}", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-dpi", "96",
+        self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-dpi", "96",
                     "-nolisten", "tcp", "-noreset", "-ac", stdout=self._log, pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as answer:
