@@ -6,7 +6,6 @@
 #include "SettingsWindow/Components/Label.h"
 #include "SettingsWindow/Components/Painting.h"
 #include "SettingsWindow/Components/Tokens.h"
-#include "SettingsWindow/SectionPane.h"
 
 #include <QPainter>
 #include <QVBoxLayout>

@@ -6,9 +6,6 @@
 
 class SectionContent;
 
-QString symbol(SettingsSection section);   ///< of the page's tile in the sidebar and the heading
-QString subtitle(SettingsSection section); ///< what the page is for, below its heading
-
 /// The frame of every page: the heading, and the page's content below it; it scrolls when it is high. Heard
 /// as a panel named like the page.
 class SectionPane : public QScrollArea

@@ -17,3 +17,5 @@ inline constexpr std::array allSettingsSections{SettingsSection::general, Settin
 QString rawValue(SettingsSection section); ///< the title
 std::optional<SettingsSection> settingsSection(const QString &rawValue);
 SystemColor tint(SettingsSection section);
+QString symbol(SettingsSection section);   ///< of the page's tile in the sidebar and the heading
+QString subtitle(SettingsSection section); ///< what the page is for, below its heading

@@ -4,7 +4,6 @@
 #include "SettingsWindow/Components/Painting.h"
 #include "SettingsWindow/Components/SidebarIcon.h"
 #include "SettingsWindow/Components/Tokens.h"
-#include "SettingsWindow/SectionPane.h"
 
 #include <QMouseEvent>
 #include <QPainter>
