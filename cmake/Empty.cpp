@@ -1,0 +1,1 @@
+// Nothing but the headers compiled before it.
