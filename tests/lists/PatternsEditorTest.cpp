@@ -72,11 +72,25 @@ TEST_F(PatternsEditorTest, SettingTheSameTextKeepsCaretSelectionAndHistory)
 
 TEST_F(PatternsEditorTest, CharactersThatLookLikeSpacesOrLineBreaksStayWhatTheyAre)
 {
-    const QString text = u"a\u00A0b\u2028c\u200B\td"_s;
+    const QString text = u"a\u00A0b\u2028c\u200B\td\re\r\nf\u2029g\ufdd0h\ufdd1i"_s;
     editor->setText(text);
     editor->moveCursor(QTextCursor::End);
     QTest::keyClicks(editor, u"!"_s);
     EXPECT_EQ(editor->text(), text + u'!');
+}
+
+TEST_F(PatternsEditorTest, PastedTextStaysAsItIsAndIsCopiedSo)
+{
+    const QString text = u"a\r\nb\rc\u2029d\u00A0e"_s;
+    QGuiApplication::clipboard()->setText(text);
+    editor->paste();
+    EXPECT_EQ(editor->text(), text);
+    EXPECT_EQ(editor->document()->blockCount(), 2) << "a line ends at a line feed only";
+
+    QGuiApplication::clipboard()->clear();
+    editor->selectAll();
+    editor->copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
 }
 
 TEST_F(PatternsEditorTest, MarkupIsPlainText)

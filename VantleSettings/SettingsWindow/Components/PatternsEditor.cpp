@@ -3,20 +3,42 @@
 #include "SettingsWindow/Components/Tokens.h"
 
 #include <QFontMetrics>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
 namespace
 {
 
-// QTextDocument::toPlainText() would turn no-break spaces and line separators into others.
-QString plainText(const QTextDocument &document)
+// Characters that a document takes for the end of a line, though a line ends at a line feed only. Inside the
+// document each is a low surrogate on its own, which no text has, and which is seen as an odd character.
+constexpr std::array<char16_t, 4> mistakenForLineEnds{u'\r', u'\u2029', u'\ufdd0', u'\ufdd1'};
+
+constexpr char16_t standIn(std::size_t index)
 {
-    return document.toRawText().replace(QChar::ParagraphSeparator, u'\n');
+    return char16_t(0xdc00 + index);
+}
+
+QString inDocument(QString text)
+{
+    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
+        text.replace(QChar(mistakenForLineEnds[index]), QChar(standIn(index)));
+    return text;
+}
+
+/// The text of a document, or of a part of it. (toPlainText() would turn no-break spaces and line separators
+/// into others.)
+QString fromDocument(QString rawText)
+{
+    rawText.replace(QChar::ParagraphSeparator, u'\n');
+    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
+        rawText.replace(QChar(standIn(index)), QChar(mistakenForLineEnds[index]));
+    return rawText;
 }
 
 int heightOf(qreal lines, int lineSpacing)
@@ -54,7 +76,7 @@ void PatternsEditor::setText(const QString &text)
         return;
     const QSignalBlocker ours(this); // a change of the program's, not the user's
     m_text = text;
-    setPlainText(text);
+    setPlainText(inDocument(text));
     fitHeight();
 }
 
@@ -95,10 +117,23 @@ void PatternsEditor::resizeEvent(QResizeEvent *event)
     fitHeight();
 }
 
+void PatternsEditor::insertFromMimeData(const QMimeData *source)
+{
+    insertPlainText(inDocument(source->text()));
+    ensureCursorVisible();
+}
+
+QMimeData *PatternsEditor::createMimeDataFromSelection() const
+{
+    auto data = std::make_unique<QMimeData>();
+    data->setText(fromDocument(textCursor().selectedText()));
+    return data.release();
+}
+
 void PatternsEditor::readText()
 {
     fitHeight();
-    QString text = plainText(*document());
+    QString text = fromDocument(document()->toRawText());
     if (text == m_text)
         return;
     m_text = std::move(text);
