@@ -21,10 +21,11 @@ _SIOCGIFFLAGS, _SIOCSIFFLAGS, _IFF_UP = 0x8913, 0x8914, 1
 
 def enter_own_network():
     """Starts over in a network and a mount namespace; without the right to, goes on in the common ones."""
-    for separation in (["unshare", "--net", "--mount"], ["unshare", "--net", "--mount", "--map-root-user"]):
-        if subprocess.run([*separation, "true"], stderr=subprocess.DEVNULL).returncode == 0:
-            os.environ[_INSIDE] = "own"
-            os.execvp("unshare", [*separation, sys.executable, *sys.argv])
+    unshared = str(pathlib.Path(__file__).resolve().parents[1] / "support" / "unshared")
+    separated = [unshared, "--net", "--mount", "--"]
+    if subprocess.run([*separated, "true"], stderr=subprocess.DEVNULL).returncode == 0:
+        os.environ[_INSIDE] = "own"
+        os.execv(unshared, [*separated, sys.executable, *sys.argv])
     os.environ[_INSIDE] = "common"
 
 

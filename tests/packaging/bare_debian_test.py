@@ -10,8 +10,9 @@ import unittest
 
 from Xlib import X, display
 
-from trees import BUILD, run, temporary_folder
+from trees import BUILD, SOURCE, run, temporary_folder
 
+UNSHARED = SOURCE / "tests" / "support" / "unshared"
 NOT_OURS = ("proc", "sys", "dev", "tmp", "var/cache", "var/lib/apt", "var/log")
 
 
@@ -38,7 +39,7 @@ class Chroot:
 
     def command(self, *words):
         # A mount namespace of its own: nothing stays mounted, whatever happens.
-        return ["unshare", "--mount", "--", "sh", "-c",
+        return [UNSHARED, "--mount", "--", "sh", "-c",
                 'mount -t proc proc "$0/proc" && exec chroot "$0" "$@"', str(self.root), *map(str, words)]
 
     def run(self, *words):
