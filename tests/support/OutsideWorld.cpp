@@ -36,9 +36,9 @@ void OutsideWorld::note(const std::string &verb, const QString &object, const QB
         shown.replace(0, home.size(), u'~');
     auto entry = verb;
     if (!shown.isEmpty())
-        entry += " " + shown.toStdString();
+        entry.append(" ").append(shown.toStdString());
     if (!bytes.isEmpty())
-        entry += " " + bytes.simplified().toStdString();
+        entry.append(" ").append(bytes.simplified().toStdString());
     m_record.push_back(entry);
 }
 

@@ -160,8 +160,10 @@ TEST_P(Accessibility, TabVisitsEveryControlOfThePageInReadingOrderThenTheSidebar
     QList<QWidget *> visited = tour(Qt::Key_Tab);
     ASSERT_EQ(visited.takeFirst(), &sidebar());
     for (QWidget *control : page().findChildren<QWidget *>()) {
-        if (control->focusPolicy() & Qt::TabFocus && control->isVisible() && control->isEnabled())
+        const bool isReachable = control->isVisible() && control->isEnabled();
+        if (control->focusPolicy() & Qt::TabFocus && isReachable) {
             EXPECT_TRUE(visited.contains(control)) << control->accessibleName().toStdString();
+        }
     }
     const auto place = [this](const QWidget *control) {
         return control->mapTo(&page(), control->rect().center());
@@ -185,8 +187,8 @@ TEST_P(Accessibility, ShiftTabGoesTheSameWayBack)
     EXPECT_EQ(there, back);
 }
 
-INSTANTIATE_TEST_SUITE_P(Pages, Accessibility, testing::ValuesIn(states), [](const auto &info) {
-    std::string name = info.param.name;
+INSTANTIATE_TEST_SUITE_P(Pages, Accessibility, testing::ValuesIn(states), [](const auto &state) {
+    std::string name = state.param.name;
     std::replace(name.begin(), name.end(), '-', '_');
     return name;
 });

@@ -125,9 +125,9 @@ void PatternsEditor::insertFromMimeData(const QMimeData *source)
 
 QMimeData *PatternsEditor::createMimeDataFromSelection() const
 {
-    auto data = std::make_unique<QMimeData>();
-    data->setText(fromDocument(textCursor().selectedText()));
-    return data.release();
+    auto copied = std::make_unique<QMimeData>();
+    copied->setText(fromDocument(textCursor().selectedText()));
+    return copied.release();
 }
 
 void PatternsEditor::readText()
