@@ -50,6 +50,17 @@ TEST_F(ControlTest, AClickOnASwitchAsksAndShowsThePresentStateUntilItIsAnswered)
     EXPECT_TRUE(control.isChecked());
 }
 
+TEST_F(ControlTest, TheKnobOfASwitchThatIsRefusedGoesThereAndBack)
+{
+    Switch control;
+    show(control, control.sizeHint());
+    const QImage off = control.grab().toImage();
+    QTest::mouseClick(&control, Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return control.grab().toImage() != off; })) << "the knob never moved";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return control.grab().toImage() == off; })) << "the knob stays away";
+    EXPECT_FALSE(control.isChecked());
+}
+
 TEST_F(ControlTest, ASwitchIsACheckBoxThatIsToggledAsAClickDoesIt)
 {
     Switch control;

@@ -41,6 +41,7 @@ class LaunchAtLogin(DesktopCase):
         program = self.start()
         switch = program.click("check box", self.SWITCH)
         self.expect(lambda: self.jobs.asked == [f"--user enable --now {self.UNIT}"], "it was not tried")
+        self.expect(lambda: (switch, False) in self.desktop.accessibility.switched, "it does not say that it fell back")
         program.click("check box", "Marketing Recording Mode")
         self.expect_requests("/settings/reload-green-screen")
         self.assertFalse(switch.has("checked"))

@@ -6,6 +6,7 @@
 
 #include <QAccessibleWidget>
 #include <QPainter>
+#include <QTimer>
 
 namespace
 {
@@ -74,7 +75,12 @@ void Switch::setChecked(bool on)
 
 void Switch::nextCheckState()
 {
-    Q_EMIT requested(!isChecked());
+    const bool wish = !isChecked();
+    Q_EMIT requested(wish);
+    QTimer::singleShot(0, this, [this, wish] {
+        if (isChecked() != wish)
+            fallBack();
+    });
 }
 
 bool Switch::hitButton(const QPoint &position) const
@@ -89,9 +95,34 @@ void Switch::slideTo(qreal target)
         update();
         return;
     }
+    QVariantAnimation &slide = startableSlide();
+    slide.setDuration(Tokens::switchDuration);
+    slide.setKeyValues({{0, m_knob}, {1, target}});
+    slide.start();
+}
+
+/// The knob goes where it was asked to go and comes back.
+void Switch::fallBack()
+{
+    // A listener that saw the switch asked still believes that it moved.
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+
+    if (!isVisible() || reducedMotion())
+        return;
+    const qreal rest = isChecked() ? 1 : 0;
+    QVariantAnimation &slide = startableSlide();
+    slide.setDuration(2 * Tokens::switchDuration);
+    slide.setKeyValues({{0, m_knob}, {0.5, 1 - rest}, {1, rest}});
+    slide.start();
+}
+
+QVariantAnimation &Switch::startableSlide()
+{
     if (m_slide == nullptr) {
         m_slide = new QVariantAnimation(this);
-        m_slide->setDuration(Tokens::switchDuration);
         m_slide->setEasingCurve(QEasingCurve::OutCubic);
         connect(m_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant &value) {
             m_knob = value.toReal();
@@ -99,9 +130,7 @@ void Switch::slideTo(qreal target)
         });
     }
     m_slide->stop();
-    m_slide->setStartValue(m_knob);
-    m_slide->setEndValue(target);
-    m_slide->start();
+    return *m_slide;
 }
 
 void Switch::paintEvent(QPaintEvent *)

@@ -5,8 +5,9 @@
 
 #include <optional>
 
-/// An on/off switch that asks before it changes: a click keeps showing the present state and sends
-/// `requested`; whoever owns the state answers with `setChecked`.
+/// An on/off switch that asks before it changes: a click keeps the present state and sends `requested`;
+/// whoever owns the state answers with `setChecked`, at the latest on the next turn of the event loop.
+/// Without an answer the knob falls back, and a screen reader hears the state that has stayed.
 class Switch : public QCheckBox
 {
     Q_OBJECT
@@ -30,7 +31,9 @@ protected:
 
 private:
     void slideTo(qreal target);
+    void fallBack();
+    QVariantAnimation &startableSlide();
 
-    qreal m_knob = 0; ///< where the knob is, from off (0) to on (1)
-    QVariantAnimation *m_slide = nullptr;
+    qreal m_knob = 0;                     ///< where the knob is, from off (0) to on (1)
+    QVariantAnimation *m_slide = nullptr; ///< made when the knob first moves
 };

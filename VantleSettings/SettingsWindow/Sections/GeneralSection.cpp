@@ -12,8 +12,6 @@
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
 #include "SettingsWindow/SettingsModel.h"
 
-#include <QAccessible>
-
 using namespace Qt::StringLiterals;
 
 namespace
@@ -57,15 +55,6 @@ QString typefaceSubtitle(TypefaceOption typeface)
     return u"Install "_s + label(typeface) + u" to enable. The agent falls back to SF Pro when missing."_s;
 }
 
-/// A listener that saw the switch asked still believes that it moved; it is told where the switch stands.
-void announceState(Switch &fellBack)
-{
-    QAccessible::State changed;
-    changed.checked = true;
-    QAccessibleStateChangeEvent event(&fellBack, changed);
-    QAccessible::updateAccessibility(&event);
-}
-
 } // namespace
 
 GeneralSection::GeneralSection(SettingsModel &model, QWidget *parent) : SectionContent(parent), m_model(model)
@@ -101,7 +90,7 @@ void GeneralSection::addAgentGroup()
                           .accessory = terminal})}));
 
     terminal->setEntries(terminalEntries());
-    connect(launch, &Switch::requested, this, [this, launch](bool on) { setLaunchAtLogin(on, *launch); });
+    connect(launch, &Switch::requested, this, &GeneralSection::setLaunchAtLogin);
     connect(typeface, &Picker::activated, this,
             [this](int index) { m_model.setTypeface(allTypefaceOptions[size_t(index)]); });
     connect(terminal, &Picker::activated, this,
@@ -150,15 +139,13 @@ void GeneralSection::addUpdatesGroup()
     renderPage(m_model, [=, this] { updates->setChecked(m_model.automaticUpdates); });
 }
 
-void GeneralSection::setLaunchAtLogin(bool on, Switch &shownIn)
+void GeneralSection::setLaunchAtLogin(bool on)
 {
     if (on)
         LaunchAgent::load();
     else
         LaunchAgent::unload();
     m_model.launchAtLogin = LaunchAgent::isLoaded();
-    if (m_model.launchAtLogin != on)
-        announceState(shownIn);
 }
 
 void GeneralSection::setGreenScreen(bool on)

@@ -3,7 +3,6 @@
 #include "SettingsWindow/SectionContent.h"
 
 class SettingsModel;
-class Switch;
 
 /// The General page: how the agent is launched, drawn and updated, and its shortcuts.
 class GeneralSection : public SectionContent
@@ -18,7 +17,7 @@ private:
     void addRecordingGroup();
     void addUpdatesGroup();
 
-    void setLaunchAtLogin(bool on, Switch &shownIn);
+    void setLaunchAtLogin(bool on);
     void setGreenScreen(bool on);
     void setAutomaticUpdates(bool on);
 

@@ -20,7 +20,8 @@ STATES = {
 
 class AccessibilityBus:
     """The bus on which programs show their controls. `heard` is what a screen reader would have read out last: the
-    control to which the focus went, also where the tree does not show it, as in a context menu."""
+    control to which the focus went, also where the tree does not show it, as in a context menu. `switched` is every
+    control that said whether it is checked, and what it said."""
 
     def __init__(self):
         session = Gio.bus_get_sync(Gio.BusType.SESSION)
@@ -30,14 +31,24 @@ class AccessibilityBus:
             address,
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
         self.heard = None
-        self._connection.signal_subscribe(None, "org.a11y.atspi.Event.Object", "StateChanged", None, "focused",
-                                          Gio.DBusSignalFlags.NONE, self._hear)
-        self.call("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry", "RegisterEvent",
-                  GLib.Variant("(sass)", ("object:state-changed:focused", [], "")))
+        self.switched = []
+        self._listen("focused", self._hear_focus)
+        self._listen("checked", self._hear_switch)
 
-    def _hear(self, _connection, owner, path, _interface, _signal, details):
-        if details.unpack()[1]:
-            self.heard = Control(self, owner, path)
+    def _listen(self, state, hear):
+        self._connection.signal_subscribe(
+            None, "org.a11y.atspi.Event.Object", "StateChanged", None, state, Gio.DBusSignalFlags.NONE,
+            lambda _connection, owner, path, _interface, _signal, details:
+                hear(Control(self, owner, path), bool(details.unpack()[1])))
+        self.call("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry", "RegisterEvent",
+                  GLib.Variant("(sass)", (f"object:state-changed:{state}", [], "")))
+
+    def _hear_focus(self, control, focused):
+        if focused:
+            self.heard = control
+
+    def _hear_switch(self, control, checked):
+        self.switched.append((control, checked))
 
     def call(self, name, path, interface, method, arguments=None):
         return self._connection.call_sync(name, path, interface, method, arguments, None,
