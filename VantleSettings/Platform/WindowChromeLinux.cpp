@@ -1,6 +1,11 @@
 #include "Platform/WindowChrome.h"
 
 #include <QGuiApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
+#include <QSvgRenderer>
+#include <QTimer>
 #include <QWidget>
 
 #include <xcb/xcb.h>
@@ -34,13 +39,37 @@ void askForDarkFrame(xcb_connection_t *connection, xcb_window_t window)
                         atom(connection, type), 8, uint32_t(variant.size()), variant.data());
 }
 
+QPixmap applicationIcon(int extent)
+{
+    // Up to 24 pixels a simpler drawing is clearer.
+    QSvgRenderer drawing(extent <= 24 ? QStringLiteral(":/icon/vantle-settings-small.svg")
+                                      : QStringLiteral(":/icon/vantle-settings.svg"));
+    QPixmap picture(extent, extent);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawing.render(&painter, QRectF(0, 0, extent, extent));
+    return picture;
+}
+
+/// For task lists that don't look for the program's desktop entry.
+void showIcon(QWidget &window)
+{
+    QIcon icon;
+    for (const int extent : {16, 24, 32, 48, 64, 128})
+        icon.addPixmap(applicationIcon(extent));
+    window.setWindowIcon(icon);
+}
+
 } // namespace
 
 void prepareWindow(QWidget &window)
 {
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 && x11->connection()) // the offscreen platform has the one without the other
-        askForDarkFrame(x11->connection(), xcb_window_t(window.winId()));
+    if (!x11 || !x11->connection()) // the offscreen platform has the one without the other
+        return;
+    askForDarkFrame(x11->connection(), xcb_window_t(window.winId()));
+    QTimer::singleShot(0, &window, [&window] { showIcon(window); }); // not before the window is there
 }
 
 int titleBarHeight(const QWidget &)

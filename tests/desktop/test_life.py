@@ -18,6 +18,11 @@ class Starting(DesktopCase):
         self.assertAlmostEqual(x + width / 2, screen[0] / 2, delta=12)
         self.assertAlmostEqual(y + height / 2, screen[1] / 2, delta=24)
 
+    def test_task_lists_get_its_icon_in_several_sizes(self):
+        window = self.start().window
+        sizes = [16, 24, 32, 48, 64, 128]
+        self.expect(lambda: sorted(window.icons) == [(size, size) for size in sizes], lambda: f"{window.icons}")
+
     def test_nothing_is_taken_from_the_command_line(self):
         program = self.start(arguments=["--style", "fusion", "-geometry", "400x300+0+0", "--platform", "offscreen",
                                         "-reverse", "-stylesheet", "none.qss"])

@@ -67,6 +67,16 @@ class Window:
         return hints.min_width, hints.min_height
 
     @property
+    def icons(self):
+        """The extents of the pictures that stand for the window in task lists, in pixels."""
+        words, extents = list(_property(self._display, self._window, "_NET_WM_ICON")), []
+        while words:
+            width, height, *words = words
+            extents.append((width, height))
+            del words[:width * height]
+        return extents
+
+    @property
     def minimised(self):
         state = self._window.get_wm_state()
         return bool(state) and state.state == Xutil.IconicState
