@@ -3,6 +3,7 @@
 import collections
 import socket
 import threading
+import time
 
 ADDRESS = ("127.0.0.1", 18484)
 
@@ -15,13 +16,15 @@ def reload(path):
 
 
 class Agent:
-    """Listens from creation to close(). `answer` is what each request is answered with; None answers nothing and
-    keeps the connection open."""
+    """Listens from creation to close(). `answer` is what each request is answered with, `delay` seconds later; None
+    answers nothing and keeps the connection open, unless the agent `hangs_up`."""
 
     OK = b"HTTP/1.1 200 OK\r\nContent-Length: 2\r\nContent-Type: application/json\r\n\r\n{}"
 
-    def __init__(self, answer=OK):
+    def __init__(self, answer=OK, delay=0, hangs_up=False):
         self._answer = answer
+        self._delay = delay
+        self._hangs_up = hangs_up
         self._requests = []
         self._lock = threading.Lock()
         self._connections = []
@@ -61,8 +64,11 @@ class Agent:
         try:
             stream = connection.makefile("rb")
             while self._take(stream):
+                time.sleep(self._delay)
                 if self._answer is not None:
                     connection.sendall(self._answer)
+                if self._hangs_up:
+                    connection.shutdown(socket.SHUT_RDWR)
         except (OSError, ValueError):
             pass
 
