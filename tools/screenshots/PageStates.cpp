@@ -1,5 +1,6 @@
 #include "PageStates.h"
 
+#include "AppDelegate/MainMenu.h"
 #include "Platform/ConfirmationDialog.h"
 #include "Platform/Seam.h"
 #include "SampleDesk.h"
@@ -12,8 +13,9 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <functional>
 
@@ -26,7 +28,7 @@ constexpr QSize windowSize(860, 640);
 const QString installedProgram = u"/usr/bin/vantle-settings"_s;
 
 /// The window's view with a model and a world of its own.
-class SampleWindow : public QWidget
+class SampleWindow : public QMainWindow
 {
 public:
     SampleWindow(SettingsSection section, const std::function<void(SampleDesk &)> &fill)
@@ -34,14 +36,12 @@ public:
         fill(m_desk);
         m_model = std::make_unique<SettingsModel>();
         m_model->section = section;
-        m_view = new SettingsRootView(*m_model, 0, this);
+        m_view = new SettingsRootView(*m_model, 0);
         for (auto *label : m_view->findChildren<ElidedLabel *>()) {
             if (label->text() == QCoreApplication::applicationFilePath())
                 label->setText(installedProgram);
         }
-        auto *layout = new QVBoxLayout(this);
-        layout->setContentsMargins(0, 0, 0, 0);
-        layout->addWidget(m_view);
+        setCentralWidget(m_view);
     }
 
     ~SampleWindow() override { delete m_view; }
@@ -89,6 +89,24 @@ std::function<void(QWidget &)> press(const QString &name)
 std::function<void(QWidget &)> open(const QString &name)
 {
     return [=](QWidget &window) { named<Picker>(window, name).showPopup(); };
+}
+
+/// The menu bar, as it stands in the window where the system has no place of its own for it.
+void showMenuBar(QWidget &window)
+{
+    buildMainMenu(static_cast<QMainWindow &>(window));
+}
+
+std::function<void(QWidget &)> openMenu(const QString &title)
+{
+    return [=](QWidget &window) {
+        showMenuBar(window);
+        QMenuBar &bar = *static_cast<QMainWindow &>(window).menuBar();
+        for (QAction *action : bar.actions()) {
+            if (action->text() == title)
+                action->menu()->popup(bar.mapToGlobal(bar.actionGeometry(action).bottomLeft()));
+        }
+    };
 }
 
 /// As if the user had come to this switch with the Tab key.
@@ -254,6 +272,8 @@ std::vector<Screenshot> pageScreenshots()
     constexpr QSize whole(860, 1080);
     return {
         window(u"general"_s, general, someSettings),
+        afterwards(window(u"general-menu-bar"_s, general, someSettings), showMenuBar),
+        afterwards(window(u"general-edit-menu"_s, general, someSettings), openMenu(u"Edit"_s)),
         window(u"general-whole"_s, general, someSettings, whole),
         afterwards(window(u"general-recording"_s, general, someSettings, whole),
                    press(u"Focus next notification shortcut"_s)),
