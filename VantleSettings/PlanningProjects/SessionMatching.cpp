@@ -94,11 +94,13 @@ PlanningProjects::countSessions(const QStringList &projectPaths,
 {
     Projects projects;
     std::vector<const Project *> counted;
+    counted.reserve(size_t(projectPaths.size()));
     for (const QString &path : projectPaths)
         counted.push_back(&projects.add(path.isEmpty() ? path : normalized(path)));
     for (const Persistence::SessionDirectory &directory : sessions)
         projects.addSessions(normalized(directory.path), directory.sessions);
     std::vector<std::int64_t> counts;
+    counts.reserve(counted.size());
     for (const Project *project : counted)
         counts.push_back(project->sessions);
     return counts;

@@ -34,10 +34,8 @@ class AppearancePortal : public QObject
 public:
     explicit AppearancePortal(std::function<void(const Appearance &)> changed);
 
-private Q_SLOTS:
-    void settingChanged(const QString &group, const QString &name, const QDBusVariant &value);
-
 private:
+    Q_SLOT void settingChanged(const QString &group, const QString &name, const QDBusVariant &value);
     void readAll();
     void announce();
 

@@ -38,6 +38,6 @@ void becomeRegularApplication()
 {
 }
 
-void onReopen(std::function<void()>)
+void onReopen(std::function<void()>) // NOLINT(performance-unnecessary-value-param): other systems keep it
 {
 }

@@ -45,11 +45,10 @@ QString withoutDots(const QString &path)
     for (const QStringView component : QStringView(path).tokenize(u'/', Qt::SkipEmptyParts)) {
         if (component == u".")
             continue;
-        if (component != u"..")
-            kept.append(component);
-        else if (!kept.isEmpty() && kept.back() != u"..")
+        const bool isUp = component == u"..";
+        if (isUp && !kept.isEmpty() && kept.back() != u"..")
             kept.removeLast();
-        else if (!absolute)
+        else if (!isUp || !absolute)
             kept.append(component);
     }
     QString result;
@@ -88,7 +87,7 @@ QString Path::appending(const QString &path, const QString &component)
 
 QString Path::expandingTilde(const QString &path)
 {
-    const QString plain = withSingleSlashes(path);
+    QString plain = withSingleSlashes(path);
     if (!plain.startsWith(u'~'))
         return plain;
     const auto slash = plain.indexOf(u'/');

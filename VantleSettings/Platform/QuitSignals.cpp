@@ -14,13 +14,13 @@ namespace
 {
 
 // A signal handler may do next to nothing; it writes into this pipe, and the event loop reads from it.
-std::array<int, 2> s_pipe{-1, -1};
+std::array<int, 2> wakePipe{-1, -1};
 
 void wakeEventLoop(int)
 {
     const int saved = errno;
     const char byte = 0;
-    [[maybe_unused]] const ssize_t written = write(s_pipe[1], &byte, 1);
+    [[maybe_unused]] const ssize_t written = write(wakePipe[1], &byte, 1);
     errno = saved;
 }
 
@@ -28,16 +28,16 @@ void wakeEventLoop(int)
 
 void onQuitSignal(std::function<void()> quit)
 {
-    if (pipe(s_pipe.data()) != 0)
+    if (pipe(wakePipe.data()) != 0)
         return;
-    for (const int end : s_pipe) {
+    for (const int end : wakePipe) {
         fcntl(end, F_SETFD, FD_CLOEXEC);
         fcntl(end, F_SETFL, O_NONBLOCK);
     }
-    auto *notifier = new QSocketNotifier(s_pipe[0], QSocketNotifier::Read, qApp);
+    auto *notifier = new QSocketNotifier(wakePipe[0], QSocketNotifier::Read, qApp);
     QObject::connect(notifier, &QSocketNotifier::activated, qApp, [quit = std::move(quit)] {
         std::array<char, 16> bytes{};
-        while (read(s_pipe[0], bytes.data(), bytes.size()) > 0) {
+        while (read(wakePipe[0], bytes.data(), bytes.size()) > 0) {
         }
         quit();
     });

@@ -74,7 +74,7 @@ void runTool(const QStringList &arguments)
 {
     const std::array places{u"/usr/bin/systemctl"_s, u"/bin/systemctl"_s,
                             u"/run/current-system/sw/bin/systemctl"_s};
-    const auto tool = std::ranges::find_if(
+    const auto *const tool = std::ranges::find_if(
         places, [](const QString &path) { return Seam<FileSystem>::current().exists(path); });
     if (tool != places.end())
         toolOutput(*tool, QStringList{u"--user"_s} + arguments);

@@ -60,7 +60,9 @@ std::optional<QString> X11KeyboardLayout::printedText(std::uint16_t virtualKeyCo
 {
     const auto group = currentGroup();
     readEvents();
-    const XkbKeymap *map = group ? keymap() : nullptr;
+    if (!group)
+        return USKeyboardLayout::printed(virtualKeyCode);
+    const XkbKeymap *map = keymap();
     return map ? map->printedText(virtualKeyCode, *group) : USKeyboardLayout::printed(virtualKeyCode);
 }
 

@@ -88,7 +88,7 @@ class Changes(DesktopCase):
 
 
 class Screen(DesktopCase):
-    def test_a_screen_that_goes_away_ends_it_with_a_line_and_no_core(self):
+    def test_a_screen_that_goes_away_ends_it_with_a_word_and_no_core(self):
         reader, writer = os.pipe()
         server = processes.start(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp"], pass_fds=[writer],
                                  stderr=subprocess.DEVNULL)
@@ -106,4 +106,5 @@ class Screen(DesktopCase):
         server.send_signal(signal.SIGKILL)
         _, said = program.communicate(timeout=SECONDS)
         self.assertEqual(program.returncode, 1, said)
-        self.assertEqual(len(said.splitlines()), 1, said)
+        # The toolkit notices first, or the library below it.
+        self.assertRegex(said, "The X11 connection broke|fatal IO error .* on X server")

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QShortcut>
 
+#include <utility>
+
 namespace
 {
 
@@ -35,8 +37,8 @@ PushButton::PushButton(const QString &text, Size size, QWidget *parent)
     setAttribute(size == Size::small ? Qt::WA_MacSmallSize : Qt::WA_MacNormalSize);
 }
 
-IconButton::IconButton(const QString &symbol, const QString &toolTip, qreal pointSize, QWidget *parent)
-    : QPushButton(parent), m_symbol(symbol), m_pointSize(pointSize)
+IconButton::IconButton(QString symbol, const QString &toolTip, qreal pointSize, QWidget *parent)
+    : QPushButton(parent), m_symbol(std::move(symbol)), m_pointSize(pointSize)
 {
     setFixedSize(Tokens::iconTile, Tokens::iconTile);
     setFlat(true);

@@ -25,8 +25,7 @@ class IconButton : public QPushButton
     Q_OBJECT
 
 public:
-    explicit IconButton(const QString &symbol, const QString &toolTip, qreal pointSize,
-                        QWidget *parent = nullptr);
+    explicit IconButton(QString symbol, const QString &toolTip, qreal pointSize, QWidget *parent = nullptr);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
