@@ -25,7 +25,7 @@ int main()
                      Qt::QueuedConnection);
     onQuitSignal(&QCoreApplication::quit);
     delegate.applicationDidFinishLaunching();
-    followAppearance(application); // the answer comes once the window is there
+    followAppearance(); // the answer comes once the window is there
     QApplication::exec();
     AgentBridge::finish();
     return 0;

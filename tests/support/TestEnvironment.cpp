@@ -1,6 +1,8 @@
 #include "TestEnvironment.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -35,7 +37,12 @@ class HomePerCase : public testing::EmptyTestEventListener
         qputenv("HOME", m_home->path().toUtf8());
     }
 
-    void OnTestEnd(const testing::TestInfo &) override { m_home.reset(); }
+    void OnTestEnd(const testing::TestInfo &) override
+    {
+        // What writes a file when it goes away shall do so while there is a home.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_home.reset();
+    }
 
     std::unique_ptr<QTemporaryDir> m_home;
 };

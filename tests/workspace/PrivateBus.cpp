@@ -27,7 +27,7 @@ class BusEnvironment : public testing::Environment
 
     void TearDown() override
     {
-        daemon->kill();
+        daemon->terminate(); // it takes its socket with it
         daemon->waitForFinished();
         daemon.reset();
     }

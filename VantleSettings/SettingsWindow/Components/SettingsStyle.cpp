@@ -23,10 +23,10 @@ constexpr int menuRadius = 9;
 constexpr int menuBarItemPadding = 8;
 constexpr int scrollBarExtent = Tokens::scrollBarWidth + 4;
 
-void usePalette(QApplication &application)
+void usePalette()
 {
-    QPalette palette = application.style()->standardPalette();
-    application.setPalette(palette);
+    QPalette palette = QApplication::style()->standardPalette();
+    QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
     palette.setColor(QPalette::Window, Tokens::cardBackground); // dialogs stand out from the window
     QApplication::setPalette(palette, "QDialog");
@@ -37,18 +37,18 @@ void usePalette(QApplication &application)
 void installLook(QApplication &application)
 {
     adoptSystemFont();
-    application.setStyle(new SettingsStyle);
-    usePalette(application);
+    QApplication::setStyle(new SettingsStyle);
+    usePalette();
     QApplication::setFont(textFont(TextStyle::size13));
     QToolTip::setFont(textFont(TextStyle::size11));
     if (!application.findChild<FocusRing *>())
         new FocusRing(application);
 }
 
-void followAppearance(QApplication &application)
+void followAppearance()
 {
-    watchAppearance([&application] {
-        usePalette(application);
+    watchAppearance([] {
+        usePalette();
         for (QWidget *widget : QApplication::allWidgets())
             widget->update();
     });
@@ -238,8 +238,8 @@ void SettingsStyle::drawControl(ControlElement element, const QStyleOption *opti
     const auto *picker = qstyleoption_cast<const QStyleOptionComboBox *>(option);
     const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
     if (m_native)
-        QProxyStyle::drawControl(element, option, painter, widget);
-    else if (element == CE_PushButtonBevel && button)
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_PushButtonBevel && button)
         StyleDrawing::drawButtonBevel(*painter, *button);
     else if (element == CE_PushButtonLabel && button)
         StyleDrawing::drawButtonLabel(*painter, *button);

@@ -10,7 +10,7 @@ void installLook(QApplication &application);
 
 /// Keeps the look in step with the system's accent colour, contrast and motion from here on. The program
 /// does; tests and pictures do not, so that they look the same everywhere.
-void followAppearance(QApplication &application);
+void followAppearance();
 
 /// Draws the standard controls the way the window wants them, where the system's own style does not.
 class SettingsStyle : public QProxyStyle

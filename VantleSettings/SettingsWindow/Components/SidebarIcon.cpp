@@ -8,8 +8,10 @@
 
 #include <QPainter>
 
-SidebarIcon::SidebarIcon(const QString &symbol, SystemColor tint, QWidget *parent)
-    : QWidget(parent), m_symbol(symbol), m_tint(tint)
+#include <utility>
+
+SidebarIcon::SidebarIcon(QString symbol, SystemColor tint, QWidget *parent)
+    : QWidget(parent), m_symbol(std::move(symbol)), m_tint(tint)
 {
     setFixedSize(Tokens::iconTile, Tokens::iconTile);
     markAsDecoration(this);

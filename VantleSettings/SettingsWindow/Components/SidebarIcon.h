@@ -10,7 +10,7 @@ class SidebarIcon : public QWidget
     Q_OBJECT
 
 public:
-    explicit SidebarIcon(const QString &symbol, SystemColor tint, QWidget *parent = nullptr);
+    explicit SidebarIcon(QString symbol, SystemColor tint, QWidget *parent = nullptr);
 
     const QString &symbol() const { return m_symbol; }
     SystemColor tint() const { return m_tint; }

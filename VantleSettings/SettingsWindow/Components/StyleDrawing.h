@@ -14,7 +14,7 @@ class QWidget;
 namespace StyleDrawing
 {
 
-QSize buttonSize(const QStyleOptionButton &option, const QSize &text, const QWidget *button);
+QSize buttonSize(const QStyleOptionButton &option, const QSize &text, const QWidget *widget);
 void drawButtonBevel(QPainter &painter, const QStyleOptionButton &option);
 void drawButtonLabel(QPainter &painter, const QStyleOptionButton &option);
 

@@ -87,7 +87,7 @@ void StyleDrawing::drawMenuItem(QPainter &painter, const QStyleOptionMenuItem &o
 {
     if (option.menuItemType == QStyleOptionMenuItem::Separator) {
         const QRectF line =
-            QRectF(option.rect).adjusted(itemPadding, option.rect.height() / 2, -itemPadding, 0);
+            QRectF(option.rect).adjusted(itemPadding, option.rect.height() / 2.0, -itemPadding, 0);
         drawHairline(painter, line, Tokens::separator());
         return;
     }

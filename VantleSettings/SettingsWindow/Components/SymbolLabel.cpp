@@ -6,8 +6,10 @@
 
 #include <QPainter>
 
-SymbolLabel::SymbolLabel(const QString &symbol, qreal pointSize, QWidget *parent)
-    : QWidget(parent), m_symbol(symbol), m_pointSize(pointSize)
+#include <utility>
+
+SymbolLabel::SymbolLabel(QString symbol, qreal pointSize, QWidget *parent)
+    : QWidget(parent), m_symbol(std::move(symbol)), m_pointSize(pointSize)
 {
     setFixedSize(symbolExtent(pointSize), symbolExtent(pointSize));
     markAsDecoration(this);

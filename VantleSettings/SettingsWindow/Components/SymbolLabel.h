@@ -8,7 +8,7 @@ class SymbolLabel : public QWidget
     Q_OBJECT
 
 public:
-    explicit SymbolLabel(const QString &symbol, qreal pointSize, QWidget *parent = nullptr);
+    explicit SymbolLabel(QString symbol, qreal pointSize, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
