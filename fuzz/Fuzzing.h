@@ -10,14 +10,14 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Ends the run, so that the fuzzer keeps the input.
-#define MUST(condition)                                                                                      \
-    do {                                                                                                     \
-        if (!(condition)) {                                                                                  \
-            std::fprintf(stderr, "%s:%d: %s does not hold\n", __FILE__, __LINE__, #condition);               \
-            std::abort();                                                                                    \
-        }                                                                                                    \
-    } while (false)
+[[noreturn]] inline void endRun(const char *file, int line, const char *broken)
+{
+    std::fprintf(stderr, "%s:%d: %s does not hold\n", file, line, broken);
+    std::abort();
+}
+
+/// Ends the run if not, so that the fuzzer keeps the input.
+#define MUST(condition) ((condition) ? static_cast<void>(0) : endRun(__FILE__, __LINE__, #condition))
 
 /// A disk on which every file holds the same bytes, in the home directory /home/u.
 class OneFile final : public FileSystem

@@ -18,6 +18,8 @@ constexpr auto demoPlanningRoot = "/Users/demo/workspace/planning"_L1;
 
 SettingsModel::SettingsModel(QObject *parent) : Observable(parent)
 {
+    // NOLINTBEGIN(cppcoreguidelines-prefer-member-initializer): one after the other, each may ask for those
+    // before
     demoMode = Persistence::loadDemoMode();
     refreshProjects();
     sessionsCount = currentSessionsCount();
@@ -29,6 +31,7 @@ SettingsModel::SettingsModel(QObject *parent) : Observable(parent)
     automaticUpdates = Persistence::loadUpdatesConfig().automatic;
     planningRoot = currentPlanningRoot();
     refreshPlanningProjects();
+    // NOLINTEND(cppcoreguidelines-prefer-member-initializer)
 }
 
 void SettingsModel::setTypeface(TypefaceOption option)

@@ -57,7 +57,8 @@ public:
         const QString title = index.data().toString();
         painter->setFont(textFont(TextStyle::size13Medium));
         painter->setPen(textColor(TextColor::primary));
-        painter->drawText(text, (mirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter,
+        const Qt::Alignment place = (mirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+        painter->drawText(text, int(place),
                           painter->fontMetrics().elidedText(title, Qt::ElideRight, int(text.width())));
     }
 

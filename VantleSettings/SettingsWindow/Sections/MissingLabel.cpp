@@ -10,7 +10,7 @@ namespace
 {
 constexpr int padding = 6;
 constexpr int paddingVertical = 2;
-constexpr qreal fillOpacity = 0.18;
+constexpr float fillOpacity = 0.18F;
 } // namespace
 
 MissingLabel::MissingLabel(QWidget *parent)
