@@ -3,6 +3,8 @@
 #include "Finding.h"
 #include "HomeFiles.h"
 #include "OutsideWorld.h"
+#include "Platform/SymbolDrawing.h"
+#include "SettingsWindow/Components/SidebarIcon.h"
 #include "SettingsWindow/SettingsModel.h"
 #include "SettingsWindow/SettingsWindowController.h"
 #include "SettingsWindow/Sidebar.h"
@@ -135,7 +137,23 @@ TEST_P(Accessibility, TheTreeIsAsStored)
         FAIL() << "stored anew; look at the difference, then run without VANTLE_STORE_OUTLINES";
     }
     ASSERT_TRUE(stored.open(QIODevice::ReadOnly)) << stored.fileName().toStdString();
-    EXPECT_EQ(heard.toStdString(), stored.readAll().toStdString());
+    const QStringList before = QString::fromUtf8(stored.readAll()).split(u'\n');
+    const QStringList now = heard.split(u'\n');
+    if (now == before)
+        return;
+    const auto [here, there] = std::mismatch(now.begin(), now.end(), before.begin(), before.end());
+    ADD_FAILURE() << stored.fileName().toStdString() << " differs from line " << here - now.begin() + 1
+                  << " on:\n  stored: " << qPrintable(there == before.end() ? u"(its end)"_s : *there)
+                  << "\n  now:    " << qPrintable(here == now.end() ? u"(its end)"_s : *here)
+                  << "\nWhen that is meant: VANTLE_STORE_OUTLINES=1 build/asan/bin/window_test "
+                     "--gtest_filter='*TheTreeIsAsStored*', and look at git diff tests/outlines";
+}
+
+TEST_P(Accessibility, EveryTileShowsASymbol)
+{
+    for (const auto *tile : window().findChildren<SidebarIcon *>())
+        EXPECT_FALSE(symbolMask(tile->symbol(), 13, 1).isNull())
+            << "Resources/Symbols has no " << tile->symbol().toStdString();
 }
 
 TEST_P(Accessibility, EveryControlHasARoleAndAName)
