@@ -42,9 +42,9 @@ bool turnEventLoopUntil(Condition condition)
 
 } // namespace
 
-FakeAgent::FakeAgent(Behaviour behaviour, quint16 port) : m_behaviour(behaviour)
+FakeAgent::FakeAgent(Behaviour behaviour, quint16 port)
+    : m_behaviour(behaviour), m_listener(::socket(AF_INET, SOCK_STREAM, 0))
 {
-    m_listener = ::socket(AF_INET, SOCK_STREAM, 0);
     const int yes = 1;
     ::setsockopt(m_listener, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     sockaddr_in address{};
