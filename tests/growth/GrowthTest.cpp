@@ -19,7 +19,7 @@ namespace
 
 constexpr int warmUpRounds = 20;
 /// Far less than one widget a round would take, and more than what caches still settle.
-constexpr std::size_t bytesOfSettling = 64U * 1024U;
+constexpr std::size_t bytesOfSettling = std::size_t{64} * 1024;
 
 constexpr std::array pages{SettingsSection::planning, SettingsSection::browser, SettingsSection::data,
                            SettingsSection::about, SettingsSection::general};
