@@ -29,6 +29,7 @@ TEST(SettingsSection, IsMadeFromExactlyItsTitle)
 TEST(SettingsSection, HasAColourOfTheSystemEach)
 {
     std::vector<SystemColor> tints;
+    tints.reserve(allSettingsSections.size());
     for (const auto section : allSettingsSections)
         tints.push_back(tint(section));
     EXPECT_THAT(tints, testing::ElementsAre(SystemColor::gray, SystemColor::green, SystemColor::blue,

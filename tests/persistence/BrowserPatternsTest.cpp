@@ -19,6 +19,7 @@ const QString patternsFile = u".claude/browser-patterns.json"_s;
 BrowserPatterns patternsOf(const std::vector<std::pair<QString, QString>> &rows)
 {
     std::vector<BrowserConfigProject> projects;
+    projects.reserve(rows.size());
     for (const auto &[root, urls] : rows)
         projects.push_back({.root = root, .urls = urls});
     return Persistence::browserPatterns(projects);

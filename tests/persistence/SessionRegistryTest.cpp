@@ -16,7 +16,7 @@ namespace
 const QString registry = u".vantle/sessions.json"_s;
 
 struct Expected {
-    std::int64_t count;
+    std::int64_t count = 0;
     QStringList projects;
 };
 
