@@ -12,7 +12,6 @@
 using namespace Qt::StringLiterals;
 using PlanningProjects::firstUnquotedHash;
 using PlanningProjects::parseKeyValue;
-using PlanningProjects::parseProjectsTOML;
 
 namespace
 {
@@ -284,7 +283,7 @@ TEST(Manifest, AnyTextAtAllIsReadAsTheDefinitionSays)
     std::mt19937 random(7);
     for (int round = 0; round < 20000; ++round) {
         QString text = u"[[projects]]\n"_s;
-        for (unsigned length = unsigned(random() % 40); length > 0; --length)
+        for (auto length = unsigned(random() % 40); length > 0; --length)
             text += alphabet[qsizetype(random() % std::size_t(alphabet.size()))];
         ASSERT_EQ(blocksOf(text), StraightforwardManifest::blocks(text)) << text.toStdString();
     }

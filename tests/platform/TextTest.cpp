@@ -60,8 +60,8 @@ TEST(Text, EqualityIsCanonicalEquivalenceAndOrderIsByCodePoint)
     struct Case {
         QStringView a;
         QStringView b;
-        bool equal;
-        bool before;
+        bool equal = false;
+        bool before = false;
     };
     const Case cases[] = {
         {u"\u2126", u"\u03a9", true, false},

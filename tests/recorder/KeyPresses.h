@@ -7,9 +7,9 @@
 
 /// A key as the window system reports it.
 struct PressedKey {
-    std::uint32_t evdevCode;
-    std::uint32_t keysym;
-    Qt::Key key;
+    std::uint32_t evdevCode = 0;
+    std::uint32_t keysym = 0;
+    Qt::Key key = Qt::Key_unknown;
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
     bool isRepeat = false;
 };
