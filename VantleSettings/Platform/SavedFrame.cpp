@@ -1,8 +1,7 @@
 #include "Platform/SavedFrame.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -11,6 +10,10 @@ namespace
 
 /// What must show of a window's top before a hand can move it.
 constexpr QSize handle(120, 24);
+
+constexpr QLatin1String maximizedMark(" maximized");
+constexpr int largest = 100'000;    ///< no screen is so wide
+constexpr int farthest = 1'000'000; ///< no place on any is so far from the origin
 
 QRect middle(const QRect &screen, QSize size)
 {
@@ -27,26 +30,41 @@ QByteArray SavedFrame::line(const QString &name) const
     if (origin)
         text += u"+%1+%2"_s.arg(origin->x()).arg(origin->y());
     if (maximized)
-        text += u" maximized"_s;
+        text += maximizedMark;
     return text.toUtf8() + '\n';
 }
 
+// Told apart by hand: every start reads its frame, and the library of regular expressions would be loaded for
+// this alone.
 std::optional<SavedFrame> SavedFrame::find(const QByteArray &bytes, const QString &name)
 {
-    static const QRegularExpression form(
-        uR"(^([^=\n]*)=(\d{1,5})x(\d{1,5})(?:\+(-?\d{1,6})\+(-?\d{1,6}))?( maximized)?$)"_s,
-        QRegularExpression::MultilineOption);
-    const QString text = QString::fromUtf8(bytes);
-    for (const QRegularExpressionMatch &match : form.globalMatch(text)) {
-        if (match.captured(1) != name)
+    const QByteArray start = name.toUtf8() + '=';
+    for (const QByteArray &line : bytes.split('\n')) {
+        if (!line.startsWith(start))
             continue;
-        SavedFrame frame{.size = {match.captured(2).toInt(), match.captured(3).toInt()}};
-        if (match.hasCaptured(4))
-            frame.origin = QPoint(match.captured(4).toInt(), match.captured(5).toInt());
-        frame.maximized = match.hasCaptured(6);
-        return frame;
+        SavedFrame frame;
+        QByteArray text = line.mid(start.size());
+        if (text.endsWith(maximizedMark)) {
+            frame.maximized = true;
+            text.chop(maximizedMark.size());
+        }
+        const QByteArrayList parts = text.split('+'); // the size, and the origin's two numbers
+        const QByteArrayList size = parts.constFirst().split('x');
+        frame.size = {size.value(0).toInt(), size.value(1).toInt()};
+        if (parts.size() == 3)
+            frame.origin = QPoint(parts.at(1).toInt(), parts.at(2).toInt());
+        // What this program would not have written itself counts for nothing.
+        if (frame.isPlausible() && frame.line(name) == line + '\n')
+            return frame;
     }
     return std::nullopt;
+}
+
+bool SavedFrame::isPlausible() const
+{
+    const QPoint place = origin.value_or(QPoint());
+    return !size.isEmpty() && std::max(size.width(), size.height()) < largest &&
+           std::max(std::abs(place.x()), std::abs(place.y())) < farthest;
 }
 
 QRect SavedFrame::placed(const QList<QRect> &screens) const

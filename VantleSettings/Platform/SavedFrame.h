@@ -28,4 +28,7 @@ struct SavedFrame {
     /// of its top can be seen to take hold of, else in the middle of the primary screen; nothing larger than
     /// its screen.
     QRect placed(const QList<QRect> &screens) const;
+
+private:
+    bool isPlausible() const;
 };

@@ -34,14 +34,25 @@ TEST(SavedFrame, IsFoundAmongOthers)
               (SavedFrame{.size = {800, 600}, .origin = QPoint(5, 6)}));
 }
 
+TEST(SavedFrame, IsFoundWithoutTheLastLineBreak)
+{
+    EXPECT_EQ(SavedFrame::find("VantleSettingsWindow=800x600 maximized", name),
+              (SavedFrame{.size = {800, 600}, .maximized = true}));
+}
+
 TEST(SavedFrame, IsNoneInAnythingElse)
 {
     for (const QByteArray &bytes :
          {QByteArray(), QByteArray("VantleSettingsWindow="), QByteArray("VantleSettingsWindow=800"),
           QByteArray("VantleSettingsWindow=-800x600"), QByteArray("VantleSettingsWindow=800x600+1"),
-          QByteArray("VantleSettingsWindow=99999999999x600"),
-          QByteArray("VantleSettingsWindow=800x600+1+2 tiny"), QByteArray("vantlesettingswindow=800x600"),
-          QByteArray("\0\xff\xfe=800x600", 11)})
+          QByteArray("VantleSettingsWindow=99999999999x600"), QByteArray("VantleSettingsWindow=0x0"),
+          QByteArray("VantleSettingsWindow=2000000000x600"),
+          QByteArray("VantleSettingsWindow=800x600+2147483647+1"),
+          QByteArray("VantleSettingsWindow=800x600x1"), QByteArray("VantleSettingsWindow=800x600+1+2+3"),
+          QByteArray("VantleSettingsWindow= 800x600"),
+          QByteArray("VantleSettingsWindow=800x600+1+2 maximized "),
+          QByteArray("VantleSettingsWindow=+800x600"), QByteArray("VantleSettingsWindow=800x600+1+2 tiny"),
+          QByteArray("vantlesettingswindow=800x600"), QByteArray("\0\xff\xfe=800x600", 11)})
         EXPECT_FALSE(SavedFrame::find(bytes, name)) << bytes.toStdString();
 }
 
