@@ -1,5 +1,6 @@
 #include "Platform/WindowChrome.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
@@ -61,6 +62,22 @@ void showIcon(QWidget &window)
     window.setWindowIcon(icon);
 }
 
+/// Shows the icon once the window has drawn its first frame, which then need not wait for it.
+class IconAfterFirstFrame : public QObject
+{
+public:
+    explicit IconAfterFirstFrame(QWidget &window) : QObject(&window) { window.installEventFilter(this); }
+
+    bool eventFilter(QObject *window, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            window->removeEventFilter(this);
+            QTimer::singleShot(0, this, [this] { showIcon(*static_cast<QWidget *>(parent())); });
+        }
+        return false;
+    }
+};
+
 } // namespace
 
 void prepareWindow(QWidget &window)
@@ -69,7 +86,7 @@ void prepareWindow(QWidget &window)
     if (!x11 || !x11->connection()) // the offscreen platform has the one without the other
         return;
     askForDarkFrame(x11->connection(), xcb_window_t(window.winId()));
-    QTimer::singleShot(0, &window, [&window] { showIcon(window); }); // not before the window is there
+    new IconAfterFirstFrame(window);
 }
 
 int titleBarHeight(const QWidget &)
