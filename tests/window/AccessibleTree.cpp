@@ -42,8 +42,8 @@ QString states(const QAccessible::State &state)
 
 QString line(QAccessibleInterface &object, int depth)
 {
-    const auto role = QMetaEnum::fromType<QAccessible::Role>().valueToKey(object.role());
-    QString text = QString(2 * depth, u' ') + QString::fromLatin1(role);
+    const char *role = QMetaEnum::fromType<QAccessible::Role>().valueToKey(object.role());
+    QString text = QString(qsizetype(2) * depth, u' ') + QString::fromLatin1(role);
     const auto add = [&text](const QString &before, const QString &what) {
         if (!what.isEmpty())
             text += before.arg(QString(what).replace(u'\n', u"\\n"_s));

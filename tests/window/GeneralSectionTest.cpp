@@ -35,11 +35,11 @@ public:
         m_world.takeRecord();
     }
 
-    Switch &launch() { return *named<Switch>(view, u"Launch at Login"_s); }
-    Switch &recording() { return *named<Switch>(view, u"Marketing Recording Mode"_s); }
-    Switch &updates() { return *named<Switch>(view, u"Automatic Updates"_s); }
-    Picker &typeface() { return *named<Picker>(view, u"Typeface"_s); }
-    Picker &terminal() { return *named<Picker>(view, u"Terminal"_s); }
+    Switch &launch() const { return *named<Switch>(view, u"Launch at Login"_s); }
+    Switch &recording() const { return *named<Switch>(view, u"Marketing Recording Mode"_s); }
+    Switch &updates() const { return *named<Switch>(view, u"Automatic Updates"_s); }
+    Picker &typeface() const { return *named<Picker>(view, u"Typeface"_s); }
+    Picker &terminal() const { return *named<Picker>(view, u"Terminal"_s); }
 
     /// What was asked of the outside by a click on this switch, or by choosing this entry.
     std::vector<std::string> click(Switch &button)

@@ -106,16 +106,15 @@ TEST_F(RootView, EveryPageHasItsHeading)
     for (const SettingsSection section : allSettingsSections) {
         model.section = section;
         settle();
-        const SectionPane &pane = *shownPane();
+        SectionPane &pane = *shownPane();
         EXPECT_EQ(pane.accessibleName(), rawValue(section));
         EXPECT_EQ(pane.accessibleDescription(), subtitle(section));
-        QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(const_cast<SectionPane *>(&pane));
+        QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&pane);
         EXPECT_EQ(heard->role(), QAccessible::Pane);
         const auto *hero = pane.findChild<DetailHero *>();
         ASSERT_TRUE(hero);
-        const auto *title = named<QLabel>(*hero, rawValue(section));
-        EXPECT_EQ(QAccessible::queryAccessibleInterface(const_cast<QLabel *>(title))->role(),
-                  QAccessible::Heading);
+        auto *title = named<QLabel>(*hero, rawValue(section));
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(title)->role(), QAccessible::Heading);
     }
 }
 

@@ -29,8 +29,7 @@ public:
 
     QStringList shown;
 
-public Q_SLOTS:
-    void ShowItems(const QStringList &items, const QString &) { shown += items; }
+    Q_SLOT void ShowItems(const QStringList &items, const QString &) { shown += items; }
 
 private:
     ServiceName m_name{u"org.freedesktop.FileManager1"_s};
@@ -45,8 +44,7 @@ public:
     WorkspaceTest() { QDesktopServices::setUrlHandler(u"file"_s, this, "open"); }
     ~WorkspaceTest() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
 
-public Q_SLOTS:
-    void open(const QUrl &url) { opened << url.toLocalFile(); }
+    Q_SLOT void open(const QUrl &url) { opened << url.toLocalFile(); }
 
 protected:
     QStringList opened;

@@ -36,20 +36,19 @@ public:
         fill(m_desk);
         m_model = std::make_unique<SettingsModel>();
         m_model->section = section;
-        m_view = new SettingsRootView(*m_model, 0);
-        for (auto *label : m_view->findChildren<ElidedLabel *>()) {
+        auto *view = new SettingsRootView(*m_model, 0);
+        for (auto *label : view->findChildren<ElidedLabel *>()) {
             if (label->text() == QCoreApplication::applicationFilePath())
                 label->setText(installedProgram);
         }
-        setCentralWidget(m_view);
+        setCentralWidget(view);
     }
 
-    ~SampleWindow() override { delete m_view; }
+    ~SampleWindow() override { delete takeCentralWidget(); }
 
 private:
     SampleDesk m_desk;
     std::unique_ptr<SettingsModel> m_model;
-    QWidget *m_view;
 };
 
 Screenshot window(const QString &name, SettingsSection section, const std::function<void(SampleDesk &)> &fill,
