@@ -14,10 +14,9 @@
 namespace
 {
 
-constexpr int narrowest = 24;          ///< what a label that can give way asks for at least
-constexpr int lineGap = 1;             ///< between the lines of a text
-constexpr int widestLineHint = 640;    ///< a wrapped text never asks for more
-constexpr size_t rememberedWidths = 8; ///< a layout asks for the heights at the same few widths over and over
+constexpr int narrowest = 24;       ///< what a label that can give way asks for at least
+constexpr int lineGap = 1;          ///< between the lines of a text
+constexpr int widestLineHint = 640; ///< a wrapped text never asks for more
 
 } // namespace
 
@@ -50,7 +49,7 @@ void Label::setText(const QString &text)
         return;
     m_text = text;
     setAccessibleName(text);
-    forgetLines();
+    forgetBlock();
 }
 
 void Label::setTextColor(TextColor textColor)
@@ -61,8 +60,8 @@ void Label::setTextColor(TextColor textColor)
 
 QSize Label::sizeHint() const
 {
-    const int natural = wraps() ? std::min(naturalWidth(), widestLineHint) : naturalWidth();
-    const int width = natural + marginsWidth();
+    const int natural = block().naturalWidth();
+    const int width = (wraps() ? std::min(natural, widestLineHint) : natural) + marginsWidth();
     return {width, wraps() ? heightForWidth(width) : heightOf(1)};
 }
 
@@ -74,13 +73,12 @@ QSize Label::minimumSizeHint() const
 
 int Label::heightForWidth(int width) const
 {
-    return heightOf(linesFor(width).size());
+    return heightOf(block().lineCount(width - marginsWidth()));
 }
 
-int Label::heightOf(size_t lines) const
+int Label::heightOf(int lines) const
 {
-    const int count = std::max(1, int(lines));
-    return lineHeight() * count + lineGap * (count - 1);
+    return lineHeight() * lines + lineGap * (lines - 1);
 }
 
 int Label::lineHeight() const
@@ -93,48 +91,16 @@ int Label::marginsWidth() const
     return contentsMargins().left() + contentsMargins().right();
 }
 
-/// Without a line break of any kind, nor a blank at the end, which a line would lose.
-bool Label::isOneParagraph() const
+TextBlock &Label::block() const
 {
-    return !m_text.isEmpty() && m_text.back() != u' ' &&
-           std::none_of(m_text.begin(), m_text.end(), [](QChar unit) {
-               return unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator ||
-                      unit == QChar::ParagraphSeparator;
-           });
+    if (!m_block)
+        m_block = std::make_unique<TextBlock>(m_text, font(), m_flow);
+    return *m_block;
 }
 
-/// What the text takes where nothing limits it, in points, rounded up.
-int Label::naturalWidth() const
+void Label::forgetBlock()
 {
-    if (m_naturalWidth < 0)
-        m_naturalWidth = widthOfLines(isOneParagraph() ? std::vector<QString>{m_text}
-                                                       : textLines(m_text, font(), QWIDGETSIZE_MAX, {}),
-                                      font());
-    return m_naturalWidth;
-}
-
-const std::vector<QString> &Label::linesFor(int width) const
-{
-    const auto known = m_lines.find(width);
-    if (known != m_lines.end())
-        return known->second;
-    if (m_lines.size() == rememberedWidths)
-        m_lines.clear();
-    std::vector<QString> &lines = m_lines[width];
-    const int room = width - marginsWidth();
-    // Most texts fit on one line, and measuring them again would be most of the work of a page's first
-    // layout.
-    if (isOneParagraph() && naturalWidth() <= room)
-        lines = {m_text};
-    else
-        lines = textLines(m_text, font(), room, m_flow);
-    return lines;
-}
-
-void Label::forgetLines()
-{
-    m_lines.clear();
-    m_naturalWidth = -1;
+    m_block.reset();
     updateGeometry();
     update();
 }
@@ -143,19 +109,12 @@ void Label::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setPen(textColor(m_textColor));
-    // A path begins with its root, whatever script its folders are written in.
-    painter.setLayoutDirection(m_text.startsWith(u'/') ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
-    const QFontMetricsF metrics(font());
-    const std::vector<QString> &lines = linesFor(width());
-    const QRect inner = contentsRect();
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
-    qreal baseline = std::round((height() - heightOf(lines.size())) / 2.0 + metrics.ascent());
-    for (const QString &line : lines) {
-        const qreal share = side & Qt::AlignHCenter ? 0.5 : side & Qt::AlignRight ? 1 : 0;
-        const qreal indent = share > 0 ? share * (inner.width() - metrics.horizontalAdvance(line)) : 0;
-        painter.drawText(QPointF(inner.left() + indent, baseline), line);
-        baseline += lineHeight() + lineGap;
-    }
+    const qreal share = side & Qt::AlignHCenter ? 0.5 : side & Qt::AlignRight ? 1 : 0;
+    QRect box = rect();
+    box.setLeft(contentsRect().left());
+    box.setRight(contentsRect().right());
+    block().draw(painter, box, share, lineHeight(), lineGap);
 }
 
 void Label::resizeEvent(QResizeEvent *event)
@@ -167,7 +126,7 @@ void Label::resizeEvent(QResizeEvent *event)
 void Label::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::FontChange)
-        forgetLines();
+        forgetBlock();
     QLabel::changeEvent(event);
 }
 

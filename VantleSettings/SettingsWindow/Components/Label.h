@@ -1,11 +1,11 @@
 #pragma once
 
-#include "SettingsWindow/Components/TextLines.h"
+#include "SettingsWindow/Components/TextBlock.h"
 #include "SettingsWindow/Components/Tokens.h"
 
 #include <QLabel>
 
-#include <map>
+#include <memory>
 #include <vector>
 
 /// The text as a tooltip shows it as it is, wrapped when it is long; tooltips would take markup for markup.
@@ -27,7 +27,7 @@ public:
     void setTextColor(TextColor textColor);
 
     /// The lines as shown at the present width.
-    std::vector<QString> shownLines() const { return linesFor(width()); }
+    std::vector<QString> shownLines() const { return block().lines(contentsRect().width()); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -40,20 +40,17 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    const std::vector<QString> &linesFor(int width) const;
-    int heightOf(size_t lines) const;
+    TextBlock &block() const;
+    int heightOf(int lines) const;
     int lineHeight() const;
     int marginsWidth() const;
-    int naturalWidth() const;
-    bool isOneParagraph() const;
-    void forgetLines();
+    void forgetBlock();
     bool wraps() const { return m_flow.maximumLines != 1; }
 
     QString m_text;
     TextColor m_textColor;
     TextFlow m_flow;
-    mutable std::map<int, std::vector<QString>> m_lines; ///< by width
-    mutable int m_naturalWidth = -1;
+    mutable std::unique_ptr<TextBlock> m_block; ///< made when it is first needed
 };
 
 /// A text that wraps and grows in height; never cut off.

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QTextLayout>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QPainter;
+
+/// How a text is put into lines.
+struct TextFlow {
+    int maximumLines = 0;  ///< what does not fit is left out in the middle of the last line; 0 for no limit
+    bool balanced = false; ///< lines of about the same length, none with a word of its own
+    bool givesWay = true;  ///< may become narrower than the text on one line
+};
+
+/// A text in a font, shaped once, then measured, broken into lines and drawn at whatever width is asked for.
+/// Widths are in points. The text's own line breaks hold, except in the last line that a limit allows.
+class TextBlock
+{
+public:
+    TextBlock(const QString &text, const QFont &font, TextFlow flow);
+
+    /// What the text takes where nothing limits it, rounded up.
+    int naturalWidth();
+
+    /// How many lines there are at this width, one at least.
+    int lineCount(int width);
+
+    /// The lines as they are drawn at this width.
+    std::vector<QString> lines(int width);
+
+    /// Draws the lines into the box, each of `lineHeight`, as high or low as centres them. `share` is what
+    /// part of a line's spare room stands before it: 0 on the left, 1 on the right.
+    void draw(QPainter &painter, const QRect &box, qreal share, int lineHeight, int lineGap);
+
+private:
+    void breakAt(int width);
+    std::unique_ptr<QTextLayout> cutShort(qsizetype start, int width) const;
+
+    TextFlow m_flow;
+    QTextLayout m_layout;               ///< begun and never ended, which would forget the shapes
+    std::unique_ptr<QTextLayout> m_cut; ///< the last line where something is left out in it
+    int m_wholeLines = 0;               ///< before that one
+    std::optional<int> m_width;         ///< of the present lines
+    int m_naturalWidth = -1;
+    std::map<int, int> m_lineCounts; ///< by width
+};
