@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QPointer>
+#include <QSettings>
 
 namespace
 {
@@ -25,9 +26,17 @@ QString nearestExisting(QString folder)
     return folder;
 }
 
+/// The toolkit's dialog would keep a record of the folders it was in, in a file of its own in the home
+/// directory. Its settings, of which this program has no other use, are sent where nothing can be written.
+void keepNoRecord()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
 /// The toolkit's dialog, or the one that its theme for this desktop brings along.
 std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
 {
+    keepNoRecord();
     const QPointer<QFileDialog> dialog =
         new QFileDialog(QApplication::activeWindow(), question.title, question.start.value_or(QString()));
     dialog->setFileMode(QFileDialog::Directory);

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QPushButton>
+#include <QSettings>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -75,6 +76,15 @@ TEST_F(DirectoryDialogTest, StartsAtHomeWithoutAFolder)
         EXPECT_EQ(dialog->directory().path(), QDir::homePath());
         dialog->reject();
     });
+}
+
+TEST_F(DirectoryDialogTest, KeepsNoRecordOfTheFoldersItWasIn)
+{
+    choose(plans, [](QFileDialog *dialog) {
+        QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->buttons().constFirst(), Qt::LeftButton);
+    });
+    const QString record = QSettings(QSettings::UserScope, u"QtProject"_s).fileName();
+    EXPECT_FALSE(QFile::exists(record)) << record.toStdString();
 }
 
 } // namespace
