@@ -20,7 +20,7 @@ constexpr int bottomPadding = 32;
 SectionPane::SectionPane(SettingsSection section, SectionContent *content, QWidget *parent)
     : QScrollArea(parent), m_content(content)
 {
-    setAccessibleRole(this, QAccessible::Pane);
+    setAccessibleRole(this, QAccessible::Grouping);
     setAccessibleName(rawValue(section));
     setAccessibleDescription(subtitle(section));
     setFrameShape(QFrame::NoFrame);

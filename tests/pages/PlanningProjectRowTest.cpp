@@ -188,7 +188,7 @@ TEST_F(PlanningProjectRowTest, IsHeardAsAPanelNamedLikeTheProject)
 {
     showRow({.name = u"App"_s, .path = homePath(u"gone"_s)});
     const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(row.get());
-    EXPECT_EQ(heard->role(), QAccessible::Pane);
+    EXPECT_EQ(heard->role(), QAccessible::Grouping);
     EXPECT_EQ(heard->text(QAccessible::Name), u"App");
     EXPECT_EQ(heard->text(QAccessible::Description), homePath(u"gone"_s) + u", missing"_s);
     auto *actions = row->findChild<QPushButton *>();

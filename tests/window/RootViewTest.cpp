@@ -110,7 +110,7 @@ TEST_F(RootView, EveryPageHasItsHeading)
         EXPECT_EQ(pane.accessibleName(), rawValue(section));
         EXPECT_EQ(pane.accessibleDescription(), subtitle(section));
         QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&pane);
-        EXPECT_EQ(heard->role(), QAccessible::Pane);
+        EXPECT_EQ(heard->role(), QAccessible::Grouping);
         const auto *hero = pane.findChild<DetailHero *>();
         ASSERT_TRUE(hero);
         auto *title = named<QLabel>(*hero, rawValue(section));

@@ -34,7 +34,7 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
       m_icon(new SidebarIcon({}, SystemColor::gray)),
       m_missing(new MissingLabel)
 {
-    setAccessibleRole(this, QAccessible::Pane);
+    setAccessibleRole(this, QAccessible::Grouping);
     setAccessibleName(project.name);
 
     auto *name = new QHBoxLayout;
