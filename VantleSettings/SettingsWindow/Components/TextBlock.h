@@ -32,8 +32,8 @@ public:
     /// The lines as they are drawn at this width.
     std::vector<QString> lines(int width);
 
-    /// Draws the lines into the box, each of `lineHeight`, as high or low as centres them. `share` is what
-    /// part of a line's spare room stands before it: 0 on the left, 1 on the right.
+    /// Draws the lines, each `lineHeight` high and `lineGap` apart, in the middle of the box's height.
+    /// `share` is what part of a line's spare room stands before it: 0 on the left, 1 on the right.
     void draw(QPainter &painter, const QRect &box, qreal share, int lineHeight, int lineGap);
 
 private:
