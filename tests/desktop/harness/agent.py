@@ -3,7 +3,6 @@
 import collections
 import socket
 import threading
-import time
 
 ADDRESS = ("127.0.0.1", 18484)
 
@@ -27,6 +26,7 @@ class Agent:
         self._hangs_up = hangs_up
         self._requests = []
         self._lock = threading.Lock()
+        self._closed = threading.Event()
         self._connections = []
         self._listener = socket.create_server(ADDRESS, backlog=128)
         threading.Thread(target=self._accept, daemon=True).start()
@@ -44,6 +44,7 @@ class Agent:
         """Stops listening, also to those who are connected."""
         if self._listener.fileno() < 0:
             return
+        self._closed.set()
         self._listener.shutdown(socket.SHUT_RDWR)
         self._listener.close()
         with self._lock:
@@ -64,7 +65,7 @@ class Agent:
         try:
             stream = connection.makefile("rb")
             while self._take(stream):
-                time.sleep(self._delay)
+                self._closed.wait(self._delay)  # a slow agent, which closing wakes
                 if self._answer is not None:
                     connection.sendall(self._answer)
                 if self._hangs_up:
