@@ -155,6 +155,16 @@ TEST_F(LabelTest, RightToLeftAndSurrogatesStayWholeAroundTheGap)
     EXPECT_THAT(hebrew.shownLines(), ElementsAre(u"שלום עולם"_s));
 }
 
+TEST_F(LabelTest, APathBeginsOnTheLeftWhateverItsFoldersAreWrittenIn)
+{
+    Label root(u"/"_s, TextStyle::size13);
+    show(root, root.sizeHint());
+    const QRect slash = root.rect().adjusted(0, 0, -1, 0); // its last column may touch the next letter
+    Label hebrew(u"/שלום"_s, TextStyle::size13);
+    show(hebrew, {hebrew.sizeHint().width(), root.height()});
+    EXPECT_EQ(hebrew.grab(slash).toImage(), root.grab(slash).toImage());
+}
+
 TEST_F(LabelTest, ANewTextReplacesWhatIsShownAndHeard)
 {
     ElidedLabel label(u"before"_s, TextStyle::size11);

@@ -100,7 +100,7 @@ TextBlock::TextBlock(const QString &text, const QFont &font, TextFlow flow)
 
 int TextBlock::naturalWidth()
 {
-    if (m_naturalWidth < 0) {
+    if (!m_naturalWidth) {
         createLines(m_layout, unlimited, 0);
         m_width.reset();
         qreal widest = 0;
@@ -108,7 +108,7 @@ int TextBlock::naturalWidth()
             widest = std::max(widest, m_layout.lineAt(i).horizontalAdvance());
         m_naturalWidth = int(std::ceil(widest));
     }
-    return m_naturalWidth;
+    return *m_naturalWidth;
 }
 
 int TextBlock::lineCount(int width)

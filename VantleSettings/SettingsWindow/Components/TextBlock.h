@@ -45,6 +45,6 @@ private:
     std::unique_ptr<QTextLayout> m_cut; ///< the last line where something is left out in it
     int m_wholeLines = 0;               ///< before that one
     std::optional<int> m_width;         ///< of the present lines
-    int m_naturalWidth = -1;
+    std::optional<int> m_naturalWidth;
     std::map<int, int> m_lineCounts; ///< by width
 };
