@@ -27,7 +27,8 @@ bool useLaptopScreen(QTemporaryFile &screens)
 int main(int argc, char **argv)
 {
     const bool storedOnly = argc == 3 && qstrcmp(argv[1], "--stored") == 0;
-    if (argc != 2 && !storedOnly) {
+    const bool folderNamed = argc > 1 && argv[argc - 1][0] != '-';
+    if (!folderNamed || (argc != 2 && !storedOnly)) {
         std::fputs("usage: screenshots [--stored] FOLDER\n"
                    "Draws every picture into the folder, or only those that docs/screenshots keeps.\n",
                    stderr);
