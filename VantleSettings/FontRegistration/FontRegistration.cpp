@@ -32,15 +32,17 @@ QStringList candidateFontDirectories(const Bundle &bundle)
 
 void registerFonts(const QStringList &directories, FontRegistry &registry)
 {
+    QStringList files;
     for (const QString &name : names()) {
         for (const QString &directory : directories) {
             const QString file = QDir(directory).filePath(name + u".ttf"_s);
             if (QFileInfo::exists(file)) {
-                registry.add(file);
+                files << file;
                 break;
             }
         }
     }
+    registry.add(files);
 }
 
 void registerBundledFonts()

@@ -21,7 +21,7 @@ QStringList candidateFontDirectories(const Bundle &bundle);
 void registerFonts(const QStringList &directories, FontRegistry &registry);
 
 /// Registers the faces of the running program, at most once however often it is called. The application
-/// object must exist.
+/// object must exist. The files are read meanwhile: `FontRegistry::finish()` tells when that is done.
 void registerBundledFonts();
 
 } // namespace FontRegistration

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 /// The fonts this process can draw with.
 class FontRegistry
@@ -9,8 +9,12 @@ public:
     virtual ~FontRegistry();
     Q_DISABLE_COPY_MOVE(FontRegistry)
 
-    /// Adds a font file for this process alone; nothing is installed, and a file that is no font is ignored.
-    virtual void add(const QString &file) = 0;
+    /// Adds font files for this process alone; nothing is installed, and a file that is no font is ignored.
+    /// The files may be read after the call.
+    virtual void add(const QStringList &files) = 0;
+
+    /// Returns once what was added can be drawn with; to be called before the first text is measured.
+    virtual void finish() = 0;
 
     /// Whether the font with this PostScript name, e.g. "JetBrainsMono-Regular", can be made.
     virtual bool has(const QString &postScriptName) = 0;

@@ -9,11 +9,15 @@ namespace
 class CoreTextFontRegistry : public FontRegistry
 {
   public:
-    void add(const QString &file) override
+    void add(const QStringList &files) override
     {
-        NSURL *url = [NSURL fileURLWithPath:file.toNSString()];
-        CTFontManagerRegisterFontsForURL((__bridge CFURLRef)url, kCTFontManagerScopeProcess, nullptr);
+        for (const QString &file : files) {
+            NSURL *url = [NSURL fileURLWithPath:file.toNSString()];
+            CTFontManagerRegisterFontsForURL((__bridge CFURLRef)url, kCTFontManagerScopeProcess, nullptr);
+        }
     }
+
+    void finish() override {}
 
     bool has(const QString &postScriptName) override
     {

@@ -1,6 +1,5 @@
 #include "Platform/SystemFont.h"
 
-#include <QFontDatabase>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -17,9 +16,8 @@ QFont systemFont()
 {
     QFont font = QGuiApplication::font();
     const QString unnamed = QStringLiteral("Sans Serif"); // what Qt says where no desktop names a font
-    const QString ours = QStringLiteral("Inter");
-    if (font.family() == unnamed && QFontDatabase::hasFamily(ours))
-        font.setFamily(ours);
+    if (font.family() == unnamed)
+        font.setFamilies({QStringLiteral("Inter"), unnamed});
     return font;
 }
 

@@ -1,6 +1,8 @@
 #include "SettingsWindow/SectionPane.h"
 
 #include "Platform/AccessibleRole.h"
+#include "Platform/FontRegistry.h"
+#include "Platform/Seam.h"
 #include "SettingsWindow/Components/Tokens.h"
 #include "SettingsWindow/DetailHero.h"
 #include "SettingsWindow/SectionContent.h"
@@ -35,6 +37,7 @@ SectionPane::SectionPane(SettingsSection section, SectionContent *content, QWidg
     layout->addWidget(new DetailHero(section));
     layout->addWidget(content);
     layout->addStretch();
+    Seam<FontRegistry>::current().finish(); // the first text of the window is measured now
     setWidget(page);
 }
 

@@ -1,4 +1,5 @@
 #include "FontRegistration/FontRegistration.h"
+#include "Platform/FontRegistry.h"
 #include "Platform/LoopbackPost.h"
 #include "Platform/Seam.h"
 #include "Platform/ServiceManager.h"
@@ -156,6 +157,7 @@ int main(int argc, char **argv)
     qputenv("HOME", home.path().toUtf8());
     QApplication application(argc, argv);
     FontRegistration::registerBundledFonts();
+    FontRegistry::system().finish();
     installLook(application);
     NoService service;
     NoAgent agent;

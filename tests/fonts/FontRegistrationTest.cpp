@@ -18,7 +18,8 @@ namespace
 struct RecordingRegistry : FontRegistry {
     QStringList added;
 
-    void add(const QString &file) override { added << file; }
+    void add(const QStringList &files) override { added << files; }
+    void finish() override {}
     bool has(const QString &) override { return false; }
 };
 

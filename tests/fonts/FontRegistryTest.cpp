@@ -20,14 +20,14 @@ QByteArray inNameTable(QStringView text)
     return bytes;
 }
 
-/// A shipped face under a family name that no machine has installed.
-QByteArray renamedFace()
+/// A shipped face under a family name of the same length that no machine has installed.
+QByteArray renamedFace(QLatin1String family)
 {
     QFile file(QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts/JetBrainsMono-Regular.ttf"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     QByteArray bytes = file.readAll();
-    bytes.replace(inNameTable(u"JetBrains Mono"), inNameTable(u"Workbench Mono"));
-    return bytes.replace("JetBrains Mono", "Workbench Mono");
+    bytes.replace(inNameTable(u"JetBrains Mono"), inNameTable(QString(family)));
+    return bytes.replace("JetBrains Mono", family.data());
 }
 
 TEST(FontRegistry, HasAFontThatOnlyThisProcessAdded)
@@ -35,12 +35,24 @@ TEST(FontRegistry, HasAFontThatOnlyThisProcessAdded)
     const QTemporaryDir directory;
     QFile file(directory.filePath(u"WorkbenchMono-Regular.ttf"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(renamedFace());
+    file.write(renamedFace("Workbench Mono"_L1));
     file.close();
     EXPECT_FALSE(FontRegistry::system().has(u"WorkbenchMono-Regular"_s));
-    FontRegistry::system().add(file.fileName());
+    FontRegistry::system().add({file.fileName()});
     EXPECT_TRUE(FontRegistry::system().has(u"WorkbenchMono-Regular"_s));
     EXPECT_FALSE(FontRegistry::system().has(u"WorkbenchMono-Bold"_s));
+}
+
+TEST(FontRegistry, DrawsWithWhatWasAddedOnceThatIsFinished)
+{
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(u"Drawn.ttf"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(renamedFace("Blackboard One"_L1));
+    file.close();
+    FontRegistry::system().add({file.fileName()});
+    FontRegistry::system().finish();
+    EXPECT_EQ(QFontInfo(QFont(u"Blackboard One"_s)).family(), u"Blackboard One"_s);
 }
 
 TEST(FontRegistry, HasTheShippedFacesOnceTheyAreAdded)
@@ -65,8 +77,7 @@ TEST(FontRegistry, IgnoresAFileThatIsNoFont)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("no font");
     file.close();
-    FontRegistry::system().add(file.fileName());
-    FontRegistry::system().add(directory.filePath(u"Missing-Regular.ttf"_s));
+    FontRegistry::system().add({file.fileName(), directory.filePath(u"Missing-Regular.ttf"_s)});
     EXPECT_FALSE(FontRegistry::system().has(u"Broken-Regular"_s));
 }
 

@@ -1,4 +1,5 @@
 #include "FontRegistration/FontRegistration.h"
+#include "Platform/FontRegistry.h"
 #include "SettingsWindow/Components/SettingsStyle.h"
 #include "SettingsWindow/Components/Tokens.h"
 
@@ -33,6 +34,7 @@ protected:
             ASSERT_TRUE(isDeclared || aliases.contains(family)) << family.toStdString() << " is not declared";
         }
         FontRegistration::registerBundledFonts();
+        FontRegistry::system().finish();
         ASSERT_TRUE(QFontDatabase::hasFamily(u"JetBrains Mono"_s));
         installLook(*qApp);
     }

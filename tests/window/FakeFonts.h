@@ -7,7 +7,8 @@
 struct FakeFonts final : FontRegistry {
     bool installed = true;
 
-    void add(const QString &) override {}
+    void add(const QStringList &) override {}
+    void finish() override {}
     bool has(const QString &) override { return installed; }
 
 private:

@@ -1,5 +1,6 @@
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
+#include "Platform/FontRegistry.h"
 #include "SettingsWindow/Components/SettingsStyle.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     FontRegistration::registerBundledFonts();
+    FontRegistry::system().finish();
     installLook(application);
     QScrollArea window;
     window.setWindowTitle(QStringLiteral("Components"));

@@ -3,6 +3,7 @@
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
 #include "PageStates.h"
+#include "Platform/FontRegistry.h"
 #include "SettingsWindow/Components/SettingsStyle.h"
 
 #include <QAbstractAnimation>
@@ -64,6 +65,7 @@ std::vector<Screenshot> allScreenshots()
 void installPinnedLook(QApplication &application)
 {
     FontRegistration::registerBundledFonts();
+    FontRegistry::system().finish();
     QApplication::setFont(QFont(u"Inter"_s, 9));
     installLook(application);
 }

@@ -77,7 +77,7 @@ QFont textFont(TextStyle style)
     const Face wanted = face(style);
     QFont font = systemText().font;
     if (style == TextStyle::size12SemiboldMono)
-        font.setFamilies({u"JetBrains Mono"_s, font.family()});
+        font.setFamilies(QStringList{u"JetBrains Mono"_s} + font.families());
     if (style == TextStyle::groupHeader)
         font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
     font.setPixelSize(qRound(wanted.size * systemText().scale));
