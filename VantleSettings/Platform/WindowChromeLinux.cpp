@@ -1,12 +1,11 @@
+#include "Platform/FirstFrame.h"
 #include "Platform/WindowChrome.h"
 
-#include <QEvent>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
-#include <QTimer>
 #include <QWidget>
 
 #include <xcb/xcb.h>
@@ -62,22 +61,6 @@ void showIcon(QWidget &window)
     window.setWindowIcon(icon);
 }
 
-/// Shows the icon once the window has drawn its first frame, which then need not wait for it.
-class IconAfterFirstFrame : public QObject
-{
-public:
-    explicit IconAfterFirstFrame(QWidget &window) : QObject(&window) { window.installEventFilter(this); }
-
-    bool eventFilter(QObject *window, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            window->removeEventFilter(this);
-            QTimer::singleShot(0, this, [this] { showIcon(*static_cast<QWidget *>(parent())); });
-        }
-        return false;
-    }
-};
-
 } // namespace
 
 void prepareWindow(QWidget &window)
@@ -86,7 +69,7 @@ void prepareWindow(QWidget &window)
     if (!x11 || !x11->connection()) // the offscreen platform has the one without the other
         return;
     askForDarkFrame(x11->connection(), xcb_window_t(window.winId()));
-    new IconAfterFirstFrame(window);
+    afterFirstFrame(window, [&window] { showIcon(window); });
 }
 
 int titleBarHeight(const QWidget &)

@@ -18,6 +18,12 @@ SectionContent::SectionContent(QWidget *parent) : QWidget(parent), m_groups(new 
 void SectionContent::add(QWidget *group)
 {
     m_groups->addWidget(group);
+    if (isVisible())
+        group->show();
+}
+
+void SectionContent::addLowerGroups()
+{
 }
 
 void SectionContent::showEvent(QShowEvent *event)

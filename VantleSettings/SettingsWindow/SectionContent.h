@@ -17,6 +17,9 @@ public:
     /// Appends a group and owns it.
     void add(QWidget *group);
 
+    /// Appends the groups that lie below the first view of the page, which is drawn before they are made.
+    virtual void addLowerGroups();
+
     /// Calls `draw` now, on the next turn of the event loop after each announcement of `observed`, and
     /// whenever the page comes into view, because what it shows of files, fonts and folders may have changed
     /// meanwhile.

@@ -7,6 +7,7 @@
 #include "SettingsWindow/DetailHero.h"
 #include "SettingsWindow/SectionContent.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -39,6 +40,12 @@ SectionPane::SectionPane(SettingsSection section, SectionContent *content, QWidg
     layout->addStretch();
     Seam<FontRegistry>::current().finish(); // the first text of the window is measured now
     setWidget(page);
+}
+
+void SectionPane::layOut()
+{
+    for (QWidget *part : {static_cast<QWidget *>(m_content), widget()})
+        QCoreApplication::sendPostedEvents(part, QEvent::LayoutRequest);
 }
 
 void SectionPane::keyPressEvent(QKeyEvent *event)

@@ -18,6 +18,10 @@ public:
 
     SectionContent *content() const { return m_content; }
 
+    /// Lays the page out at once: left alone, a page with a new group is drawn before the group has its
+    /// place.
+    void layOut();
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 

@@ -1,6 +1,7 @@
 #include "SettingsWindow/SettingsRootView.h"
 
 #include "Platform/AccessibleRole.h"
+#include "Platform/FirstFrame.h"
 #include "SettingsWindow/Components/Painting.h"
 #include "SettingsWindow/Components/Tokens.h"
 #include "SettingsWindow/SectionPane.h"
@@ -97,9 +98,15 @@ SectionPane *SettingsRootView::page(SettingsSection section)
 {
     SectionPane *&pane = m_pages[section];
     if (!pane) {
-        pane = new SectionPane(section, makeContent(section, m_model));
+        SectionContent *content = makeContent(section, m_model);
+        pane = new SectionPane(section, content);
         keepOwnMargins(*pane);
         m_detail->addWidget(pane);
+        afterFirstFrame(*content, [content, pane] {
+            content->addLowerGroups();
+            keepOwnMargins(*content);
+            pane->layOut();
+        });
     }
     return pane;
 }

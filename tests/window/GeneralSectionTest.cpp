@@ -29,6 +29,7 @@ class ShownPage
 public:
     explicit ShownPage(OutsideWorld &world) : m_world(world)
     {
+        view.addLowerGroups();
         view.resize(580, 900);
         view.show();
         settle();

@@ -4,6 +4,7 @@
 #include "SettingsWindow/DetailHero.h"
 #include "SettingsWindow/SectionContent.h"
 #include "SettingsWindow/SectionPane.h"
+#include "SettingsWindow/Sections/ShortcutsGroup.h"
 #include "SettingsWindow/SettingsModel.h"
 #include "SettingsWindow/SettingsRootView.h"
 #include "SettingsWindow/Sidebar.h"
@@ -56,6 +57,21 @@ TEST_F(RootView, StartsWithThePageThatTheModelHasSelected)
 {
     EXPECT_EQ(sidebar().selection(), SettingsSection::general);
     EXPECT_EQ(shownPane()->accessibleName(), u"General"_s);
+}
+
+TEST_F(RootView, DrawsThePageBeforeItsLowerGroupsAreMade)
+{
+    SettingsRootView later{model, 0};
+    EXPECT_EQ(later.findChild<ShortcutsGroup *>(), nullptr);
+    later.resize(860, 612);
+    later.show();
+    EXPECT_TRUE(QTest::qWaitFor([&later] { return later.findChild<ShortcutsGroup *>() != nullptr; }));
+    // The page is laid out anew before anything is drawn again.
+    const QWidget &group = *later.findChild<ShortcutsGroup *>();
+    EXPECT_TRUE(group.isVisible());
+    EXPECT_EQ(group.height(), group.sizeHint().height());
+    const QWidget &page = *later.findChild<SectionPane *>()->widget();
+    EXPECT_EQ(page.height(), page.heightForWidth(page.width()));
 }
 
 TEST_F(RootView, ChoosingAnEntryChangesTheModelAndThePageAndNothingElse)

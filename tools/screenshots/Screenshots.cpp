@@ -83,6 +83,7 @@ QImage rendered(const Screenshot &screenshot, qreal scale)
     // At the screen's trailing edge pop-ups open into the window, where the picture shows them.
     window->move(window->screen()->availableGeometry().right() + 1 - window->width(), 0);
     window->show();
+    window->grab(); // some of a window is made after it was first drawn
     QCoreApplication::processEvents();
     if (screenshot.prepare)
         screenshot.prepare(*window);

@@ -62,7 +62,11 @@ GeneralSection::GeneralSection(SettingsModel &model, QWidget *parent) : SectionC
     addAgentGroup();
     addRecordingGroup();
     addUpdatesGroup();
-    add(new ShortcutsGroup(model));
+}
+
+void GeneralSection::addLowerGroups()
+{
+    add(new ShortcutsGroup(m_model));
 }
 
 void GeneralSection::addAgentGroup()

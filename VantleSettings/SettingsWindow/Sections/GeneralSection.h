@@ -12,6 +12,8 @@ class GeneralSection : public SectionContent
 public:
     explicit GeneralSection(SettingsModel &model, QWidget *parent = nullptr);
 
+    void addLowerGroups() override;
+
 private:
     void addAgentGroup();
     void addRecordingGroup();
