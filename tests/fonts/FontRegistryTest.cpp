@@ -20,25 +20,26 @@ QByteArray inNameTable(QStringView text)
     return bytes;
 }
 
-/// A shipped face under a family name of the same length that no machine has installed.
-QByteArray renamedFace(QLatin1String family)
+/// The file of a shipped face under a family name of the same length that no machine has installed.
+QString renamedFace(const QTemporaryDir &directory, QLatin1String family)
 {
-    QFile file(QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts/JetBrainsMono-Regular.ttf"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QByteArray bytes = file.readAll();
+    QFile shipped(QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts/JetBrainsMono-Regular.ttf"));
+    EXPECT_TRUE(shipped.open(QIODevice::ReadOnly));
+    QByteArray bytes = shipped.readAll();
     bytes.replace(inNameTable(u"JetBrains Mono"), inNameTable(QString(family)));
-    return bytes.replace("JetBrains Mono", family.data());
+    bytes.replace("JetBrains Mono", family.data());
+    QFile file(directory.filePath(u"Face.ttf"_s));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    return file.fileName();
 }
 
 TEST(FontRegistry, HasAFontThatOnlyThisProcessAdded)
 {
     const QTemporaryDir directory;
-    QFile file(directory.filePath(u"WorkbenchMono-Regular.ttf"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(renamedFace("Workbench Mono"_L1));
-    file.close();
+    const QString face = renamedFace(directory, "Workbench Mono"_L1);
     EXPECT_FALSE(FontRegistry::system().has(u"WorkbenchMono-Regular"_s));
-    FontRegistry::system().add({file.fileName()});
+    FontRegistry::system().add({face});
     EXPECT_TRUE(FontRegistry::system().has(u"WorkbenchMono-Regular"_s));
     EXPECT_FALSE(FontRegistry::system().has(u"WorkbenchMono-Bold"_s));
 }
@@ -46,11 +47,7 @@ TEST(FontRegistry, HasAFontThatOnlyThisProcessAdded)
 TEST(FontRegistry, DrawsWithWhatWasAddedOnceThatIsFinished)
 {
     const QTemporaryDir directory;
-    QFile file(directory.filePath(u"Drawn.ttf"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(renamedFace("Blackboard One"_L1));
-    file.close();
-    FontRegistry::system().add({file.fileName()});
+    FontRegistry::system().add({renamedFace(directory, "Blackboard One"_L1)});
     FontRegistry::system().finish();
     EXPECT_EQ(QFontInfo(QFont(u"Blackboard One"_s)).family(), u"Blackboard One"_s);
 }
