@@ -3,6 +3,8 @@
 #include "FontRegistration/FontRegistration.h"
 
 #include <QFile>
+#include <QFont>
+#include <QFontInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
