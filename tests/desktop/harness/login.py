@@ -19,6 +19,11 @@ case "$*" in *enable*) echo active;; *stop*) echo inactive;; esac >{folder}/stat
 """
 
 
+def answer_for_the_job(state):
+    """On the session bus, tells the job's state in systemd's words, as `state()` gives it."""
+    BusService("org.freedesktop.systemd1", _UNIT, _INTERFACE, property=lambda _name: GLib.Variant("s", state()))
+
+
 class LoginJobs:
     """Needs a mount namespace of its own: the stand-in lies over the system's tool there."""
 
@@ -35,8 +40,7 @@ class LoginJobs:
             _LATER_TOOL.touch()
         place = _TOOL if _TOOL.exists() else _LATER_TOOL
         subprocess.run(["mount", "--bind", str(script), str(place)], check=True)
-        BusService("org.freedesktop.systemd1", _UNIT, _INTERFACE,
-                   property=lambda _name: GLib.Variant("s", self.state))
+        answer_for_the_job(lambda: self.state)
 
     def forget(self):
         """As at the start: the job is not loaded, and nobody asked."""
