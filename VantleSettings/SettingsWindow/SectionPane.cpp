@@ -7,10 +7,11 @@
 #include "SettingsWindow/DetailHero.h"
 #include "SettingsWindow/SectionContent.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace
 {
@@ -44,8 +45,9 @@ SectionPane::SectionPane(SettingsSection section, SectionContent *content, QWidg
 
 void SectionPane::layOut()
 {
-    for (QWidget *part : {static_cast<QWidget *>(m_content), widget()})
-        QCoreApplication::sendPostedEvents(part, QEvent::LayoutRequest);
+    QWidget *page = widget();
+    m_content->updateGeometry();
+    page->resize(page->width(), std::max(page->heightForWidth(page->width()), viewport()->height()));
 }
 
 void SectionPane::keyPressEvent(QKeyEvent *event)

@@ -18,8 +18,8 @@ public:
 
     SectionContent *content() const { return m_content; }
 
-    /// Lays the page out at once: left alone, a page with a new group is drawn before the group has its
-    /// place.
+    /// Gives the page its height at once: left alone, one with a new group is drawn once with all its groups
+    /// in the height it had.
     void layOut();
 
 protected:
