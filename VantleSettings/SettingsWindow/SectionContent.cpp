@@ -18,8 +18,6 @@ SectionContent::SectionContent(QWidget *parent) : QWidget(parent), m_groups(new 
 void SectionContent::add(QWidget *group)
 {
     m_groups->addWidget(group);
-    if (isVisible())
-        group->show();
 }
 
 void SectionContent::addLowerGroups()

@@ -11,8 +11,6 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace
 {
 
@@ -41,13 +39,6 @@ SectionPane::SectionPane(SettingsSection section, SectionContent *content, QWidg
     layout->addStretch();
     Seam<FontRegistry>::current().finish(); // the first text of the window is measured now
     setWidget(page);
-}
-
-void SectionPane::layOut()
-{
-    QWidget *page = widget();
-    m_content->updateGeometry();
-    page->resize(page->width(), std::max(page->heightForWidth(page->width()), viewport()->height()));
 }
 
 void SectionPane::keyPressEvent(QKeyEvent *event)

@@ -18,10 +18,6 @@ public:
 
     SectionContent *content() const { return m_content; }
 
-    /// Gives the page its height at once: left alone, one with a new group is drawn once with all its groups
-    /// in the height it had.
-    void layOut();
-
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 

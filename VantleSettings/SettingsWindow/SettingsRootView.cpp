@@ -102,10 +102,9 @@ SectionPane *SettingsRootView::page(SettingsSection section)
         pane = new SectionPane(section, content);
         keepOwnMargins(*pane);
         m_detail->addWidget(pane);
-        afterFirstFrame(*content, [content, pane] {
+        afterFirstFrame(*content, [content] {
             content->addLowerGroups();
             keepOwnMargins(*content);
-            pane->layOut();
         });
     }
     return pane;

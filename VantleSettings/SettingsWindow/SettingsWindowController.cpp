@@ -28,6 +28,14 @@ SettingsNSWindow::SettingsNSWindow(QWidget *parent) : QMainWindow(parent)
 {
 }
 
+// A layout that grows tells the one around it by an event, level by level, and would be drawn half way.
+bool SettingsNSWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::UpdateRequest)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    return QMainWindow::event(event);
+}
+
 void SettingsNSWindow::closeEvent(QCloseEvent *event)
 {
     event->accept();

@@ -1,6 +1,9 @@
 #include "FakeFonts.h"
 #include "Finding.h"
 #include "OutsideWorld.h"
+#include "SettingsWindow/Components/SettingsGroup.h"
+#include "SettingsWindow/Components/SettingsRow.h"
+#include "SettingsWindow/Sections/ShortcutsGroup.h"
 #include "SettingsWindow/SettingsModel.h"
 #include "SettingsWindow/SettingsWindowController.h"
 #include "SettingsWindow/Sidebar.h"
@@ -39,6 +42,45 @@ TEST_F(WindowController, StartsAtItsFirstSizeAndNeverGetsSmallerThanTheLeast)
     EXPECT_EQ(window.minimumSize(), QSize(780, 540));
     window.resize(100, 100);
     EXPECT_EQ(window.size(), QSize(780, 540));
+}
+
+/// Counts how often a group is drawn in less room than it needs.
+class CrampedGroups : public QObject
+{
+public:
+    CrampedGroups() { qApp->installEventFilter(this); }
+
+    int count = 0;
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        const auto *group = qobject_cast<SettingsGroup *>(object);
+        if (group && event->type() == QEvent::Paint &&
+            group->height() < group->heightForWidth(group->width()))
+            ++count;
+        return false;
+    }
+};
+
+TEST(SettingsWindow, NeverDrawsAPageHalfLaidOut)
+{
+    const OutsideWorld world;
+    const FakeFonts fonts;
+    SettingsModel model;
+    const CrampedGroups cramped;
+    SettingsWindowController controller(SettingsSection::general, model);
+    const SettingsNSWindow &window = controller.window();
+    controller.showWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&window] { return window.findChild<ShortcutsGroup *>() != nullptr; }));
+    settle();
+    EXPECT_EQ(cramped.count, 0);
+
+    std::vector<QWidget *> rows;
+    for (int i = 0; i < 20; ++i)
+        rows.push_back(new SettingsRow({.title = u"Row"_s, .subtitle = u"of twenty"_s}));
+    window.findChild<SettingsGroup *>()->setRows(rows);
+    settle();
+    EXPECT_EQ(cramped.count, 0);
 }
 
 TEST_F(WindowController, IsHeardAsAWindowThatIsAlwaysCalledTheSame)
