@@ -7,6 +7,7 @@
 #include "SettingsWindow/Components/SettingsStyle.h"
 
 #include <QAbstractAnimation>
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QPainter>
 #include <QScreen>
@@ -23,7 +24,7 @@ std::unique_ptr<QWidget> owned(QWidget *widget)
     return std::unique_ptr<QWidget>(widget);
 }
 
-/// Lets every animation run to its end.
+/// Lets all that waits for its turn have it, and every animation run to its end.
 void comeToRest(const QWidget &window)
 {
     const auto moves = [&window] {
@@ -32,9 +33,9 @@ void comeToRest(const QWidget &window)
             return animation->state() == QAbstractAnimation::Running;
         });
     };
-    do {
-        QCoreApplication::processEvents();
-    } while (moves());
+    bool isBusy = true;
+    while (isBusy || moves())
+        isBusy = QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
 }
 
 /// Everything else that is on the screen, where it stands in relation to the window.
@@ -84,7 +85,7 @@ QImage rendered(const Screenshot &screenshot, qreal scale)
     window->move(window->screen()->availableGeometry().right() + 1 - window->width(), 0);
     window->show();
     window->grab(); // some of a window is made after it was first drawn
-    QCoreApplication::processEvents();
+    comeToRest(*window);
     if (screenshot.prepare)
         screenshot.prepare(*window);
     comeToRest(*window);
