@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -75,9 +77,9 @@ TEST(SettingsWindow, NeverDrawsAPageHalfLaidOut)
     settle();
     EXPECT_EQ(cramped.count, 0);
 
-    std::vector<QWidget *> rows;
-    for (int i = 0; i < 20; ++i)
-        rows.push_back(new SettingsRow({.title = u"Row"_s, .subtitle = u"of twenty"_s}));
+    std::vector<QWidget *> rows(20);
+    std::ranges::generate(rows,
+                          [] { return new SettingsRow({.title = u"Row"_s, .subtitle = u"of twenty"_s}); });
     window.findChild<SettingsGroup *>()->setRows(rows);
     settle();
     EXPECT_EQ(cramped.count, 0);
