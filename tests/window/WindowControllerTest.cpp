@@ -78,8 +78,10 @@ TEST(SettingsWindow, NeverDrawsAPageHalfLaidOut)
     EXPECT_EQ(cramped.count, 0);
 
     std::vector<QWidget *> rows(20);
-    std::ranges::generate(rows,
-                          [] { return new SettingsRow({.title = u"Row"_s, .subtitle = u"of twenty"_s}); });
+    std::ranges::generate(rows, [] {
+        return new SettingsRow(
+            {.icon = u"power"_s, .tint = SystemColor::green, .title = u"Row"_s, .subtitle = u"of twenty"_s});
+    });
     window.findChild<SettingsGroup *>()->setRows(rows);
     settle();
     EXPECT_EQ(cramped.count, 0);
