@@ -73,7 +73,10 @@ TEST(RegistryStorm, ARegistryReplacedByRenamesIsAlwaysOfOneWholeState)
         std::rename((registry + ".new").constData(), registry.constData());
     });
     QStringList seen;
-    for (int round = 0; round < rounds(1000, 50000); ++round) {
+    const auto hardlyChanged = [&seen] {
+        return seen.size() <= 2;
+    }; // the storm may not have had its turn yet
+    for (int round = 0; round < rounds(1000, 50000) || (hardlyChanged() && storm.isBlowing()); ++round) {
         const auto count = Persistence::sessionsCount();
         ASSERT_GE(count, 1);
         ASSERT_LE(count, mostSessions);
@@ -87,7 +90,7 @@ TEST(RegistryStorm, ARegistryReplacedByRenamesIsAlwaysOfOneWholeState)
             seen.append(first);
     }
     EXPECT_TRUE(storm.isBlowing());
-    EXPECT_GT(seen.size(), 2) << "the registry hardly changed";
+    EXPECT_FALSE(hardlyChanged());
 }
 
 TEST(RegistryStorm, ARegistryRewrittenInPlaceIsNeverMoreThanASurprise)
