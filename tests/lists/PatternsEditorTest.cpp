@@ -52,6 +52,18 @@ TEST_F(PatternsEditorTest, TypingIsAnnouncedWithTheWholeText)
     EXPECT_EQ(editor->text(), u"a.com/*\nb");
 }
 
+TEST_F(PatternsEditorTest, ShiftAndReturnEndALineToo)
+{
+    QTest::keyClicks(editor, u"a"_s);
+    QTest::keyClick(editor, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(editor, u"b"_s);
+    QTest::keyClick(editor, Qt::Key_Enter, Qt::ShiftModifier);
+    QTest::keyClicks(editor, u"c"_s);
+    EXPECT_EQ(editor->text(), u"a\nb\nc");
+    editor->undo();
+    EXPECT_EQ(editor->text(), u"a\nb\n");
+}
+
 TEST_F(PatternsEditorTest, SettingATextIsNoEdit)
 {
     editor->setText(u"a"_s);

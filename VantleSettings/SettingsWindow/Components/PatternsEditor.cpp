@@ -3,6 +3,7 @@
 #include "SettingsWindow/Components/Tokens.h"
 
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -109,6 +110,18 @@ void PatternsEditor::takeUp(std::unique_ptr<Work> work)
 QSize PatternsEditor::sizeHint() const
 {
     return {0, m_height};
+}
+
+// Shift and Return would put in a line separator, which looks like the end of a line and is none.
+void PatternsEditor::keyPressEvent(QKeyEvent *event)
+{
+    if (!event->matches(QKeySequence::InsertLineSeparator)) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    textCursor().insertBlock();
+    ensureCursorVisible();
+    event->accept();
 }
 
 void PatternsEditor::resizeEvent(QResizeEvent *event)
