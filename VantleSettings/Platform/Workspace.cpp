@@ -1,5 +1,7 @@
 #include "Platform/Workspace.h"
 
+#include "Platform/Path.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -14,10 +16,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-// Not QFileInfo::absoluteFilePath(): a leading colon would name one of our own resources.
+// Not QFileInfo::absoluteFilePath(): a leading colon would name one of our own resources. And with one slash
+// in front only: after two, an address names a computer.
 QString absolutePath(const QString &path)
 {
-    return path.startsWith(u'/') ? path : QDir::currentPath() + u'/' + path;
+    return Path::appending(path.startsWith(u'/') ? u"/"_s : QDir::currentPath(), path);
 }
 
 QUrl fileUrl(const QString &path)

@@ -86,6 +86,32 @@ TEST_F(WorkspaceTest, APathThatLooksLikeAResourceIsAFile)
     EXPECT_EQ(opened, QStringList{QDir::currentPath() + u"/:/x"_s});
 }
 
+TEST_F(WorkspaceTest, APathThatBeginsWithTwoSlashesNamesNoOtherComputer)
+{
+    Workspace::system().open(u"//plan//TODO.toml"_s);
+    EXPECT_EQ(opened, QStringList{u"/plan/TODO.toml"_s});
+    const FileManager manager;
+    Workspace::system().reveal(u"//plan/app"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !manager.shown.isEmpty(); }));
+    EXPECT_EQ(manager.shown, QStringList{u"file:///plan/app"_s});
+}
+
+TEST_F(WorkspaceTest, ARelativePathInTheRootNamesNoOtherComputer)
+{
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(u"/"_s));
+    Workspace::system().open(u"plan/TODO.toml"_s);
+    QDir::setCurrent(before);
+    EXPECT_EQ(opened, QStringList{u"/plan/TODO.toml"_s});
+}
+
+TEST_F(WorkspaceTest, ASlashAtTheEndOfAFolderDoesNotCount)
+{
+    Workspace::system().reveal(u"/plan/app/"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !opened.isEmpty(); }));
+    EXPECT_EQ(opened, QStringList{u"/plan"_s});
+}
+
 TEST_F(WorkspaceTest, NothingIsDoneForAnEmptyPath)
 {
     Workspace::system().open({});
