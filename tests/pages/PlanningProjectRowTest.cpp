@@ -3,6 +3,8 @@
 #include "PageTest.h"
 #include "SettingsWindow/Components/Label.h"
 #include "SettingsWindow/Components/SidebarIcon.h"
+#include "SettingsWindow/Components/Tokens.h"
+#include "SettingsWindow/Sections/MissingLabel.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -107,6 +109,14 @@ TEST_F(PlanningProjectRowTest, AProjectWhoseFolderIsGoneIsGreyMissingAndCanStill
     EXPECT_EQ(icon()->tint(), SystemColor::gray);
     EXPECT_TRUE(saysMissing());
     EXPECT_EQ(items(), QStringList{u"Copy Path"_s});
+}
+
+TEST_F(PlanningProjectRowTest, TheWordMissingHasRoomAroundIt)
+{
+    showRow({.name = u"App"_s, .path = homePath(u"gone"_s)});
+    const Label word(u"missing"_s, TextStyle::size10);
+    const auto *capsule = row->findChild<MissingLabel *>();
+    EXPECT_EQ(capsule->size(), word.sizeHint() + QSize(2 * 6, 2 * 2));
 }
 
 TEST_F(PlanningProjectRowTest, AProjectMustBeADirectory)

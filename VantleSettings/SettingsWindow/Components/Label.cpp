@@ -78,7 +78,8 @@ int Label::heightForWidth(int width) const
 
 int Label::heightOf(int lines) const
 {
-    return lineHeight() * lines + lineGap * (lines - 1);
+    return lineHeight() * lines + lineGap * (lines - 1) + contentsMargins().top() +
+           contentsMargins().bottom();
 }
 
 int Label::lineHeight() const

@@ -16,7 +16,7 @@ class PlanningProjectRow : public QWidget
 public:
     explicit PlanningProjectRow(const PlanningProject &project, QWidget *parent = nullptr);
 
-    /// The height that every row has.
+    /// The height of a row whose folder is there; a word about a missing one may need a little more.
     static int expectedHeight();
 
     /// Looks again whether the project's folder is there.
