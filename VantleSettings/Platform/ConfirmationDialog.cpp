@@ -54,6 +54,8 @@ ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget
 
     auto *act = new QPushButton(confirmation.action, this);
     auto *cancel = new QPushButton(u"Cancel"_s, this);
+    cancel->setAutoDefault(
+        false); // Return is the action wherever the focus is, as in the system's own alerts
     act->setDefault(true);
     act->setFocus();
     connect(act, &QPushButton::clicked, this, &QDialog::accept);

@@ -79,11 +79,19 @@ TEST(ConfirmationDialog, TheActionIsTheDefaultButtonAndHasTheKeyboard)
     });
 }
 
-TEST(ConfirmationDialog, ReturnOnCancelIsCancel)
+TEST(ConfirmationDialog, ReturnChoosesTheActionWhereverTheFocusIs)
+{
+    EXPECT_TRUE(answered([](QWidget *dialog) {
+        button(dialog, u"Cancel"_s)->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    }));
+}
+
+TEST(ConfirmationDialog, SpaceOnCancelIsCancel)
 {
     EXPECT_FALSE(answered([](QWidget *dialog) {
         button(dialog, u"Cancel"_s)->setFocus(Qt::TabFocusReason);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     }));
 }
 
