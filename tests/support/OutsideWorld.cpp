@@ -52,8 +52,9 @@ std::optional<QByteArray> OutsideWorld::Files::read(const QString &path)
 bool OutsideWorld::Files::write(const QString &path, const QByteArray &bytes)
 {
     world.note("write", path, bytes);
-    files[path] = bytes;
-    return true;
+    if (!world.filesRefuse)
+        files[path] = bytes;
+    return !world.filesRefuse;
 }
 
 void OutsideWorld::Files::createDirectory(const QString &path)

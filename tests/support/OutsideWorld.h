@@ -25,6 +25,7 @@ public:
     /// "post http://127.0.0.1:18484/settings/reload-typeface".
     std::vector<std::string> takeRecord();
 
+    bool filesRefuse = false; ///< nothing can be written
     bool serviceIsLoaded = false;
     bool serviceRefuses = false; ///< loading and unloading change nothing
 

@@ -228,6 +228,39 @@ TEST_F(GeneralPage, RecordingModeSavesThenPostsOncePerRealChange)
     EXPECT_FALSE(page.recording().isChecked());
 }
 
+TEST_F(GeneralPage, TwoClicksThatWaitedTogetherAreTwoChanges)
+{
+    ShownPage page(world);
+    for (Switch *button : {&page.launch(), &page.recording(), &page.updates()}) {
+        const bool before = button->isChecked();
+        QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_NE(button->isChecked(), before);
+        QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_EQ(button->isChecked(), before);
+    }
+    EXPECT_FALSE(page.model.greenScreen);
+    EXPECT_THAT(world.takeRecord(), testing::IsSupersetOf({"load the job", "unload the job"}));
+}
+
+TEST_F(GeneralPage, AChangeThatCannotBeSavedIsMadeAndToldAllTheSame)
+{
+    world.filesRefuse = true;
+    ShownPage page(world);
+    const bool updates = page.updates().isChecked();
+    const std::string post = "post http://127.0.0.1:18484/settings/";
+    EXPECT_EQ(page.click(page.recording()).back(), post + "reload-green-screen");
+    EXPECT_EQ(page.pick(page.terminal(), 1).back(), post + "reload-terminal-backend");
+    EXPECT_EQ(page.pick(page.typeface(), 0).back(), post + "reload-typeface");
+    QTest::mouseClick(page.view.findChild<LinkButton *>(), Qt::LeftButton);
+    EXPECT_EQ(world.takeRecord().back(), post + "reload-shortcuts");
+    page.click(page.updates());
+    EXPECT_TRUE(page.recording().isChecked());
+    EXPECT_EQ(page.terminal().currentIndex(), 1);
+    EXPECT_EQ(page.typeface().currentIndex(), 0);
+    EXPECT_NE(page.updates().isChecked(), updates);
+    EXPECT_EQ(world.file(u".vantle/green-screen.json"_s), std::nullopt);
+}
+
 TEST_F(GeneralPage, RecordingModeChangesBetweenItsSavingAndItsPost)
 {
     ShownPage page(world);

@@ -6,7 +6,6 @@
 
 #include <QAccessibleWidget>
 #include <QPainter>
-#include <QTimer>
 
 namespace
 {
@@ -77,10 +76,8 @@ void Switch::nextCheckState()
 {
     const bool wish = !isChecked();
     Q_EMIT requested(wish);
-    QTimer::singleShot(0, this, [this, wish] {
-        if (isChecked() != wish)
-            fallBack();
-    });
+    if (isChecked() != wish)
+        fallBack();
 }
 
 bool Switch::hitButton(const QPoint &position) const

@@ -6,8 +6,8 @@
 #include <optional>
 
 /// An on/off switch that asks before it changes: a click keeps the present state and sends `requested`;
-/// whoever owns the state answers with `setChecked`, at the latest on the next turn of the event loop.
-/// Without an answer the knob falls back, and a screen reader hears the state that has stayed.
+/// whoever owns the state answers with `setChecked` before returning. Without an answer the knob falls back,
+/// and a screen reader hears the state that has stayed.
 class Switch : public QCheckBox
 {
     Q_OBJECT

@@ -94,7 +94,10 @@ void GeneralSection::addAgentGroup()
                           .accessory = terminal})}));
 
     terminal->setEntries(terminalEntries());
-    connect(launch, &Switch::requested, this, &GeneralSection::setLaunchAtLogin);
+    connect(launch, &Switch::requested, this, [this, launch](bool on) {
+        setLaunchAtLogin(on);
+        launch->setChecked(m_model.launchAtLogin);
+    });
     connect(typeface, &Picker::activated, this,
             [this](int index) { m_model.setTypeface(allTypefaceOptions[size_t(index)]); });
     connect(terminal, &Picker::activated, this,
@@ -125,7 +128,10 @@ void GeneralSection::addRecordingGroup()
                               u"Render the overlay on solid magenta so it can be keyed for transparent "
                               u"marketing footage."_s,
                           .accessory = recording})}));
-    connect(recording, &Switch::requested, this, &GeneralSection::setGreenScreen);
+    connect(recording, &Switch::requested, this, [this, recording](bool on) {
+        setGreenScreen(on);
+        recording->setChecked(m_model.greenScreen);
+    });
     renderPage(m_model, [=, this] { recording->setChecked(m_model.greenScreen); });
 }
 
@@ -139,7 +145,10 @@ void GeneralSection::addUpdatesGroup()
                                             .subtitle = u"Let the standalone updater check for signed Vantle "
                                                         u"releases in the background."_s,
                                             .accessory = updates})}));
-    connect(updates, &Switch::requested, this, &GeneralSection::setAutomaticUpdates);
+    connect(updates, &Switch::requested, this, [this, updates](bool on) {
+        setAutomaticUpdates(on);
+        updates->setChecked(m_model.automaticUpdates);
+    });
     renderPage(m_model, [=, this] { updates->setChecked(m_model.automaticUpdates); });
 }
 
