@@ -72,7 +72,8 @@ QSize ShortcutRecorder::sizeHint() const
 
 void ShortcutRecorder::hideEvent(QHideEvent *event)
 {
-    stopRecording();
+    if (!event->spontaneous()) // a window that is minimised still shows the page
+        stopRecording();
     QPushButton::hideEvent(event);
 }
 

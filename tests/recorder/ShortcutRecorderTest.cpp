@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
@@ -128,6 +129,16 @@ TEST(ShortcutRecorder, StopsWhenItGoesOutOfSight)
     QKeyEvent typed(QEvent::KeyPress, Qt::Key_J, Qt::NoModifier, KEY_J + 8, XKB_KEY_j, 0, u"j"_s);
     QCoreApplication::sendEvent(window.field, &typed);
     EXPECT_EQ(window.field->text(), u"j"_s);
+}
+
+TEST(ShortcutRecorder, GoesOnWhileItsWindowIsMinimised)
+{
+    RecorderWindow window;
+    window.recorder->click();
+    QHideEvent minimised;
+    QSpontaneKeyEvent::setSpontaneous(&minimised);
+    QCoreApplication::instance()->notify(window.recorder, &minimised);
+    EXPECT_TRUE(window.recorder->isRecording());
 }
 
 TEST(ShortcutRecorder, StopsTheOneThatWasRecording)
