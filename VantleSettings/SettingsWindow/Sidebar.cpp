@@ -121,6 +121,14 @@ void Sidebar::select(SettingsSection section)
     selectionModel()->select(entry, QItemSelectionModel::ClearAndSelect);
 }
 
+// With Control an entry could be deselected, but there is always a page.
+QItemSelectionModel::SelectionFlags Sidebar::selectionCommand(const QModelIndex &index,
+                                                              const QEvent *event) const
+{
+    const auto command = QListWidget::selectionCommand(index, event);
+    return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : command;
+}
+
 // The entry where the keyboard is: there is none while the keyboard is elsewhere, or a screen reader would
 // hear two controls that have the focus.
 void Sidebar::focusInEvent(QFocusEvent *event)

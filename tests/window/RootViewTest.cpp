@@ -78,6 +78,16 @@ TEST_F(RootView, ChoosingAnEntryChangesTheModelAndThePageAndNothingElse)
     EXPECT_TRUE(world.takeRecord().empty());
 }
 
+TEST_F(RootView, TheSelectedEntryCannotBeDeselected)
+{
+    const QPoint general = sidebar().visualItemRect(sidebar().item(0)).center();
+    QTest::mouseClick(sidebar().viewport(), Qt::LeftButton, Qt::ControlModifier, general);
+    EXPECT_EQ(sidebar().selectedItems(), QList{sidebar().item(0)});
+    sidebar().setFocus();
+    QTest::keyClick(&sidebar(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(sidebar().selectedItems(), QList{sidebar().item(0)});
+}
+
 TEST_F(RootView, TheArrowKeysMoveThroughTheEntries)
 {
     sidebar().setFocus();
