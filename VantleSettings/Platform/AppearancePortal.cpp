@@ -62,6 +62,7 @@ AppearancePortal::AppearancePortal(std::function<void(const Appearance &)> chang
     : m_changed(std::move(changed))
 {
     qDBusRegisterMetaType<PortalSettings>();
+    qRegisterMetaType<QDBusVariant>(); // or the slot's parameter is unknown, and it is never called
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
