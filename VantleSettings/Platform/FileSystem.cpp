@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <new>
@@ -82,6 +83,12 @@ private:
     qint64 m_size = 0;
 };
 
+/// What one call may move: some systems refuse more than 2 GiB.
+std::size_t atOnce(qsizetype count)
+{
+    return std::size_t(std::min(count, qsizetype{1} << 30));
+}
+
 /// Reads to the end, wherever that is by now: the file may grow or shrink meanwhile.
 std::optional<QByteArray> readToEnd(const RegularFile &file)
 {
@@ -90,9 +97,8 @@ std::optional<QByteArray> readToEnd(const RegularFile &file)
     QByteArray bytes(qsizetype(file.size()) + roomBehindTheEnd, Qt::Uninitialized);
     qsizetype length = 0;
     while (true) {
-        const auto count = uninterrupted([&] {
-            return ::read(file.descriptor(), bytes.data() + length, std::size_t(bytes.size() - length));
-        });
+        const auto count = uninterrupted(
+            [&] { return ::read(file.descriptor(), bytes.data() + length, atOnce(bytes.size() - length)); });
         if (count < 0 || length + count >= sizeLimit)
             return std::nullopt;
         if (count == 0)
@@ -110,8 +116,7 @@ bool writeAll(const RegularFile &file, const QByteArray &bytes)
     qsizetype written = 0;
     while (written < bytes.size()) {
         const auto count = uninterrupted([&] {
-            return ::write(file.descriptor(), bytes.constData() + written,
-                           std::size_t(bytes.size() - written));
+            return ::write(file.descriptor(), bytes.constData() + written, atOnce(bytes.size() - written));
         });
         if (count <= 0)
             return false;
