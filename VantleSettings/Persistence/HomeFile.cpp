@@ -31,11 +31,10 @@ std::optional<Json::Document> HomeFile::read(const QString &relativePath)
 
 bool HomeFile::write(const QString &relativePath, const Json::Node &node)
 {
-    const auto path = absolute(relativePath);
-    if (!path)
-        return false;
-    Persistence::ensureDir(*path);
-    return files().write(*path, Json::encode(node));
+    if (const auto path = absolute(relativePath))
+        Persistence::ensureDir(*path);
+    const auto path = absolute(relativePath); // the home may have become another one meanwhile
+    return path && files().write(*path, Json::encode(node));
 }
 
 void HomeFile::remove(const QString &relativePath)

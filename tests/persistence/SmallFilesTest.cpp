@@ -1,6 +1,8 @@
 #include "ChildProcess.h"
 #include "HomeFiles.h"
 #include "Persistence/Persistence.h"
+#include "Platform/FileSystem.h"
+#include "Platform/Seam.h"
 
 #include <QDir>
 #include <QFile>
@@ -208,6 +210,31 @@ TEST(SmallFiles, TheHomeIsAskedForAnewByEveryCall)
     EXPECT_TRUE(homeFile(typeface));
     qputenv("HOME", first.toUtf8());
     EXPECT_TRUE(Persistence::loadGreenScreen());
+}
+
+/// Where the user gets another home while a directory is made.
+struct MovingHome final : FileSystem {
+    QStringList written;
+    std::optional<QByteArray> read(const QString &) override { return std::nullopt; }
+    bool write(const QString &path, const QByteArray &) override
+    {
+        written << path;
+        return true;
+    }
+    void createDirectory(const QString &) override { qputenv("HOME", "/elsewhere"); }
+    void remove(const QString &) override {}
+    bool exists(const QString &) override { return false; }
+    bool isDirectory(const QString &) override { return false; }
+};
+
+TEST(SmallFiles, TheHomeIsAskedForAnewForTheFileAfterItsDirectory)
+{
+    const QByteArray home = qgetenv("HOME");
+    MovingHome files;
+    const Seam<FileSystem>::Replacement replacement(files);
+    Persistence::saveGreenScreen(true);
+    qputenv("HOME", home);
+    EXPECT_EQ(files.written, QStringList{u"/elsewhere/.vantle/green-screen.json"_s});
 }
 
 } // namespace
