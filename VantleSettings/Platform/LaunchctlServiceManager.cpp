@@ -2,6 +2,7 @@
 
 #include "Platform/FileSystem.h"
 #include "Platform/Home.h"
+#include "Platform/Path.h"
 #include "Platform/Seam.h"
 #include "Platform/ToolOutput.h"
 
@@ -23,7 +24,7 @@ std::optional<QString> jobFile()
     const auto home = homeDirectory();
     if (!home)
         return std::nullopt;
-    const QString path = *home + u"/Library/LaunchAgents/com.vantle.agent.plist"_s;
+    const QString path = Path::appending(*home, u"Library/LaunchAgents/com.vantle.agent.plist"_s);
     return Seam<FileSystem>::current().exists(path) ? std::optional(path) : std::nullopt;
 }
 

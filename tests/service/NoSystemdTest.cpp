@@ -1,5 +1,6 @@
 #include "ChildProcess.h"
 #include "HomeFiles.h"
+#include "Platform/LaunchctlServiceManager.h"
 #include "Platform/SystemdServiceManager.h"
 
 #include <QDBusConnection>
@@ -98,6 +99,11 @@ TEST_F(NoSystemd, ASystemdThatNeverAnswersIsGivenUp)
     EXPECT_TRUE(saysNotLoaded(bus.address));
     ::kill(silent, SIGKILL);
     ::waitpid(silent, &status, 0);
+}
+
+TEST_F(NoSystemd, WithoutLaunchdsToolNothingIsLoadedThereEither)
+{
+    EXPECT_FALSE(!LaunchctlServiceManager::isAvailable() && LaunchctlServiceManager().isLoaded());
 }
 
 TEST_F(NoSystemd, WithoutAUnitFileNothingIsLoadedOrUnloaded)
