@@ -2,8 +2,11 @@
 
 #include "FakeAgent.h"
 #include "HeapInUse.h"
+#include "Platform/LoopbackTransfer.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QTimerEvent>
 
 #include <gmock/gmock.h>
 
@@ -132,6 +135,22 @@ TEST_F(LoopbackPostTest, GivesASilentAgentUpAndGoesOn)
     const FakeAgent agent(Behaviour::isSilent);
     post(agent, 7);
     EXPECT_TRUE(agent.waitForConnections(7)) << "six are under way at a time";
+}
+
+TEST(LoopbackTransfer, WaitsASecondAndAHalfForAnAnswer)
+{
+    const FakeAgent agent(Behaviour::isSilent);
+    LoopbackTransfer transfer;
+    ASSERT_TRUE(transfer.start(agent.port(), "POST / HTTP/1.1\r\n\r\n"));
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(&transfer);
+    ASSERT_EQ(timers.size(), 1);
+    QTimerEvent tick(timers.first().timerId);
+    int waited = 0; // ms
+    while (!transfer.isFree() && waited < 60000) {
+        QCoreApplication::sendEvent(&transfer, &tick);
+        waited += timers.first().interval;
+    }
+    EXPECT_EQ(waited, 1500);
 }
 
 TEST_F(LoopbackPostTest, AnAbsentAgentIsNothingToWaitFor)
