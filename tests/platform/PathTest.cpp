@@ -172,6 +172,15 @@ struct Disk : FileSystem {
     bool isDirectory(const QString &) override { return false; }
 };
 
+TEST(Path, StandardizingDropsPrivateWhereTheSystemHasLinksIntoIt)
+{
+    Disk disk;
+    disk.paths = {u"/tmp/x"_s};
+    const Seam<FileSystem>::Replacement replacement(disk);
+    EXPECT_EQ(Path::standardizing(u"/private/./tmp/x/"_s),
+              VANTLE_HAS_LINKS_INTO_PRIVATE ? u"/tmp/x" : u"/private/tmp/x");
+}
+
 TEST(Path, PrivateIsDroppedWhereTheRestExistsAndIsALinkIntoIt)
 {
     Disk disk;
