@@ -8,6 +8,9 @@ class QWidget;
 /// content running under a transparent title bar without a title where the system's windows are built so.
 void prepareWindow(QWidget &window);
 
+/// Lets a widget lay its content out under the title bar, which the toolkit would keep clear by margins.
+void extendUnderTitleBar(QWidget &widget);
+
 /// The height of the strip at the window's top that belongs to the system's window buttons, in points; 0
 /// where they stand on a frame of their own.
 int titleBarHeight(const QWidget &window);

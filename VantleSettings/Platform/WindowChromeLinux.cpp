@@ -72,6 +72,10 @@ void prepareWindow(QWidget &window)
     afterFirstFrame(window, [&window] { showIcon(window); });
 }
 
+void extendUnderTitleBar(QWidget &)
+{
+}
+
 int titleBarHeight(const QWidget &)
 {
     return 0;

@@ -1,5 +1,6 @@
 #include "Platform/WindowFrame.h"
 
+#include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
 
@@ -7,6 +8,8 @@
 
 void restoreWindowFrame(QWidget &window, const QString &name)
 {
+    if (QGuiApplication::platformName() != QStringLiteral("cocoa"))
+        return; // the windows aren't the system's, as in tests that draw without a screen
     NSView *view = (__bridge NSView *)reinterpret_cast<void *>(window.winId());
     [view.window center];
     [view.window setFrameAutosaveName:name.toNSString()];

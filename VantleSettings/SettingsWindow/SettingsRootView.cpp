@@ -56,14 +56,6 @@ protected:
     }
 };
 
-/// The toolkit would keep contents clear of the window buttons by margins of its own; ours are by hand.
-void keepOwnMargins(QWidget &tree)
-{
-    tree.setAttribute(Qt::WA_ContentsMarginsRespectsSafeArea, false);
-    for (QWidget *widget : tree.findChildren<QWidget *>())
-        widget->setAttribute(Qt::WA_ContentsMarginsRespectsSafeArea, false);
-}
-
 } // namespace
 
 SettingsRootView::SettingsRootView(SettingsModel &model, int titleBarHeight, QWidget *parent)
@@ -79,7 +71,6 @@ SettingsRootView::SettingsRootView(SettingsModel &model, int titleBarHeight, QWi
     colors.setColor(QPalette::Window, Tokens::windowBackground);
     setPalette(colors);
     setAutoFillBackground(true);
-    keepOwnMargins(*this);
 
     connect(m_sidebar, &Sidebar::selectionMoved, this, [this](SettingsSection section) {
         if (section != m_model.section)
@@ -100,12 +91,8 @@ SectionPane *SettingsRootView::page(SettingsSection section)
     if (!pane) {
         SectionContent *content = makeContent(section, m_model);
         pane = new SectionPane(section, content);
-        keepOwnMargins(*pane);
         m_detail->addWidget(pane);
-        afterFirstFrame(*content, [content] {
-            content->addLowerGroups();
-            keepOwnMargins(*content);
-        });
+        afterFirstFrame(*content, [content] { content->addLowerGroups(); });
     }
     return pane;
 }

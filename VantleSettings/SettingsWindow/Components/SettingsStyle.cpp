@@ -2,6 +2,7 @@
 
 #include "Platform/BaseStyle.h"
 #include "Platform/Palette.h"
+#include "Platform/WindowChrome.h"
 #include "SettingsWindow/Components/FocusRing.h"
 #include "SettingsWindow/Components/ScrollBarFade.h"
 #include "SettingsWindow/Components/StyleDrawing.h"
@@ -61,6 +62,7 @@ SettingsStyle::SettingsStyle() : QProxyStyle(makeBaseStyle()), m_native(systemDr
 void SettingsStyle::polish(QWidget *widget)
 {
     QProxyStyle::polish(widget);
+    extendUnderTitleBar(*widget);
     if (m_native)
         return;
     if (auto *bar = qobject_cast<QScrollBar *>(widget)) {
