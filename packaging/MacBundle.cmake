@@ -51,12 +51,11 @@ install(TARGETS vantle-settings BUNDLE DESTINATION .)
 
 # An installed bundle carries the toolkit, and because that changes it, an ad-hoc signature of its own.
 if(CMAKE_HOST_APPLE)
-    if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
-        qt_generate_deploy_app_script(TARGET vantle-settings OUTPUT_SCRIPT deploy NO_UNSUPPORTED_PLATFORM_ERROR)
-    else()
-        qt_generate_deploy_app_script(TARGET vantle-settings FILENAME_VARIABLE deploy
-            NO_UNSUPPORTED_PLATFORM_ERROR)
-    endif()
+    # The script that the toolkit would write takes the blank in the name for the end of it.
+    set(deploy ${CMAKE_CURRENT_BINARY_DIR}/deploy.cmake)
+    file(GENERATE OUTPUT ${deploy} CONTENT "include(\"${QT_DEPLOY_SUPPORT}\")
+qt6_deploy_runtime_dependencies(EXECUTABLE \"Vantle Settings.app\")
+")
     install(SCRIPT ${deploy})
     install(CODE [[
         set(bundle "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/Vantle Settings.app")

@@ -1,4 +1,5 @@
 #include "FontRegistration/FontRegistration.h"
+#include "HeapInUse.h"
 #include "Platform/FontRegistry.h"
 #include "Platform/LoopbackPost.h"
 #include "Platform/Seam.h"
@@ -18,7 +19,6 @@
 #include <QTest>
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -89,9 +89,9 @@ double memoryOf(SettingsSection section, int count)
 {
     const auto model = modelOf(count);
     openPage<Section>(section, *model); // caches that every page fills
-    const double before = double(mallinfo2().uordblks + mallinfo2().hblkhd);
+    const auto before = double(heapInUse());
     const auto pane = openPage<Section>(section, *model);
-    return double(mallinfo2().uordblks + mallinfo2().hblkhd) - before;
+    return double(heapInUse()) - before;
 }
 
 /// The processor time of this program so far, in seconds: other work on the machine does not count.

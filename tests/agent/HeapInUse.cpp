@@ -21,7 +21,8 @@ std::size_t heapInUse()
 #if HAS_SANITIZER
     return __sanitizer_get_current_allocated_bytes();
 #elif __has_include(<malloc.h>)
-    return mallinfo2().uordblks;
+    const auto heap = mallinfo2();
+    return heap.uordblks + heap.hblkhd; // the large blocks are counted apart
 #else
     return mstats().bytes_used;
 #endif

@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -130,17 +129,6 @@ TEST_F(MainMenu, MinimizeMinimisesTheWindow)
 {
     item(u"Minimize"_s).trigger();
     EXPECT_TRUE(window.isMinimized());
-}
-
-TEST_F(MainMenu, AboutShowsOnePanelHoweverOftenItIsChosen)
-{
-    item(u"About Vantle Settings"_s).trigger();
-    item(u"About Vantle Settings"_s).trigger();
-    const auto panels = window.findChildren<QMessageBox *>();
-    ASSERT_EQ(panels.size(), 1);
-    EXPECT_TRUE(panels.first()->isVisible());
-    EXPECT_EQ(panels.first()->text(), u"Vantle Settings"_s);
-    EXPECT_EQ(panels.first()->informativeText(), u"Version dev"_s);
 }
 
 TEST_F(MainMenu, NothingCanBeEditedWhileNoEditorHasTheFocus)

@@ -34,7 +34,7 @@ class MacConfigure(unittest.TestCase):
     def setUpClass(cls):
         cls.build = cls.enterClassContext(temporary_folder())
         cls.said = run("cmake", "-S", SOURCE, "-B", cls.build, "-G", "Ninja", "-DVANTLE_TESTS=OFF",
-                       "-DCMAKE_BUILD_TYPE=Release",
+                       "-DVANTLE_PRECOMPILED_HEADERS=ON", "-DCMAKE_BUILD_TYPE=Release",
                        f"-DCMAKE_TOOLCHAIN_FILE={SOURCE}/tests/packaging/darwin/toolchain.cmake")
         cls.on_mac = compiled_sources(cls.build)
         cls.here = compiled_sources(BUILD)
