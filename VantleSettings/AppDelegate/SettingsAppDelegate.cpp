@@ -19,7 +19,7 @@ void SettingsAppDelegate::applicationDidFinishLaunching()
     becomeRegularApplication();
     m_model = std::make_unique<SettingsModel>();
     m_controller = std::make_unique<SettingsWindowController>(SettingsSection::general, *m_model);
-    buildMainMenu(m_controller->window());
+    buildMainMenu(m_controller->window()); // in the window, on desktops that have no bar of their own
     m_controller->onWindowClose = [delegate = QPointer(this)] {
         if (!delegate)
             return;
