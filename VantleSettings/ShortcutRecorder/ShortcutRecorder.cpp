@@ -4,6 +4,7 @@
 #include "SettingsWindow/Components/Painting.h"
 #include "SettingsWindow/Components/Tokens.h"
 
+#include <QHideEvent>
 #include <QPainter>
 
 #include <algorithm>
