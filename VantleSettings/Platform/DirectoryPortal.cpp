@@ -4,6 +4,7 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QDialog>
 #include <QFile>
@@ -87,6 +88,10 @@ void DirectoryPortal::openDialog()
     if (m_question.start)
         options.insert(u"current_folder"_s, QFile::encodeName(*m_question.start) + '\0');
     listenTo(requestPath(m_bus, token));
+    // A portal that ends takes its dialog along, and the answer would never come.
+    auto *ending = new QDBusServiceWatcher(service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(ending, &QDBusServiceWatcher::serviceUnregistered, this,
+            [this] { finish({Outcome::unavailable}); });
 
     auto call = QDBusMessage::createMethodCall(service, object, fileChooser, u"OpenFile"_s);
     call << m_parentWindow << m_question.title << options;

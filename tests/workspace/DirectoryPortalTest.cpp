@@ -166,6 +166,16 @@ TEST(DirectoryPortal, TheProgramsWindowsTakeNoInputMeanwhile)
     EXPECT_EQ(choose(), std::nullopt);
 }
 
+TEST(DirectoryPortal, OneThatEndsLeavesTheQuestionToTheProgramsOwnDialog)
+{
+    auto portal = std::make_unique<Portal>(std::nullopt);
+    whenModal([&](QWidget *) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !portal->title.isEmpty(); }));
+        portal.reset();
+    });
+    expectOwnDialog();
+}
+
 TEST(DirectoryPortal, TheWindowMayGoWhileTheQuestionIsOpen)
 {
     const Portal portal(std::nullopt);
