@@ -2,6 +2,7 @@
 
 #include "Platform/ConfirmationDialog.h"
 #include "Platform/DirectoryPortal.h"
+#include "Platform/Home.h"
 
 #include <QApplication>
 #include <QDir>
@@ -41,13 +42,14 @@ std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
         new QFileDialog(QApplication::activeWindow(), question.title, question.start.value_or(QString()));
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setSupportedSchemes({QStringLiteral("file")}); // a desktop's dialog may offer the network, too
     dialog->setLabelText(QFileDialog::Accept, question.prompt);
     dialog->setAccessibleDescription(question.message);
-    std::optional<QString> folder;
+    QString folder;
     if (accepted(dialog.data()))
-        folder = dialog->selectedFiles().constFirst();
+        folder = dialog->selectedFiles().value(0);
     delete dialog;
-    return folder;
+    return folder.startsWith(u'/') ? std::optional(folder) : std::nullopt;
 }
 
 class ModalDialogs : public Dialogs
@@ -56,7 +58,7 @@ public:
     std::optional<QString> chooseDirectory(const DirectoryQuestion &question) override
     {
         DirectoryQuestion asked = question;
-        asked.start = nearestExisting(question.start.value_or(QDir::homePath()));
+        asked.start = nearestExisting(question.start.value_or(homeDirectory().value_or(QDir::rootPath())));
         const auto answer =
             DirectoryPortal(QDBusConnection::sessionBus()).ask(asked, QApplication::activeWindow());
         if (answer.outcome == DirectoryPortal::Outcome::unavailable)

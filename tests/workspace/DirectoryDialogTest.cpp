@@ -43,6 +43,7 @@ TEST_F(DirectoryDialogTest, ShowsTitlePromptAndStartingFolder)
         EXPECT_EQ(dialog->labelText(QFileDialog::Accept), u"Choose");
         EXPECT_EQ(dialog->directory().path(), plans);
         EXPECT_EQ(dialog->fileMode(), QFileDialog::Directory);
+        EXPECT_EQ(dialog->supportedSchemes(), QStringList{u"file"_s});
         dialog->reject();
     });
 }
