@@ -44,6 +44,10 @@ void onQuitSignal(std::function<void()> quit)
     struct sigaction action = {};
     action.sa_handler = wakeEventLoop;
     action.sa_flags = SA_RESTART;
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-        sigaction(signal, &action, nullptr);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction before = {};
+        sigaction(signal, nullptr, &before);
+        if (signal == SIGTERM || before.sa_handler != SIG_IGN) // nohup and shells have them ignored
+            sigaction(signal, &action, nullptr);
+    }
 }

@@ -10,8 +10,19 @@
 namespace
 {
 
+TEST(QuitSignals, WhatWasIgnoredAtTheStartStaysIgnored)
+{
+    for (const int signal : {SIGINT, SIGHUP})
+        std::signal(signal, SIG_IGN);
+    onQuitSignal([] {});
+    for (const int signal : {SIGINT, SIGHUP})
+        EXPECT_EQ(std::signal(signal, SIG_DFL), SIG_IGN);
+}
+
 TEST(QuitSignals, EachRequestToEndIsPassedOnByTheEventLoop)
 {
+    for (const int signal : {SIGINT, SIGHUP})
+        std::signal(signal, SIG_DFL); // a test run behind others has them ignored
     int asked = 0;
     onQuitSignal([&] { ++asked; });
     int expected = 0;

@@ -10,6 +10,8 @@ _libc = ctypes.CDLL(None)
 
 def _die_with_parent():
     _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL)
+    for number in (signal.SIGINT, signal.SIGHUP):
+        signal.signal(number, signal.SIG_DFL)  # which a test run behind others has ignored
 
 
 def start(arguments, **options):
