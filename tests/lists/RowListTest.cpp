@@ -284,6 +284,22 @@ TEST_F(RowListTest, TheRowWithTheKeyboardStaysWhenItIsScrolledOut)
     EXPECT_TRUE(inView(row(2)));
 }
 
+TEST_F(RowListTest, TheRowThatGetsTheKeyboardBackStaysWhenItIsScrolledOutMeanwhile)
+{
+    fill(1000);
+    show();
+    row(1)->button->setFocus();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    scrollTo(20000);
+    area.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&area));
+    ASSERT_NE(row(1), nullptr);
+    EXPECT_TRUE(row(1)->button->hasFocus());
+}
+
 TEST_F(RowListTest, ARowThatGoesOutOfViewIsToldAndOneWhoseIdIsGoneIsNot)
 {
     fill(1000);

@@ -212,11 +212,11 @@ void RowList::dropOutside(Range range)
 {
     if (count() <= alwaysExist)
         return;
-    const QWidget *focus = focusWidget();
+    // The window's, which it has when another window has the keyboard, too.
+    const QWidget *focus = window()->focusWidget();
     std::erase_if(m_rows, [&](const auto &entry) {
         const auto &[index, row] = entry;
-        const bool hasFocus = holds(row.widget, focus) && focus->hasFocus();
-        if ((index >= range.first && index < range.end) || hasFocus)
+        if ((index >= range.first && index < range.end) || holds(row.widget, focus))
             return false;
         if (m_make.leave)
             m_make.leave(row.widget);
