@@ -5,6 +5,7 @@
 #include "SettingsWindow/Components/SidebarIcon.h"
 #include "SettingsWindow/Components/Tokens.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -127,6 +128,15 @@ QItemSelectionModel::SelectionFlags Sidebar::selectionCommand(const QModelIndex 
 {
     const auto command = QListWidget::selectionCommand(index, event);
     return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : command;
+}
+
+// A list would copy the title of its entry.
+void Sidebar::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Copy))
+        event->ignore();
+    else
+        QListWidget::keyPressEvent(event);
 }
 
 // The entry where the keyboard is: there is none while the keyboard is elsewhere, or a screen reader would

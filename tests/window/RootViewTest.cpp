@@ -9,6 +9,8 @@
 #include "SettingsWindow/SettingsRootView.h"
 #include "SettingsWindow/Sidebar.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -86,6 +88,14 @@ TEST_F(RootView, TheSelectedEntryCannotBeDeselected)
     sidebar().setFocus();
     QTest::keyClick(&sidebar(), Qt::Key_Space, Qt::ControlModifier);
     EXPECT_EQ(sidebar().selectedItems(), QList{sidebar().item(0)});
+}
+
+TEST_F(RootView, TheSidebarCopiesNothing)
+{
+    QGuiApplication::clipboard()->setText(u"mine"_s);
+    sidebar().setFocus();
+    QTest::keyClick(&sidebar(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"mine");
 }
 
 TEST_F(RootView, TheArrowKeysMoveThroughTheEntries)
