@@ -66,10 +66,10 @@ void saveWindowFrame(const QWidget &window, const QString &name)
     if (!directory)
         return;
     SavedFrame frame{.size = window.size(), .origin = window.geometry().topLeft()};
-    if (window.isMaximized())
+    if (window.isMaximized() || window.isFullScreen())
         frame = {.size = window.normalGeometry().size(),
                  .origin = window.normalGeometry().topLeft(),
-                 .maximized = true};
+                 .maximized = window.isMaximized()};
     if (!windowsHaveOrigins())
         frame.origin.reset();
     FileSystem &files = Seam<FileSystem>::current();

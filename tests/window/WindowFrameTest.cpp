@@ -86,6 +86,17 @@ TEST(WindowFrame, ABrokenFileIsAsGoodAsNone)
     EXPECT_EQ(window.size(), QSize(860, 640));
 }
 
+TEST(WindowFrame, AWindowOverTheWholeScreenComesBackAsItWasBefore)
+{
+    FramedWindow window;
+    window.setGeometry(60, 40, 790, 560);
+    window.show();
+    window.showFullScreen();
+    ASSERT_NE(window.size(), QSize(790, 560));
+    saveWindowFrame(window, name);
+    EXPECT_EQ(homeFile(file), "VantleSettingsWindow=790x560+60+40\n");
+}
+
 TEST(WindowFrame, AMaximisedWindowComesBackMaximisedAndRemembersItsSize)
 {
     putHomeFile(file, "VantleSettingsWindow=790x550+5+6 maximized\n");
