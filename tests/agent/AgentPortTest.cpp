@@ -80,6 +80,10 @@ TEST_F(AgentPort, WithNothingListeningEveryPostIsForgotten)
 {
     AgentBridge::fireAndForget(u"/settings/clear-sessions"_s);
     AgentBridge::finish();
+    const FakeAgent agent(FakeAgent::Behaviour::answers, controlPort);
+    AgentBridge::fireAndForget(u"/settings/reload-planning"_s);
+    AgentBridge::finish();
+    EXPECT_THAT(agent.requests(), ElementsAre(StartsWith("POST /settings/reload-planning ")));
 }
 
 TEST_F(AgentPort, ItsListenerShowsTheAnnouncedFile)

@@ -14,6 +14,7 @@
 namespace
 {
 
+constexpr std::string_view endOfRequest = "\r\n\r\n{}";
 constexpr std::string_view answer = "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}";
 
 /// Never raises SIGPIPE, by the flag or, on systems without it, by the socket's option.
@@ -126,7 +127,7 @@ std::string FakeAgent::readRequest(int connection) const
 {
     std::string request;
     std::array<char, 4096> buffer{};
-    while (!request.ends_with("\r\n\r\n{}") && waitUntilReadable(connection)) {
+    while (!request.ends_with(endOfRequest) && waitUntilReadable(connection)) {
         const auto count = ::recv(connection, buffer.data(), buffer.size(), 0);
         if (count <= 0)
             break;
@@ -140,7 +141,8 @@ void FakeAgent::serve(int connection)
     if (m_behaviour != Behaviour::closesUnread) {
         std::string request = readRequest(connection);
         const std::scoped_lock lock(m_mutex);
-        m_requests.push_back(std::move(request));
+        if (request.ends_with(endOfRequest))
+            m_requests.push_back(std::move(request));
     }
     switch (m_behaviour) {
     case Behaviour::answersSlowly:

@@ -44,7 +44,9 @@ public:
     template <class Work>
     explicit Storm(Work work) : m_process(::fork())
     {
-        if (m_process != 0)
+        if (m_process < 0)
+            qFatal("no process can be started");
+        if (m_process > 0)
             return;
         for (int n = 1;; ++n)
             work(n);
@@ -58,7 +60,7 @@ public:
 
     Q_DISABLE_COPY_MOVE(Storm)
 
-    bool isBlowing() const { return m_process > 0 && ::waitpid(m_process, nullptr, WNOHANG) == 0; }
+    bool isBlowing() const { return ::waitpid(m_process, nullptr, WNOHANG) == 0; }
 
 private:
     pid_t m_process;

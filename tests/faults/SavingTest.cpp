@@ -47,6 +47,7 @@ TEST(Saving, KilledAtAnyMomentLeavesTheOldBytesOrABeginningOfTheNew)
     for (int round = 0; round < rounds(50, 1000); ++round) {
         putHomeFile(patternsFile, oldBytes);
         const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
         if (child == 0)
             ::_exit(Persistence::saveBrowserPatterns(newPatterns) ? 0 : 1);
         const auto moment = qint64(random() % std::uint64_t(2 * saving));

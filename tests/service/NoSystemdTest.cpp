@@ -34,7 +34,8 @@ struct EmptyBus {
     EmptyBus()
     {
         daemon.setStandardErrorFile(QProcess::nullDevice());
-        daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        daemon.start(u"dbus-daemon"_s,
+                     {u"--config-file=" VANTLE_BUS_CONFIGURATION ""_s, u"--nofork"_s, u"--print-address"_s});
         while (!address.endsWith('\n') && daemon.waitForReadyRead())
             address += daemon.readAllStandardOutput();
         address = address.trimmed();
@@ -87,6 +88,7 @@ TEST_F(NoSystemd, ASystemdThatNeverAnswersIsGivenUp)
 {
     const EmptyBus bus;
     const pid_t silent = ::fork();
+    ASSERT_GE(silent, 0);
     if (silent == 0) {
         auto connection = QDBusConnection::connectToBus(QString::fromUtf8(bus.address), u"silent"_s);
         if (connection.registerService(u"org.freedesktop.systemd1"_s))

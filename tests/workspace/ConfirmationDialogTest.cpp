@@ -33,7 +33,7 @@ QPushButton *button(const QWidget *dialog, const QString &text)
 
 bool answered(std::function<void(QWidget *)> answer)
 {
-    whenModal(std::move(answer));
+    const auto asking = whenModal(std::move(answer));
     return Dialogs::system().confirm(question);
 }
 
@@ -110,7 +110,7 @@ TEST(ConfirmationDialog, IsHeardAsADialogWithMessageInformationAndButtons)
 
 TEST(ConfirmationDialog, TextsAreNeverMarkup)
 {
-    whenModal([](QWidget *dialog) {
+    const auto asking = whenModal([](QWidget *dialog) {
         QStringList texts;
         for (const QLabel *label : dialog->findChildren<QLabel *>()) {
             if (!label->text().isEmpty() && label->textFormat() == Qt::PlainText)

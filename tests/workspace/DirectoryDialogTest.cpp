@@ -24,7 +24,7 @@ protected:
     std::optional<QString> choose(const std::optional<QString> &start,
                                   std::function<void(QFileDialog *)> answer)
     {
-        whenModal(
+        const auto asking = whenModal(
             [answer = std::move(answer)](QWidget *dialog) { answer(static_cast<QFileDialog *>(dialog)); },
             [](const QWidget *dialog) { return qobject_cast<const QFileDialog *>(dialog) != nullptr; });
         return Dialogs::system().chooseDirectory({.title = u"Planning Project Folder"_s,

@@ -93,7 +93,7 @@ std::optional<QString> choose(const std::optional<QString> &start = {})
 void expectOwnDialog()
 {
     bool shown = false;
-    whenModal(
+    const auto asking = whenModal(
         [&](QWidget *dialog) {
             shown = true;
             dialog->close();
@@ -158,7 +158,7 @@ TEST(DirectoryPortal, TheProgramsWindowsTakeNoInputMeanwhile)
     const Portal portal(std::nullopt);
     QWidget window;
     window.show();
-    whenModal([&](QWidget *waiting) {
+    const auto asking = whenModal([&](QWidget *waiting) {
         EXPECT_TRUE(waiting->testAttribute(Qt::WA_DontShowOnScreen));
         EXPECT_TRUE(QTest::qWaitFor([&] { return !portal.title.isEmpty(); }));
         waiting->close();
@@ -169,7 +169,7 @@ TEST(DirectoryPortal, TheProgramsWindowsTakeNoInputMeanwhile)
 TEST(DirectoryPortal, OneThatEndsLeavesTheQuestionToTheProgramsOwnDialog)
 {
     auto portal = std::make_unique<Portal>(std::nullopt);
-    whenModal([&](QWidget *) {
+    const auto asking = whenModal([&](QWidget *) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !portal->title.isEmpty(); }));
         portal.reset();
     });
@@ -183,7 +183,7 @@ TEST(DirectoryPortal, TheWindowMayGoWhileTheQuestionIsOpen)
     window->show();
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    whenModal([&](QWidget *) { window.reset(); });
+    const auto asking = whenModal([&](QWidget *) { window.reset(); });
     EXPECT_EQ(choose(), std::nullopt);
 }
 

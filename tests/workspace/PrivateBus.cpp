@@ -19,7 +19,8 @@ class BusEnvironment : public testing::Environment
     void SetUp() override
     {
         daemon = std::make_unique<QProcess>();
-        daemon->start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        daemon->start(u"dbus-daemon"_s,
+                      {u"--config-file=" VANTLE_BUS_CONFIGURATION ""_s, u"--nofork"_s, u"--print-address"_s});
         ASSERT_TRUE(daemon->waitForReadyRead()) << qPrintable(daemon->errorString());
         qputenv("DBUS_SESSION_BUS_ADDRESS", daemon->readLine().trimmed());
         ASSERT_TRUE(PrivateBus::services().isConnected());

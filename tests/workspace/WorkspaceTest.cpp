@@ -116,7 +116,9 @@ TEST_F(WorkspaceTest, NothingIsDoneForAnEmptyPath)
 {
     Workspace::system().open({});
     Workspace::system().reveal({});
-    EXPECT_TRUE(opened.isEmpty());
+    Workspace::system().reveal(u"/plan/app"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !opened.isEmpty(); }));
+    EXPECT_EQ(opened, QStringList{u"/plan"_s}) << "of the last one";
 }
 
 } // namespace
