@@ -87,13 +87,13 @@ class Resizing(DesktopCase):
 
     def test_minimised_it_comes_back_with_its_page(self):
         program = self.start()
+        program.show("Planning")
         program.press("ctrl+m")
         self.expect(lambda: program.window.minimised and not program.root.find("frame", showing=False).has("active"),
                     "it is not minimised")
         program.window.activate()
         self.expect(lambda: not program.window.minimised, "it does not come back")
-        program.ready().click("check box", "Marketing Recording Mode")
-        self.expect_requests("/settings/reload-green-screen")
+        program.ready().find("panel", "Planning")
 
 
 class Ending(DesktopCase):
@@ -128,10 +128,13 @@ class Ending(DesktopCase):
     def test_by_interruption_with_the_frame_saved(self):
         self.end_by(signal.SIGINT)
 
+    def test_by_the_end_of_its_terminal_with_the_frame_saved(self):
+        self.end_by(signal.SIGHUP)
+
     def end_by(self, number):
         program = self.start()
         program.window.place(50, 70, 800, 600)
         self.expect(lambda: program.window.box == (50, 70, 800, 600))
         program.signal(number)
         self.expect_end(program)
-        self.assertTrue((self.home / FRAME_FILE).is_file())
+        self.expect_file(FRAME_FILE, "VantleSettingsWindow=800x600+50+70\n")

@@ -8,7 +8,7 @@ from gi.repository import Gio, GLib
 
 class BusService:
     """Answers under a bus name at one path, from a thread of its own. `called(method, arguments)` is told of each
-    call, `property(name)` answers for the properties."""
+    call and may return an answer, `property(name)` answers for the properties."""
 
     def __init__(self, name, path, interface, called=None, property=None):
         self._name, self._path = name, path
@@ -19,12 +19,17 @@ class BusService:
         if not ready.wait(20):
             raise RuntimeError(f"{name} cannot be provided")
 
+    def tell(self, signal, arguments):
+        """Sends a signal to all who listen."""
+        self._connection.emit_signal(None, self._path, self._interface.name, signal, arguments)
+
     def _serve(self, ready):
         context = GLib.MainContext.new()
         context.push_thread_default()
         connection = Gio.DBusConnection.new_for_address_sync(
             os.environ["DBUS_SESSION_BUS_ADDRESS"],
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
+        self._connection = connection
         connection.register_object(self._path, self._interface, self._call, self._get, None)
         connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
                              GLib.Variant("(su)", (self._name, 4)), None, Gio.DBusCallFlags.NONE, -1)
@@ -32,8 +37,8 @@ class BusService:
         GLib.MainLoop.new(context, False).run()
 
     def _call(self, _connection, _sender, _path, _interface, method, arguments, invocation):
-        self._called(method, arguments.unpack())
-        invocation.return_value(None)
+        answer = self._called(method, arguments.unpack())
+        invocation.return_value(answer if isinstance(answer, GLib.Variant) else None)
 
     def _get(self, _connection, _sender, _path, _interface, name):
         return self._property(name)

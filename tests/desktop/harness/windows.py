@@ -31,6 +31,12 @@ class Windows:
         child = self._root.translate_coords(self._root, round(x), round(y)).child
         return bool(child) and process in self._property(child, "_NET_WM_PID")
 
+    def pixel(self, x, y):
+        """The colour on the screen there: red, green and blue from 0 to 255."""
+        image = self._root.get_image(int(x), int(y), 1, 1, X.ZPixmap, 0xffffffff)
+        blue, green, red = image.data[:3]
+        return red, green, blue
+
     def close(self):
         self._display.close()
 
