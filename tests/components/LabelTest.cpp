@@ -3,6 +3,8 @@
 #include "LookTest.h"
 
 #include <QFontMetricsF>
+#include <QHelpEvent>
+#include <QToolTip>
 
 #include <gmock/gmock.h>
 
@@ -65,6 +67,25 @@ TEST_F(LabelTest, TheWholeTextIsHeardWhateverIsShown)
     ElidedLabel label(longPath, TextStyle::size11);
     show(label, {100, 20});
     EXPECT_EQ(outline(label), QStringList{u"StaticText "_s + longPath});
+}
+
+TEST_F(LabelTest, ATextThatIsLeftOutIsShownWholeWhenPointedAt)
+{
+    const auto pointAt = [](QWidget &widget) {
+        const QPoint place = widget.rect().center();
+        QHelpEvent pointed(QEvent::ToolTip, place, widget.mapToGlobal(place));
+        QCoreApplication::sendEvent(&widget, &pointed);
+        return pointed.isAccepted();
+    };
+    ElidedLabel whole(u"/home/demo"_s, TextStyle::size11);
+    show(whole, {200, 20});
+    EXPECT_FALSE(pointAt(whole));
+    EXPECT_TRUE(QToolTip::text().isEmpty());
+    ElidedLabel elided(longPath, TextStyle::size11);
+    show(elided, {200, 20});
+    EXPECT_TRUE(pointAt(elided));
+    EXPECT_TRUE(QToolTip::text().contains(longPath)) << QToolTip::text().toStdString();
+    QToolTip::hideText();
 }
 
 TEST_F(LabelTest, MarkupAndAmpersandsAreText)

@@ -1,6 +1,7 @@
 """How the program starts, is resized, comes back where it was, and ends."""
 
 import itertools
+import pathlib
 import signal
 
 from harness.case import DesktopCase
@@ -22,6 +23,12 @@ class Starting(DesktopCase):
         window = self.start().window
         sizes = [16, 24, 32, 48, 64, 128]
         self.expect(lambda: sorted(window.icons) == [(size, size) for size in sizes], lambda: f"{window.icons}")
+
+    def test_it_says_which_entry_it_is_of_and_asks_for_a_dark_frame(self):
+        window = self.start().window
+        entry = pathlib.Path(__file__).parents[2] / "packaging/linux/com.vantle.settings.desktop"
+        self.assertIn(f"StartupWMClass={window.program}", entry.read_text().splitlines())
+        self.assertEqual(window.variant, "dark")
 
     def test_nothing_is_taken_from_the_command_line(self):
         program = self.start(arguments=["--style", "fusion", "-geometry", "400x300+0+0", "--platform", "offscreen",

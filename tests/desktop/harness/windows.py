@@ -73,6 +73,16 @@ class Window:
         return hints.min_width, hints.min_height
 
     @property
+    def program(self):
+        """The program that the window says it is of, as desktop entries name it."""
+        return self._window.get_wm_class()[1]
+
+    @property
+    def variant(self):
+        """Which variant of its theme the frame is asked to be drawn in."""
+        return bytes(_property(self._display, self._window, "_GTK_THEME_VARIANT")).decode()
+
+    @property
     def icons(self):
         """The extents of the pictures that stand for the window in task lists, in pixels."""
         words, extents = list(_property(self._display, self._window, "_NET_WM_ICON")), []
