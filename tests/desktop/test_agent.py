@@ -72,5 +72,6 @@ class Agents(DesktopCase):
         place = program.middle(program.click("check box", SWITCH))
         for _ in range(29):
             self.desktop.hands.click(*place)
+        self.expect(lambda: self.agent.requests, "the agent is told nothing")
         program.press("ctrl+w")
         self.assertEqual(program.ended(seconds=6), 0)

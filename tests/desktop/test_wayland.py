@@ -46,6 +46,8 @@ class Wayland(DesktopCase):
             program.find("panel", page)
         program.find_in_menu("Window", "Close").act()
         self.expect_end(program)
+        # A client of this system is not told where its window is.
+        self.expect_file(".local/state/vantle-settings/window", "VantleSettingsWindow=860x640\n")
 
     def test_a_change_is_written_and_told(self):
         program = self.start()
