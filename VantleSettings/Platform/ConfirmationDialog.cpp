@@ -54,8 +54,7 @@ ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget
 
     auto *act = new QPushButton(confirmation.action, this);
     auto *cancel = new QPushButton(u"Cancel"_s, this);
-    cancel->setAutoDefault(
-        false); // Return is the action wherever the focus is, as in the system's own alerts
+    cancel->setAutoDefault(false); // Return is the action's wherever the focus is
     act->setDefault(true);
     act->setFocus();
     connect(act, &QPushButton::clicked, this, &QDialog::accept);
