@@ -75,9 +75,8 @@ TEST(RegistryStorm, ARegistryReplacedByRenamesIsAlwaysOfOneWholeState)
         std::rename((registry + ".new").constData(), registry.constData());
     });
     QStringList seen;
-    const auto hardlyChanged = [&seen] {
-        return seen.size() <= 2;
-    }; // the storm may not have had its turn yet
+    // The storm may not have had its turn yet.
+    const auto hardlyChanged = [&seen] { return seen.size() <= 2; };
     for (int round = 0; round < rounds(1000, 50000) || (hardlyChanged() && storm.isBlowing()); ++round) {
         const auto count = Persistence::sessionsCount();
         ASSERT_GE(count, 1);

@@ -94,16 +94,12 @@ void GeneralSection::addAgentGroup()
                           .accessory = terminal})}));
 
     terminal->setEntries(terminalEntries());
-    connect(launch, &Switch::requested, this, [this, launch](bool on) {
-        setLaunchAtLogin(on);
-        launch->setChecked(m_model.launchAtLogin);
-    });
+    bind(launch, m_model.launchAtLogin, &GeneralSection::setLaunchAtLogin);
     connect(typeface, &Picker::activated, this,
             [this](int index) { m_model.setTypeface(allTypefaceOptions[size_t(index)]); });
     connect(terminal, &Picker::activated, this,
             [this](int index) { m_model.setTerminalBackend(allTerminalBackendOptions[size_t(index)]); });
     renderPage(m_model, [=, this] {
-        launch->setChecked(m_model.launchAtLogin);
         typeface->setEntries(typefaceEntries());
         typeface->setCurrentIndex(int(m_model.typeface.value()));
         typefaceRow->setSubtitle(typefaceSubtitle(m_model.typeface));
@@ -128,11 +124,7 @@ void GeneralSection::addRecordingGroup()
                               u"Render the overlay on solid magenta so it can be keyed for transparent "
                               u"marketing footage."_s,
                           .accessory = recording})}));
-    connect(recording, &Switch::requested, this, [this, recording](bool on) {
-        setGreenScreen(on);
-        recording->setChecked(m_model.greenScreen);
-    });
-    renderPage(m_model, [=, this] { recording->setChecked(m_model.greenScreen); });
+    bind(recording, m_model.greenScreen, &GeneralSection::setGreenScreen);
 }
 
 void GeneralSection::addUpdatesGroup()
@@ -145,11 +137,17 @@ void GeneralSection::addUpdatesGroup()
                                             .subtitle = u"Let the standalone updater check for signed Vantle "
                                                         u"releases in the background."_s,
                                             .accessory = updates})}));
-    connect(updates, &Switch::requested, this, [this, updates](bool on) {
-        setAutomaticUpdates(on);
-        updates->setChecked(m_model.automaticUpdates);
+    bind(updates, m_model.automaticUpdates, &GeneralSection::setAutomaticUpdates);
+}
+
+/// A click is answered at once, not only when the page is drawn anew: another one may wait already.
+void GeneralSection::bind(Switch *button, const Published<bool> &state, void (GeneralSection::*set)(bool))
+{
+    connect(button, &Switch::requested, this, [=, this, &state](bool on) {
+        (this->*set)(on);
+        button->setChecked(state);
     });
-    renderPage(m_model, [=, this] { updates->setChecked(m_model.automaticUpdates); });
+    renderPage(m_model, [=, &state] { button->setChecked(state); });
 }
 
 void GeneralSection::setLaunchAtLogin(bool on)

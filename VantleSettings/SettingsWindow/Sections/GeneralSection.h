@@ -1,8 +1,10 @@
 #pragma once
 
+#include "Platform/Observable.h"
 #include "SettingsWindow/SectionContent.h"
 
 class SettingsModel;
+class Switch;
 
 /// The General page: how the agent is launched, drawn and updated, and its shortcuts.
 class GeneralSection : public SectionContent
@@ -18,6 +20,7 @@ private:
     void addAgentGroup();
     void addRecordingGroup();
     void addUpdatesGroup();
+    void bind(Switch *button, const Published<bool> &state, void (GeneralSection::*set)(bool));
 
     void setLaunchAtLogin(bool on);
     void setGreenScreen(bool on);
