@@ -1,8 +1,8 @@
 #include "AgentBridge/AgentBridge.h"
 #include "AppDelegate/SettingsAppDelegate.h"
+#include "Components/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
-#include "Platform/QuitSignals.h"
-#include "SettingsWindow/Components/SettingsStyle.h"
+#include "Platform/Window/QuitSignals.h"
 
 #include <QApplication>
 

@@ -1,5 +1,5 @@
+#include "Foundation/Json.h"
 #include "Fuzzing.h"
-#include "Platform/Json.h"
 
 #include <nlohmann/json.hpp>
 

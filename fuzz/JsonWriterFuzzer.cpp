@@ -1,6 +1,6 @@
+#include "Foundation/Json.h"
+#include "Foundation/JsonWriter.h"
 #include "Fuzzing.h"
-#include "Platform/Json.h"
-#include "Platform/JsonWriter.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
+#include "Foundation/Text.h"
 #include "Fuzzing.h"
 #include "PlanningProjects/SessionMatching.h"
-#include "Platform/Path.h"
-#include "Platform/Text.h"
+#include "Platform/Files/Path.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {

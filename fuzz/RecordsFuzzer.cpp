@@ -1,7 +1,7 @@
+#include "Foundation/Json.h"
 #include "Fuzzing.h"
 #include "Persistence/Persistence.h"
 #include "Planning/Planning.h"
-#include "Platform/Json.h"
 
 /// The five small files and the planning root: anything invalid gives the default, and what is loaded
 /// survives a save.

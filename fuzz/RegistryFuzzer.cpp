@@ -1,7 +1,7 @@
+#include "Foundation/Json.h"
 #include "Fuzzing.h"
 #include "Persistence/Persistence.h"
 #include "Persistence/SessionRegistry.h"
-#include "Platform/Json.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
+#include "Foundation/Json.h"
 #include "Fuzzing.h"
-#include "Platform/Json.h"
 #include "Shortcuts/Shortcuts.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)

@@ -1,7 +1,7 @@
 #include "AgentBridge/AgentBridge.h"
 
-#include "Platform/LoopbackPost.h"
-#include "Platform/Seam.h"
+#include "Foundation/Seam.h"
+#include "Platform/Agent/LoopbackPost.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -1,7 +1,7 @@
 #include "AppDelegate/MainMenu.h"
 
 #include "AppDelegate/EditMenu.h"
-#include "Platform/ApplicationMenu.h"
+#include "Platform/Window/ApplicationMenu.h"
 
 #include <QCoreApplication>
 #include <QMainWindow>

@@ -1,9 +1,9 @@
 #include "AppDelegate/SettingsAppDelegate.h"
 
 #include "AppDelegate/MainMenu.h"
-#include "Platform/ApplicationMenu.h"
-#include "Platform/WindowChrome.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Window/ApplicationMenu.h"
+#include "Platform/Window/WindowChrome.h"
 #include "SettingsWindow/SettingsWindowController.h"
 
 #include <QPointer>

@@ -1,7 +1,7 @@
 #include "LaunchAgent/LaunchAgent.h"
 
-#include "Platform/Seam.h"
-#include "Platform/ServiceManager.h"
+#include "Foundation/Seam.h"
+#include "Platform/Agent/ServiceManager.h"
 
 bool LaunchAgent::isLoaded()
 {

@@ -1,10 +1,10 @@
 #include "Persistence/HomeFile.h"
 
+#include "Foundation/Seam.h"
 #include "Persistence/Persistence.h"
-#include "Platform/FileSystem.h"
-#include "Platform/Home.h"
-#include "Platform/Path.h"
-#include "Platform/Seam.h"
+#include "Platform/Files/FileSystem.h"
+#include "Platform/Files/Home.h"
+#include "Platform/Files/Path.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Json.h"
-#include "Platform/JsonWriter.h"
+#include "Foundation/Json.h"
+#include "Foundation/JsonWriter.h"
 
 #include <QString>
 

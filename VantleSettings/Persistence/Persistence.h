@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Foundation/Text.h"
 #include "Options/Options.h"
 #include "Persistence/BrowserConfigProject.h"
-#include "Platform/Text.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "Planning/Planning.h"
 
+#include "Foundation/Text.h"
 #include "Persistence/HomeFile.h"
-#include "Platform/Text.h"
 
 using namespace Qt::StringLiterals;
 

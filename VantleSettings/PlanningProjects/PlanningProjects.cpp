@@ -1,11 +1,11 @@
 #include "PlanningProjects/PlanningProjects.h"
 
+#include "Foundation/Seam.h"
+#include "Foundation/Text.h"
 #include "PlanningProjects/Manifest.h"
 #include "PlanningProjects/SessionMatching.h"
-#include "Platform/FileSystem.h"
-#include "Platform/Path.h"
-#include "Platform/Seam.h"
-#include "Platform/Text.h"
+#include "Platform/Files/FileSystem.h"
+#include "Platform/Files/Path.h"
 
 using namespace Qt::StringLiterals;
 

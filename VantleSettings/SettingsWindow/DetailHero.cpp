@@ -1,11 +1,11 @@
 #include "SettingsWindow/DetailHero.h"
 
-#include "Platform/AccessibleRole.h"
-#include "Platform/Palette.h"
-#include "Platform/Symbol.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/Painting.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Label.h"
+#include "Components/Painting.h"
+#include "Components/Tokens.h"
+#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Symbol.h"
+#include "Platform/Window/AccessibleRole.h"
 
 #include <QPainter>
 #include <QVBoxLayout>

@@ -1,11 +1,11 @@
 #include "SettingsWindow/SectionPane.h"
 
-#include "Platform/AccessibleRole.h"
-#include "Platform/FontRegistry.h"
-#include "Platform/Seam.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Tokens.h"
+#include "Foundation/Seam.h"
+#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Window/AccessibleRole.h"
 #include "SettingsWindow/DetailHero.h"
-#include "SettingsWindow/SectionContent.h"
+#include "SettingsWindow/Sections/SectionContent.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>

@@ -1,16 +1,16 @@
 #include "SettingsWindow/SettingsRootView.h"
 
-#include "Platform/AccessibleRole.h"
-#include "Platform/FirstFrame.h"
-#include "SettingsWindow/Components/Painting.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Painting.h"
+#include "Components/Tokens.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/FirstFrame.h"
 #include "SettingsWindow/SectionPane.h"
 #include "SettingsWindow/Sections/AboutSection.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/DataSection.h"
 #include "SettingsWindow/Sections/GeneralSection.h"
 #include "SettingsWindow/Sections/PlanningSection.h"
-#include "SettingsWindow/SettingsModel.h"
 #include "SettingsWindow/Sidebar.h"
 
 #include <QHBoxLayout>

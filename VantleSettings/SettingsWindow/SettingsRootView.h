@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsWindow/SettingsSection.h"
+#include "Model/SettingsSection.h"
 
 #include <QWidget>
 

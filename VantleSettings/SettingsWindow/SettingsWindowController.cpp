@@ -1,9 +1,9 @@
 #include "SettingsWindow/SettingsWindowController.h"
 
-#include "Platform/WindowChrome.h"
-#include "Platform/WindowFrame.h"
-#include "SettingsWindow/Components/Tokens.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Components/Tokens.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Window/WindowChrome.h"
+#include "Platform/Window/WindowFrame.h"
 #include "SettingsWindow/SettingsRootView.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 #include "SettingsWindow/Sidebar.h"
 
-#include "Platform/Palette.h"
-#include "SettingsWindow/Components/Painting.h"
-#include "SettingsWindow/Components/SidebarIcon.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Painting.h"
+#include "Components/SidebarIcon.h"
+#include "Components/Tokens.h"
+#include "Platform/Desktop/Palette.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,8 +1,8 @@
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
-#include "Platform/Palette.h"
-#include "SettingsWindow/Components/Painting.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Painting.h"
+#include "Components/Tokens.h"
+#include "Platform/Desktop/Palette.h"
 
 #include <QHideEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/KeyDownMonitor.h"
+#include "Platform/Keyboard/KeyDownMonitor.h"
 #include "Shortcuts/KeyCombo.h"
 
 #include <QObject>

@@ -1,10 +1,10 @@
 #include "ShortcutRecorder/ShortcutSettingsRow.h"
 
 #include "AgentBridge/AgentBridge.h"
-#include "Platform/KeyboardLayout.h"
-#include "Platform/Seam.h"
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Components/Buttons.h"
+#include "Foundation/Seam.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Keyboard/KeyboardLayout.h"
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsWindow/Components/SettingsRow.h"
+#include "Components/SettingsRow.h"
 #include "Shortcuts/ShortcutAction.h"
 
 class IconButton;

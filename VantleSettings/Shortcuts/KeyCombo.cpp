@@ -1,8 +1,8 @@
 #include "Shortcuts/KeyCombo.h"
 
-#include "Platform/KeyboardLayout.h"
-#include "Platform/ModifierFlags.h"
-#include "Platform/Seam.h"
+#include "Foundation/Seam.h"
+#include "Platform/Keyboard/KeyboardLayout.h"
+#include "Platform/Keyboard/ModifierFlags.h"
 
 #include <array>
 #include <limits>

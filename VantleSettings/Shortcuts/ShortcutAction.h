@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/SystemColor.h"
+#include "Foundation/SystemColor.h"
 #include "Shortcuts/KeyCombo.h"
 
 #include <QString>

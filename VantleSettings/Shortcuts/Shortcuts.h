@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Observable.h"
+#include "Foundation/Observable.h"
 #include "Shortcuts/ShortcutAction.h"
 
 #include <map>

@@ -1,8 +1,8 @@
+#include "Foundation/Text.h"
 #include "Persistence/Persistence.h"
 #include "PlanningProjects/Manifest.h"
 #include "PlanningProjects/SessionMatching.h"
-#include "Platform/Path.h"
-#include "Platform/Text.h"
+#include "Platform/Files/Path.h"
 #include "Ratios.h"
 #include "SampleData.h"
 

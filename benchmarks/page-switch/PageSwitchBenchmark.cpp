@@ -1,9 +1,9 @@
+#include "Components/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
-#include "Platform/LoopbackPost.h"
-#include "Platform/Seam.h"
-#include "Platform/ServiceManager.h"
-#include "SettingsWindow/Components/SettingsStyle.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Foundation/Seam.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Agent/LoopbackPost.h"
+#include "Platform/Agent/ServiceManager.h"
 #include "SettingsWindow/SettingsWindowController.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
-#include "Platform/LoopbackPost.h"
+#include "Platform/Agent/LoopbackPost.h"
 
 #include "FakeAgent.h"
 #include "HeapInUse.h"
-#include "Platform/LoopbackTransfer.h"
+#include "Platform/Agent/detail/LoopbackTransfer.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "Platform/QuitSignals.h"
+#include "Platform/Window/QuitSignals.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

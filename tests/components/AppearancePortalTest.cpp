@@ -1,4 +1,4 @@
-#include "Platform/AppearancePortal.h"
+#include "Platform/Desktop/detail/AppearancePortal.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
+#include "Components/Buttons.h"
+#include "Components/FocusRing.h"
+#include "Components/Picker.h"
+#include "Components/SessionCountBadge.h"
+#include "Components/Switch.h"
 #include "LookTest.h"
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/Components/FocusRing.h"
-#include "SettingsWindow/Components/Picker.h"
-#include "SettingsWindow/Components/SessionCountBadge.h"
-#include "SettingsWindow/Components/Switch.h"
 
 #include <QFocusFrame>
 #include <QListWidget>

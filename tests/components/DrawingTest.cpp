@@ -1,8 +1,8 @@
+#include "Components/Painting.h"
+#include "Components/Tokens.h"
 #include "LookTest.h"
-#include "Platform/Palette.h"
-#include "Platform/Symbol.h"
-#include "SettingsWindow/Components/Painting.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Symbol.h"
 
 #include <QDir>
 #include <QImage>

@@ -1,4 +1,4 @@
-#include "SettingsWindow/Components/Label.h"
+#include "Components/Label.h"
 
 #include "LookTest.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsWindow/Components/SettingsStyle.h"
+#include "Components/SettingsStyle.h"
 
 #include <QAccessible>
 #include <QApplication>

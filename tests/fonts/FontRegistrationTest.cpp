@@ -1,7 +1,7 @@
 #include "FontRegistration/FontRegistration.h"
 
-#include "Platform/FontRegistry.h"
-#include "Platform/Seam.h"
+#include "Foundation/Seam.h"
+#include "Platform/Desktop/FontRegistry.h"
 
 #include <QDir>
 #include <QFile>

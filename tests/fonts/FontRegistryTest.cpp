@@ -1,4 +1,4 @@
-#include "Platform/FontRegistry.h"
+#include "Platform/Desktop/FontRegistry.h"
 
 #include "FontRegistration/FontRegistration.h"
 

@@ -1,7 +1,7 @@
+#include "Components/SettingsStyle.h"
+#include "Components/Tokens.h"
 #include "FontRegistration/FontRegistration.h"
-#include "Platform/FontRegistry.h"
-#include "SettingsWindow/Components/SettingsStyle.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Platform/Desktop/FontRegistry.h"
 
 #include <QApplication>
 #include <QFontDatabase>

@@ -1,4 +1,4 @@
-#include "SettingsWindow/SettingsModel.h"
+#include "Model/SettingsModel.h"
 #include "SettingsWindow/SettingsRootView.h"
 #include "agent/HeapInUse.h"
 

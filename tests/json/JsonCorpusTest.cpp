@@ -1,7 +1,7 @@
+#include "Foundation/Json.h"
 #include "HomeFiles.h"
 #include "Persistence/Persistence.h"
 #include "Planning/Planning.h"
-#include "Platform/Json.h"
 #include "Shortcuts/Shortcuts.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
-#include "Platform/KeyboardConfiguration.h"
+#include "Platform/Keyboard/detail/KeyboardConfiguration.h"
 
-#include "Platform/FileSystem.h"
-#include "Platform/Seam.h"
+#include "Foundation/Seam.h"
+#include "Platform/Files/FileSystem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Platform/USKeyboardLayout.h"
+#include "Platform/Keyboard/USKeyboardLayout.h"
 
 #include <gtest/gtest.h>
 

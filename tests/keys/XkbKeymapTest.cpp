@@ -1,4 +1,4 @@
-#include "Platform/XkbKeymap.h"
+#include "Platform/Keyboard/detail/XkbKeymap.h"
 
 #include <gtest/gtest.h>
 

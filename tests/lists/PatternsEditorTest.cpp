@@ -1,4 +1,4 @@
-#include "SettingsWindow/Components/PatternsEditor.h"
+#include "Components/PatternsEditor.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,4 +1,4 @@
-#include "SettingsWindow/Components/RowList.h"
+#include "Components/RowList.h"
 
 #include <QAccessible>
 #include <QPushButton>

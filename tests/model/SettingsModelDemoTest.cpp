@@ -1,6 +1,6 @@
+#include "Model/DemoData.h"
+#include "Model/SettingsModel.h"
 #include "OutsideWorld.h"
-#include "SettingsWindow/DemoData.h"
-#include "SettingsWindow/SettingsModel.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "SettingsWindow/SettingsModel.h"
+#include "Model/SettingsModel.h"
 
 #include "OutsideWorld.h"
 #include "Planning/Planning.h"

@@ -1,4 +1,4 @@
-#include "SettingsWindow/SettingsSection.h"
+#include "Model/SettingsSection.h"
 
 #include <QStringList>
 

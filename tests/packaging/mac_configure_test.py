@@ -50,7 +50,7 @@ class MacConfigure(unittest.TestCase):
     def test_every_header_that_both_systems_use_has_a_source_on_both(self):
         includes = included_headers()
         checked = 0
-        for header in sorted(PLATFORM.glob("*.h")):
+        for header in sorted(PLATFORM.rglob("*.h")):
             ours = str(header.relative_to(SOURCE).with_suffix(""))
             linux = bool({f"{ours}.cpp", f"{ours}Linux.cpp"} & (self.here - self.on_mac))
             mac = f"{ours}.mm" in self.on_mac

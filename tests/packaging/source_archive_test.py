@@ -15,7 +15,7 @@ class SourceArchive(unittest.TestCase):
 
             held = files_below(source)
             self.assertFalse([file for file in held if file.startswith(("build/", ".git/"))])
-            self.assertTrue({"CMakeLists.txt", "run", "VantleSettings/Platform/Seam.h"} <= held)
+            self.assertTrue({"CMakeLists.txt", "run", "VantleSettings/Foundation/Seam.h"} <= held)
 
             build = folder / "build"
             run("cmake", "-S", source, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",

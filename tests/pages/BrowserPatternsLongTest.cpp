@@ -1,6 +1,6 @@
+#include "Components/PatternsEditor.h"
+#include "Components/RowList.h"
 #include "PageTest.h"
-#include "SettingsWindow/Components/PatternsEditor.h"
-#include "SettingsWindow/Components/RowList.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 

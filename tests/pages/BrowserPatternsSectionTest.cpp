@@ -1,7 +1,7 @@
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 
+#include "Components/PatternsEditor.h"
 #include "PageTest.h"
-#include "SettingsWindow/Components/PatternsEditor.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 
 #include <QAccessible>

@@ -1,6 +1,6 @@
+#include "Components/Label.h"
+#include "Components/PatternsEditor.h"
 #include "PageTest.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/PatternsEditor.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/PlanningSection.h"
 

@@ -1,6 +1,6 @@
 #include "PageTest.h"
 
-#include "SettingsWindow/Components/Label.h"
+#include "Components/Label.h"
 
 #include <QApplication>
 #include <QPushButton>

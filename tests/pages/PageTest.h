@@ -1,14 +1,14 @@
 #pragma once
 
+#include "Foundation/Seam.h"
 #include "HomeFiles.h"
-#include "Platform/Dialogs.h"
-#include "Platform/LoopbackPost.h"
-#include "Platform/Pasteboard.h"
-#include "Platform/Seam.h"
-#include "Platform/ServiceManager.h"
-#include "Platform/Workspace.h"
-#include "SettingsWindow/SectionContent.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Agent/LoopbackPost.h"
+#include "Platform/Agent/ServiceManager.h"
+#include "Platform/Desktop/Dialogs.h"
+#include "Platform/Desktop/Pasteboard.h"
+#include "Platform/Desktop/Workspace.h"
+#include "SettingsWindow/Sections/SectionContent.h"
 
 #include <QScrollArea>
 

@@ -1,9 +1,9 @@
 #include "SettingsWindow/Sections/PlanningProjectRow.h"
 
+#include "Components/Label.h"
+#include "Components/SidebarIcon.h"
+#include "Components/Tokens.h"
 #include "PageTest.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/SidebarIcon.h"
-#include "SettingsWindow/Components/Tokens.h"
 #include "SettingsWindow/Sections/MissingLabel.h"
 
 #include <QAccessible>

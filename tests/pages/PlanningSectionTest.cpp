@@ -1,9 +1,9 @@
 #include "SettingsWindow/Sections/PlanningSection.h"
 
+#include "Components/Label.h"
+#include "Components/RowList.h"
+#include "Components/SidebarIcon.h"
 #include "PageTest.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/RowList.h"
-#include "SettingsWindow/Components/SidebarIcon.h"
 #include "SettingsWindow/Sections/PlanningPathRow.h"
 
 #include <QDir>

@@ -1,9 +1,9 @@
 #include "ChildProcess.h"
+#include "Foundation/Seam.h"
 #include "HomeFiles.h"
 #include "Persistence/Persistence.h"
-#include "Platform/FileSystem.h"
-#include "Platform/Home.h"
-#include "Platform/Seam.h"
+#include "Platform/Files/FileSystem.h"
+#include "Platform/Files/Home.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "PlanningProjects/Manifest.h"
 
-#include "Platform/Text.h"
+#include "Foundation/Text.h"
 #include "StraightforwardManifest.h"
 
 #include <gtest/gtest.h>

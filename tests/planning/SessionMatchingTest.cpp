@@ -1,7 +1,7 @@
 #include "PlanningProjects/SessionMatching.h"
 
-#include "Platform/Path.h"
-#include "Platform/Text.h"
+#include "Foundation/Text.h"
+#include "Platform/Files/Path.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Foundation/Text.h"
 #include "PlanningProjects/Manifest.h"
-#include "Platform/Text.h"
 
 #include <QStringList>
 #include <QTextBoundaryFinder>

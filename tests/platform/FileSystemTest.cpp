@@ -1,4 +1,4 @@
-#include "Platform/FileSystem.h"
+#include "Platform/Files/FileSystem.h"
 
 #include "ChildProcess.h"
 #include "HomeFiles.h"

@@ -1,4 +1,4 @@
-#include "Platform/Home.h"
+#include "Platform/Files/Home.h"
 
 #include <gtest/gtest.h>
 #include <pwd.h>

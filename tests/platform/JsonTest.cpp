@@ -1,4 +1,4 @@
-#include "Platform/Json.h"
+#include "Foundation/Json.h"
 
 #include <gtest/gtest.h>
 

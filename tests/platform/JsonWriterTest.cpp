@@ -1,6 +1,6 @@
-#include "Platform/JsonWriter.h"
+#include "Foundation/JsonWriter.h"
 
-#include "Platform/Text.h"
+#include "Foundation/Text.h"
 
 #include <gtest/gtest.h>
 

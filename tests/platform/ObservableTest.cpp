@@ -1,4 +1,4 @@
-#include "Platform/Observable.h"
+#include "Foundation/Observable.h"
 
 #include <QCoreApplication>
 #include <QString>

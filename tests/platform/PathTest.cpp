@@ -1,8 +1,8 @@
-#include "Platform/Path.h"
+#include "Platform/Files/Path.h"
 
-#include "Platform/FileSystem.h"
-#include "Platform/Home.h"
-#include "Platform/Seam.h"
+#include "Foundation/Seam.h"
+#include "Platform/Files/FileSystem.h"
+#include "Platform/Files/Home.h"
 
 #include <QSet>
 

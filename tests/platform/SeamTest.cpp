@@ -1,4 +1,4 @@
-#include "Platform/Seam.h"
+#include "Foundation/Seam.h"
 
 #include <gtest/gtest.h>
 

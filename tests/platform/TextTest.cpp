@@ -1,4 +1,4 @@
-#include "Platform/Text.h"
+#include "Foundation/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "SettingsWindow/DemoData.h"
+#include "Model/DemoData.h"
 
 #include "HomeFiles.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Model/SettingsModel.h"
 
 #include <gtest/gtest.h>
 

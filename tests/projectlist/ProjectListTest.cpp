@@ -1,5 +1,5 @@
 #include "HomeFiles.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Model/SettingsModel.h"
 
 #include <gtest/gtest.h>
 

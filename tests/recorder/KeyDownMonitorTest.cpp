@@ -1,7 +1,7 @@
-#include "Platform/KeyDownMonitor.h"
+#include "Platform/Keyboard/KeyDownMonitor.h"
 
 #include "KeyPresses.h"
-#include "Platform/ModifierFlags.h"
+#include "Platform/Keyboard/ModifierFlags.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>

@@ -1,9 +1,9 @@
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
+#include "Foundation/Seam.h"
 #include "KeyPresses.h"
-#include "Platform/Palette.h"
-#include "Platform/Seam.h"
-#include "Platform/USKeyboardLayout.h"
+#include "Platform/Desktop/Palette.h"
+#include "Platform/Keyboard/USKeyboardLayout.h"
 
 #include <QLineEdit>
 #include <QTest>

@@ -1,6 +1,6 @@
 #include "ShortcutRecorder/ShortcutRecording.h"
 
-#include "Platform/ModifierFlags.h"
+#include "Platform/Keyboard/ModifierFlags.h"
 
 #include <gtest/gtest.h>
 

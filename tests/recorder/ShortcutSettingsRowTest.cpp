@@ -1,12 +1,12 @@
 #include "ShortcutRecorder/ShortcutSettingsRow.h"
 
+#include "Components/Buttons.h"
+#include "Components/Label.h"
 #include "KeyPresses.h"
+#include "Model/SettingsModel.h"
 #include "OutsideWorld.h"
-#include "Platform/USKeyboardLayout.h"
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/Components/Label.h"
+#include "Platform/Keyboard/USKeyboardLayout.h"
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
-#include "SettingsWindow/SettingsModel.h"
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
 #include <QCoreApplication>

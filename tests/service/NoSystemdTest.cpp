@@ -1,7 +1,7 @@
 #include "ChildProcess.h"
 #include "HomeFiles.h"
-#include "Platform/LaunchctlServiceManager.h"
-#include "Platform/SystemdServiceManager.h"
+#include "Platform/Agent/detail/LaunchctlServiceManager.h"
+#include "Platform/Agent/detail/SystemdServiceManager.h"
 
 #include <QDBusConnection>
 #include <QFile>

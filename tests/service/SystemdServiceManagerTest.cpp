@@ -1,5 +1,5 @@
 #include "LaunchAgent/LaunchAgent.h"
-#include "Platform/ToolOutput.h"
+#include "Platform/Agent/detail/ToolOutput.h"
 
 #include <QDeadlineTimer>
 #include <QFile>

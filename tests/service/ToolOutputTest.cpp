@@ -1,4 +1,4 @@
-#include "Platform/ToolOutput.h"
+#include "Platform/Agent/detail/ToolOutput.h"
 
 #include "HomeFiles.h"
 

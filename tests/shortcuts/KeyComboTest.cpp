@@ -1,8 +1,8 @@
 #include "Shortcuts/KeyCombo.h"
 
-#include "Platform/ModifierFlags.h"
-#include "Platform/Seam.h"
-#include "Platform/USKeyboardLayout.h"
+#include "Foundation/Seam.h"
+#include "Platform/Keyboard/ModifierFlags.h"
+#include "Platform/Keyboard/USKeyboardLayout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "Shortcuts/ShortcutAction.h"
 
-#include "Platform/Seam.h"
-#include "Platform/USKeyboardLayout.h"
+#include "Foundation/Seam.h"
+#include "Platform/Keyboard/USKeyboardLayout.h"
 
 #include <gtest/gtest.h>
 

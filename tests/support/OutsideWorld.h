@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Platform/FileSystem.h"
-#include "Platform/LoopbackPost.h"
-#include "Platform/Seam.h"
-#include "Platform/ServiceManager.h"
+#include "Foundation/Seam.h"
+#include "Platform/Agent/LoopbackPost.h"
+#include "Platform/Agent/ServiceManager.h"
+#include "Platform/Files/FileSystem.h"
 
 #include <QMap>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/FileSystem.h"
-#include "Platform/Seam.h"
+#include "Foundation/Seam.h"
+#include "Platform/Files/FileSystem.h"
 
 #include <QStringList>
 

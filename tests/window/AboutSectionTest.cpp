@@ -1,11 +1,11 @@
 #include "SettingsWindow/Sections/AboutSection.h"
 
+#include "Components/Label.h"
+#include "Components/PathRow.h"
 #include "Finding.h"
+#include "Foundation/Seam.h"
 #include "HomeFiles.h"
-#include "Platform/Pasteboard.h"
-#include "Platform/Seam.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/PathRow.h"
+#include "Platform/Desktop/Pasteboard.h"
 
 #include <QPushButton>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "Platform/AccessibleRole.h"
+#include "Platform/Window/AccessibleRole.h"
 
 #include <QLabel>
 #include <QWidget>

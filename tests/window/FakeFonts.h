@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/FontRegistry.h"
-#include "Platform/Seam.h"
+#include "Foundation/Seam.h"
+#include "Platform/Desktop/FontRegistry.h"
 
 /// A machine on which every font is installed, or none.
 struct FakeFonts final : FontRegistry {

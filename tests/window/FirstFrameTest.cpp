@@ -1,4 +1,4 @@
-#include "Platform/FirstFrame.h"
+#include "Platform/Window/FirstFrame.h"
 
 #include <QPaintEvent>
 #include <QTest>

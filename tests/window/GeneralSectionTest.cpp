@@ -1,14 +1,14 @@
 #include "SettingsWindow/Sections/GeneralSection.h"
 
+#include "Components/Buttons.h"
+#include "Components/Picker.h"
+#include "Components/SettingsGroup.h"
+#include "Components/SettingsRow.h"
+#include "Components/Switch.h"
 #include "FakeFonts.h"
 #include "Finding.h"
+#include "Model/SettingsModel.h"
 #include "OutsideWorld.h"
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/Components/Picker.h"
-#include "SettingsWindow/Components/SettingsGroup.h"
-#include "SettingsWindow/Components/SettingsRow.h"
-#include "SettingsWindow/Components/Switch.h"
-#include "SettingsWindow/SettingsModel.h"
 
 #include <QTest>
 

@@ -1,11 +1,11 @@
 #include "FakeFonts.h"
 #include "Finding.h"
+#include "Model/SettingsModel.h"
 #include "OutsideWorld.h"
 #include "SettingsWindow/DetailHero.h"
-#include "SettingsWindow/SectionContent.h"
 #include "SettingsWindow/SectionPane.h"
+#include "SettingsWindow/Sections/SectionContent.h"
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
-#include "SettingsWindow/SettingsModel.h"
 #include "SettingsWindow/SettingsRootView.h"
 #include "SettingsWindow/Sidebar.h"
 

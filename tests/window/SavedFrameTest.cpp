@@ -1,4 +1,4 @@
-#include "Platform/SavedFrame.h"
+#include "Platform/Window/detail/SavedFrame.h"
 
 #include <gtest/gtest.h>
 

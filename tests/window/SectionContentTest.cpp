@@ -1,4 +1,4 @@
-#include "SettingsWindow/SectionContent.h"
+#include "SettingsWindow/Sections/SectionContent.h"
 
 #include <QCoreApplication>
 #include <QLabel>

@@ -1,10 +1,10 @@
+#include "Components/SettingsGroup.h"
+#include "Components/SettingsRow.h"
 #include "FakeFonts.h"
 #include "Finding.h"
+#include "Model/SettingsModel.h"
 #include "OutsideWorld.h"
-#include "SettingsWindow/Components/SettingsGroup.h"
-#include "SettingsWindow/Components/SettingsRow.h"
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
-#include "SettingsWindow/SettingsModel.h"
 #include "SettingsWindow/SettingsWindowController.h"
 #include "SettingsWindow/Sidebar.h"
 

@@ -1,4 +1,4 @@
-#include "Platform/WindowFrame.h"
+#include "Platform/Window/WindowFrame.h"
 
 #include "HomeFiles.h"
 

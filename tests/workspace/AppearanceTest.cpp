@@ -1,8 +1,8 @@
-#include "Platform/AppearancePortal.h"
-#include "Platform/Palette.h"
+#include "Components/Switch.h"
+#include "Components/Tokens.h"
+#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/detail/AppearancePortal.h"
 #include "PrivateBus.h"
-#include "SettingsWindow/Components/Switch.h"
-#include "SettingsWindow/Components/Tokens.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>

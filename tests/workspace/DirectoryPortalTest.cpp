@@ -1,5 +1,5 @@
 #include "Modal.h"
-#include "Platform/Dialogs.h"
+#include "Platform/Desktop/Dialogs.h"
 #include "PrivateBus.h"
 
 #include <QDBusMessage>

@@ -1,4 +1,4 @@
-#include "Platform/Pasteboard.h"
+#include "Platform/Desktop/Pasteboard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "Platform/Workspace.h"
+#include "Platform/Desktop/Workspace.h"
 
 #include "PrivateBus.h"
 

@@ -1,7 +1,7 @@
 #include "Notification.h"
 
-#include "Platform/FileSystem.h"
-#include "Platform/Home.h"
+#include "Platform/Files/FileSystem.h"
+#include "Platform/Files/Home.h"
 
 #include <QMap>
 

@@ -1,16 +1,16 @@
 #include "Gallery.h"
 
-#include "Platform/Symbol.h"
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/PathRow.h"
-#include "SettingsWindow/Components/Picker.h"
-#include "SettingsWindow/Components/SessionCountBadge.h"
-#include "SettingsWindow/Components/SettingsGroup.h"
-#include "SettingsWindow/Components/SettingsRow.h"
-#include "SettingsWindow/Components/SidebarIcon.h"
-#include "SettingsWindow/Components/Switch.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Buttons.h"
+#include "Components/Label.h"
+#include "Components/PathRow.h"
+#include "Components/Picker.h"
+#include "Components/SessionCountBadge.h"
+#include "Components/SettingsGroup.h"
+#include "Components/SettingsRow.h"
+#include "Components/SidebarIcon.h"
+#include "Components/Switch.h"
+#include "Components/Tokens.h"
+#include "Platform/Desktop/Symbol.h"
 
 #include <QDir>
 #include <QHBoxLayout>

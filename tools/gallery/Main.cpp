@@ -1,7 +1,7 @@
+#include "Components/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
-#include "Platform/FontRegistry.h"
-#include "SettingsWindow/Components/SettingsStyle.h"
+#include "Platform/Desktop/FontRegistry.h"
 
 #include <QApplication>
 #include <QScrollArea>

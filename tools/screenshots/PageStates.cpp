@@ -1,14 +1,14 @@
 #include "PageStates.h"
 
 #include "AppDelegate/MainMenu.h"
-#include "Platform/ConfirmationDialog.h"
-#include "Platform/Seam.h"
+#include "Components/Label.h"
+#include "Components/Picker.h"
+#include "Components/Switch.h"
+#include "Foundation/Seam.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Desktop/detail/ConfirmationDialog.h"
 #include "SampleDesk.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/Picker.h"
-#include "SettingsWindow/Components/Switch.h"
 #include "SettingsWindow/Sections/DataSection.h"
-#include "SettingsWindow/SettingsModel.h"
 #include "SettingsWindow/SettingsRootView.h"
 
 #include <QApplication>

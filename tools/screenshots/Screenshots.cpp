@@ -1,10 +1,10 @@
 #include "Screenshots.h"
 
+#include "Components/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
 #include "PageStates.h"
-#include "Platform/FontRegistry.h"
-#include "SettingsWindow/Components/SettingsStyle.h"
+#include "Platform/Desktop/FontRegistry.h"
 
 #include <QAbstractAnimation>
 #include <QAbstractEventDispatcher>

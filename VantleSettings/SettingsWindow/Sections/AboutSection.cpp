@@ -1,9 +1,9 @@
 #include "SettingsWindow/Sections/AboutSection.h"
 
-#include "Platform/Home.h"
-#include "SettingsWindow/Components/PathRow.h"
-#include "SettingsWindow/Components/SettingsGroup.h"
-#include "SettingsWindow/Components/SettingsRow.h"
+#include "Components/PathRow.h"
+#include "Components/SettingsGroup.h"
+#include "Components/SettingsRow.h"
+#include "Platform/Files/Home.h"
 #include "SettingsWindow/Sections/AboutHero.h"
 
 #include <array>

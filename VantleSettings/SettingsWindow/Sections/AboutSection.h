@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Bundle.h"
-#include "SettingsWindow/SectionContent.h"
+#include "Platform/Files/Bundle.h"
+#include "SettingsWindow/Sections/SectionContent.h"
 
 /// The About page: what the program is, its version, and the files that it and the agent share.
 class AboutSection : public SectionContent

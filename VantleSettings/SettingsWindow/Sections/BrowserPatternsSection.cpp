@@ -1,12 +1,12 @@
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/Components/RowList.h"
-#include "SettingsWindow/Components/SettingsGroup.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Buttons.h"
+#include "Components/RowList.h"
+#include "Components/SettingsGroup.h"
+#include "Components/Tokens.h"
+#include "Model/SettingsModel.h"
 #include "SettingsWindow/Sections/NoBrowserProjectsRow.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
-#include "SettingsWindow/SettingsModel.h"
 
 #include <QHBoxLayout>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SettingsWindow/Components/PatternsEditor.h"
-#include "SettingsWindow/SectionContent.h"
+#include "Components/PatternsEditor.h"
+#include "SettingsWindow/Sections/SectionContent.h"
 
 #include <QUuid>
 

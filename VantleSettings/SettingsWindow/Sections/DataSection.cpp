@@ -1,14 +1,14 @@
 #include "SettingsWindow/Sections/DataSection.h"
 
 #include "AgentBridge/AgentBridge.h"
-#include "Platform/Dialogs.h"
-#include "Platform/Home.h"
-#include "Platform/Path.h"
-#include "Platform/Seam.h"
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/Components/SettingsGroup.h"
-#include "SettingsWindow/Components/SettingsRow.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Components/Buttons.h"
+#include "Components/SettingsGroup.h"
+#include "Components/SettingsRow.h"
+#include "Foundation/Seam.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Desktop/Dialogs.h"
+#include "Platform/Files/Home.h"
+#include "Platform/Files/Path.h"
 
 #include <QPointer>
 

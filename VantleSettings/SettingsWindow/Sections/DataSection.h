@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsWindow/SectionContent.h"
+#include "SettingsWindow/Sections/SectionContent.h"
 
 class SettingsModel;
 struct Confirmation;

@@ -1,8 +1,8 @@
 #include "SettingsWindow/Sections/EmptyProjectsRow.h"
 
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/SidebarIcon.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Label.h"
+#include "Components/SidebarIcon.h"
+#include "Components/Tokens.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

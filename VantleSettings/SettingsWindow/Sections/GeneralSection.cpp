@@ -1,16 +1,16 @@
 #include "SettingsWindow/Sections/GeneralSection.h"
 
 #include "AgentBridge/AgentBridge.h"
+#include "Components/Picker.h"
+#include "Components/SettingsGroup.h"
+#include "Components/SettingsRow.h"
+#include "Components/Switch.h"
+#include "Foundation/Seam.h"
 #include "LaunchAgent/LaunchAgent.h"
+#include "Model/SettingsModel.h"
 #include "Persistence/Persistence.h"
-#include "Platform/FontRegistry.h"
-#include "Platform/Seam.h"
-#include "SettingsWindow/Components/Picker.h"
-#include "SettingsWindow/Components/SettingsGroup.h"
-#include "SettingsWindow/Components/SettingsRow.h"
-#include "SettingsWindow/Components/Switch.h"
+#include "Platform/Desktop/FontRegistry.h"
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
-#include "SettingsWindow/SettingsModel.h"
 
 using namespace Qt::StringLiterals;
 

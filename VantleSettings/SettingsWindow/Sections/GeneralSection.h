@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Observable.h"
-#include "SettingsWindow/SectionContent.h"
+#include "Foundation/Observable.h"
+#include "SettingsWindow/Sections/SectionContent.h"
 
 class SettingsModel;
 class Switch;

@@ -1,6 +1,6 @@
 #include "SettingsWindow/Sections/MissingLabel.h"
 
-#include "SettingsWindow/Components/Painting.h"
+#include "Components/Painting.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsWindow/Components/Label.h"
+#include "Components/Label.h"
 
 /// The small capsule beside the name of a project whose folder is gone.
 class MissingLabel : public Label

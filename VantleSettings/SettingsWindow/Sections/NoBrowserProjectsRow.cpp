@@ -1,8 +1,8 @@
 #include "SettingsWindow/Sections/NoBrowserProjectsRow.h"
 
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/SymbolLabel.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/Label.h"
+#include "Components/SymbolLabel.h"
+#include "Components/Tokens.h"
 
 #include <QHBoxLayout>
 

@@ -1,14 +1,14 @@
 #include "SettingsWindow/Sections/PlanningPathRow.h"
 
-#include "Platform/Dialogs.h"
-#include "Platform/Path.h"
-#include "Platform/Seam.h"
-#include "Platform/Workspace.h"
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/SidebarIcon.h"
-#include "SettingsWindow/Components/Tokens.h"
-#include "SettingsWindow/SettingsModel.h"
+#include "Components/Buttons.h"
+#include "Components/Label.h"
+#include "Components/SidebarIcon.h"
+#include "Components/Tokens.h"
+#include "Foundation/Seam.h"
+#include "Model/SettingsModel.h"
+#include "Platform/Desktop/Dialogs.h"
+#include "Platform/Desktop/Workspace.h"
+#include "Platform/Files/Path.h"
 
 #include <QHBoxLayout>
 #include <QPointer>

@@ -1,12 +1,12 @@
 #include "SettingsWindow/Sections/ProjectRow.h"
 
-#include "Platform/Path.h"
-#include "SettingsWindow/Components/FocusRing.h"
-#include "SettingsWindow/Components/Label.h"
-#include "SettingsWindow/Components/Painting.h"
-#include "SettingsWindow/Components/PatternsEditor.h"
-#include "SettingsWindow/Components/SidebarIcon.h"
-#include "SettingsWindow/Components/Tokens.h"
+#include "Components/FocusRing.h"
+#include "Components/Label.h"
+#include "Components/Painting.h"
+#include "Components/PatternsEditor.h"
+#include "Components/SidebarIcon.h"
+#include "Components/Tokens.h"
+#include "Platform/Files/Path.h"
 
 #include <QFontMetrics>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
 
-#include "SettingsWindow/Components/Buttons.h"
-#include "SettingsWindow/Components/SettingsRow.h"
+#include "Components/Buttons.h"
+#include "Components/SettingsRow.h"
 #include "ShortcutRecorder/ShortcutSettingsRow.h"
 
 #include <QHBoxLayout>

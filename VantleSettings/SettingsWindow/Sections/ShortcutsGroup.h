@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsWindow/Components/SettingsGroup.h"
+#include "Components/SettingsGroup.h"
 
 class SettingsModel;
 

@@ -1,0 +1,91 @@
+#include "Components/Buttons.h"
+
+#include "Components/Painting.h"
+#include "Components/Tokens.h"
+#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Symbol.h"
+
+#include <QPainter>
+#include <QShortcut>
+
+#include <utility>
+
+namespace
+{
+
+/// How a borderless button answers the pointer.
+qreal opacity(const QPushButton &button)
+{
+    if (!button.isEnabled())
+        return 0.4;
+    return button.isDown() ? 0.6 : 1;
+}
+
+QString withoutMnemonics(QString text)
+{
+    return text.replace(u'&', QStringLiteral("&&"));
+}
+
+} // namespace
+
+PushButton::PushButton(const QString &text, Size size, QWidget *parent)
+    : QPushButton(withoutMnemonics(text), parent), m_size(size)
+{
+    setFont(textFont(size == Size::small ? TextStyle::size12 : TextStyle::size13));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(size == Size::small ? Qt::WA_MacSmallSize : Qt::WA_MacNormalSize);
+}
+
+IconButton::IconButton(QString symbol, const QString &toolTip, qreal pointSize, QWidget *parent)
+    : QPushButton(parent), m_symbol(std::move(symbol)), m_pointSize(pointSize)
+{
+    setFixedSize(Tokens::iconTile, Tokens::iconTile);
+    setFlat(true);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::StrongFocus);
+    setToolTip(toolTip);
+    setAccessibleName(toolTip);
+}
+
+QSize IconButton::sizeHint() const
+{
+    return {Tokens::iconTile, Tokens::iconTile};
+}
+
+void IconButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setOpacity(opacity(*this));
+    if (underMouse() && isEnabled())
+        fill(painter, continuousRectangle(rect(), Tokens::buttonRadius), Tokens::quaternaryFill);
+    drawSymbol(painter, m_symbol, rect(), m_pointSize, textColor(TextColor::secondary));
+}
+
+void clickOn(const QKeySequence &keys, QPushButton *button)
+{
+    auto *shortcut = new QShortcut(keys, button);
+    shortcut->setAutoRepeat(false);
+    QObject::connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+}
+
+LinkButton::LinkButton(const QString &text, QWidget *parent) : QPushButton(withoutMnemonics(text), parent)
+{
+    setFont(textFont(TextStyle::size13));
+    setFlat(true);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QSize LinkButton::sizeHint() const
+{
+    return fontMetrics().size(Qt::TextShowMnemonic, text());
+}
+
+void LinkButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setOpacity(opacity(*this));
+    painter.setPen(accentColor());
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextHideMnemonic, text());
+}

@@ -1,0 +1,121 @@
+#include "Components/Painting.h"
+
+#include "Components/Tokens.h"
+
+#include <QPainter>
+#include <QPen>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+namespace
+{
+
+/// One corner, from the side before it to the side after it. Each half is a cubic that leaves its side
+/// without curvature and meets the other half on the diagonal, where place, direction and curvature are those
+/// of the circle of this radius.
+void addCorner(QPainterPath &path, QPointF corner, QPointF toBefore, QPointF toAfter, qreal radius,
+               qreal limit)
+{
+    const qreal start = std::min(1.5 * radius, limit);
+    const qreal control = std::min(0.95 * radius, start);
+    const qreal diagonal = (1 - std::numbers::sqrt2 / 2) * radius;
+    const QPointF middle = corner + (toBefore + toAfter) * diagonal;
+    path.lineTo(corner + toBefore * start);
+    path.cubicTo(corner + toBefore * control, corner + toBefore * 2 * diagonal, middle);
+    path.cubicTo(corner + toAfter * 2 * diagonal, corner + toAfter * control, corner + toAfter * start);
+}
+
+/// The nearest place between two device pixels.
+QRectF alignedToPixels(const QPainter &painter, const QRectF &rect, bool upright)
+{
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF device = toDevice.mapRect(rect);
+    const QRectF line = upright ? QRectF(std::round(device.left()), device.top(), 1, device.height())
+                                : QRectF(device.left(), std::round(device.top()), device.width(), 1);
+    return toDevice.inverted().mapRect(line);
+}
+
+} // namespace
+
+QPainterPath continuousRectangle(const QRectF &rect, qreal radius)
+{
+    const qreal limit = std::min(rect.width(), rect.height()) / 2;
+    const qreal bounded = std::min(radius, limit);
+    const QPointF left(-1, 0);
+    const QPointF right(1, 0);
+    const QPointF up(0, -1);
+    const QPointF down(0, 1);
+    QPainterPath path(QPointF(rect.center().x(), rect.top()));
+    addCorner(path, rect.topRight(), left, down, bounded, limit);
+    addCorner(path, rect.bottomRight(), up, left, bounded, limit);
+    addCorner(path, rect.bottomLeft(), right, up, bounded, limit);
+    addCorner(path, rect.topLeft(), down, right, bounded, limit);
+    path.closeSubpath();
+    return path;
+}
+
+QPainterPath capsule(const QRectF &rect)
+{
+    const qreal radius = std::min(rect.width(), rect.height()) / 2;
+    QPainterPath path;
+    path.addRoundedRect(rect, radius, radius);
+    return path;
+}
+
+QBrush tintGradient(const QRectF &rect, const QColor &tint)
+{
+    const auto lightened = [](float part) { return part + 0.18F * (1 - part); };
+    QLinearGradient gradient(rect.topLeft(), rect.bottomLeft());
+    gradient.setColorAt(
+        0, QColor::fromRgbF(lightened(tint.redF()), lightened(tint.greenF()), lightened(tint.blueF())));
+    gradient.setColorAt(1, tint);
+    return gradient;
+}
+
+QColor mixed(const QColor &from, const QColor &to, qreal share)
+{
+    const auto part = [share](float a, float b) { return a + (b - a) * static_cast<float>(share); };
+    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
+                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
+}
+
+void fill(QPainter &painter, const QPainterPath &path, const QBrush &brush)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(path, brush);
+    painter.restore();
+}
+
+qreal devicePixel(const QPainter &painter)
+{
+    return 1 / painter.deviceTransform().m11();
+}
+
+void drawHairline(QPainter &painter, const QRectF &rect, const QColor &color)
+{
+    painter.fillRect(alignedToPixels(painter, rect, false), color);
+}
+
+void drawVerticalHairline(QPainter &painter, const QRectF &rect, const QColor &color)
+{
+    painter.fillRect(alignedToPixels(painter, rect, true), color);
+}
+
+void drawCard(QPainter &painter, const QRectF &rect)
+{
+    fill(painter, continuousRectangle(rect, Tokens::cardRadius), Tokens::cardBackground);
+    const qreal width = std::max(0.5, devicePixel(painter));
+    const qreal inset = width / 2;
+    QColor stroke = Tokens::separator();
+    stroke.setAlphaF(stroke.alphaF() / 2);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.strokePath(
+        continuousRectangle(rect.adjusted(inset, inset, -inset, -inset), Tokens::cardRadius - inset),
+        QPen(stroke, width));
+    painter.restore();
+}

@@ -1,0 +1,37 @@
+#include "Components/PathRow.h"
+
+#include "Components/Buttons.h"
+#include "Components/Label.h"
+#include "Components/Tokens.h"
+#include "Foundation/Seam.h"
+#include "Platform/Desktop/Pasteboard.h"
+
+#include <QHBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int labelColumn = 136;
+constexpr int columnGap = 8;
+constexpr int paddingVertical = 10;
+constexpr qreal copySymbolSize = 11;
+
+} // namespace
+
+PathRow::PathRow(const QString &label, const QString &path, QWidget *parent) : QWidget(parent)
+{
+    auto *caption = new ElidedLabel(label, TextStyle::size12Medium, TextColor::secondary);
+    caption->setFixedWidth(labelColumn);
+    auto *copy = new IconButton(u"doc.on.doc"_s, u"Copy path"_s, copySymbolSize);
+    copy->setAccessibleName(u"Copy path of %1"_s.arg(label));
+    connect(copy, &IconButton::clicked, this, [path] { Seam<Pasteboard>::current().setText(path); });
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(Tokens::rowPadding, paddingVertical, Tokens::rowPadding, paddingVertical);
+    layout->setSpacing(columnGap);
+    layout->addWidget(caption);
+    layout->addWidget(new ElidedLabel(path, TextStyle::size11, TextColor::primary80), 1);
+    layout->addWidget(copy);
+}

@@ -1,0 +1,163 @@
+#include "Components/PatternsEditor.h"
+
+#include "Components/Tokens.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace
+{
+
+// Characters that a document takes for the end of a line, though a line ends at a line feed only. Inside the
+// document each is a low surrogate on its own, which no text has, and which is seen as an odd character.
+constexpr std::array<char16_t, 4> mistakenForLineEnds{u'\r', u'\u2029', u'\ufdd0', u'\ufdd1'};
+
+constexpr char16_t standIn(std::size_t index)
+{
+    return char16_t(0xdc00 + index);
+}
+
+QString inDocument(QString text)
+{
+    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
+        text.replace(QChar(mistakenForLineEnds[index]), QChar(standIn(index)));
+    return text;
+}
+
+/// The text of a document, or of a part of it. (toPlainText() would turn no-break spaces and line separators
+/// into others.)
+QString fromDocument(QString rawText)
+{
+    rawText.replace(QChar::ParagraphSeparator, u'\n');
+    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
+        rawText.replace(QChar(standIn(index)), QChar(mistakenForLineEnds[index]));
+    return rawText;
+}
+
+int heightOf(qreal lines, int lineSpacing)
+{
+    // The editor scrolls as soon as its lines fill it to the last point.
+    const int height = int(std::ceil(lines * lineSpacing)) + 1;
+    return std::clamp(height, PatternsEditor::minimumHeight, PatternsEditor::maximumHeight);
+}
+
+} // namespace
+
+std::function<int(qsizetype lines)> PatternsEditor::expectedHeight()
+{
+    const int lineSpacing = QFontMetrics(textFont(TextStyle::size12)).lineSpacing();
+    return [lineSpacing](qsizetype lines) { return heightOf(qreal(lines), lineSpacing); };
+}
+
+PatternsEditor::PatternsEditor(QWidget *parent) : QPlainTextEdit(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setFont(textFont(TextStyle::size12));
+    setTabChangesFocus(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    viewport()->setAutoFillBackground(false);
+    document()->setDocumentMargin(0);
+    document()->clearUndoRedoStacks(); // which count the margin
+    connect(this, &QPlainTextEdit::textChanged, this, &PatternsEditor::readText);
+    fitHeight();
+}
+
+void PatternsEditor::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    const QSignalBlocker ours(this); // a change of the program's, not the user's
+    m_text = text;
+    setPlainText(inDocument(text));
+    fitHeight();
+}
+
+std::unique_ptr<PatternsEditor::Work> PatternsEditor::takeWork()
+{
+    const QTextCursor cursor = textCursor();
+    const int scroll = verticalScrollBar()->value();
+    const bool untouched = !document()->isUndoAvailable() && !document()->isRedoAvailable();
+    if (untouched && cursor.position() == 0 && cursor.anchor() == 0 && scroll == 0)
+        return nullptr;
+    auto work = std::make_unique<Work>(
+        Work{std::exchange(m_text, {}), std::unique_ptr<QTextDocument>(document()), cursor, scroll});
+    work->document->setParent(nullptr);
+    const QSignalBlocker ours(this);
+    setDocument(nullptr);
+    return work;
+}
+
+void PatternsEditor::takeUp(std::unique_ptr<Work> work)
+{
+    const QSignalBlocker ours(this);
+    m_text = work->text;
+    work->document->setParent(this);
+    setDocument(work->document.release());
+    setTextCursor(work->cursor);
+    verticalScrollBar()->setValue(work->scroll);
+    fitHeight();
+}
+
+QSize PatternsEditor::sizeHint() const
+{
+    return {0, m_height};
+}
+
+// Shift and Return would put in a line separator, which looks like the end of a line and is none.
+void PatternsEditor::keyPressEvent(QKeyEvent *event)
+{
+    if (!event->matches(QKeySequence::InsertLineSeparator)) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    textCursor().insertBlock();
+    ensureCursorVisible();
+    event->accept();
+}
+
+void PatternsEditor::resizeEvent(QResizeEvent *event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    fitHeight();
+}
+
+void PatternsEditor::insertFromMimeData(const QMimeData *source)
+{
+    insertPlainText(inDocument(source->text()));
+    ensureCursorVisible();
+}
+
+QMimeData *PatternsEditor::createMimeDataFromSelection() const
+{
+    auto copied = std::make_unique<QMimeData>();
+    copied->setText(fromDocument(textCursor().selectedText()));
+    return copied.release();
+}
+
+void PatternsEditor::readText()
+{
+    fitHeight();
+    QString text = fromDocument(document()->toRawText());
+    if (text == m_text)
+        return;
+    m_text = std::move(text);
+    Q_EMIT edited(m_text);
+}
+
+void PatternsEditor::fitHeight()
+{
+    // The height of a plain-text document is its number of lines, wrapped ones included.
+    const qreal lines = document()->size().height();
+    const int height = heightOf(lines, QFontMetrics(font()).lineSpacing());
+    if (std::exchange(m_height, height) != height)
+        updateGeometry();
+}

@@ -1,0 +1,39 @@
+#include "Components/Picker.h"
+
+#include "Components/Tokens.h"
+
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+Picker::Picker(QWidget *parent) : QComboBox(parent)
+{
+    setFont(textFont(TextStyle::size12));
+    setMinimumWidth(Tokens::pickerMinimumWidth);
+    setMaximumWidth(Tokens::pickerMaximumWidth);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    setFocusPolicy(Qt::StrongFocus); // not by the wheel, which would then change it
+    setAttribute(Qt::WA_MacSmallSize);
+}
+
+void Picker::setEntries(const QStringList &entries)
+{
+    QStringList present;
+    for (int i = 0; i < count(); ++i)
+        present.append(itemText(i));
+    if (present == entries)
+        return;
+    const QSignalBlocker quiet(this);
+    const int index = currentIndex();
+    clear();
+    addItems(entries);
+    setCurrentIndex(index < count() ? index : -1);
+}
+
+void Picker::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}

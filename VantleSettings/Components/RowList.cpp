@@ -1,0 +1,304 @@
+#include "Components/RowList.h"
+
+#include "Components/SettingsRow.h"
+#include "Platform/Window/AccessibleRole.h"
+
+#include <QEvent>
+#include <QHash>
+#include <QLayout>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace
+{
+
+constexpr int dividerHeight = 1;
+
+int heightOf(const QWidget *row, int width)
+{
+    return row->hasHeightForWidth() ? row->heightForWidth(width) : row->sizeHint().height();
+}
+
+/// The control of a row that Tab goes to. It is no focus proxy of its row's: Tab would find it a second time
+/// where the row itself stands in the chain.
+QWidget *controlOf(QWidget *row)
+{
+    for (QWidget *child : row->findChildren<QWidget *>()) {
+        if (child->focusPolicy() & Qt::TabFocus)
+            return child;
+    }
+    return row;
+}
+
+bool holds(const QWidget *row, const QWidget *widget)
+{
+    return widget && (row == widget || row->isAncestorOf(widget));
+}
+
+} // namespace
+
+RowList::RowList(Rows rows, QWidget *parent)
+    : QWidget(parent), m_make(std::move(rows)), m_start(new QWidget(this))
+{
+    m_start->setFocusPolicy(Qt::TabFocus);
+    m_start->hide();
+    markAsDecoration(m_start);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+RowList::~RowList() = default;
+
+bool RowList::setIds(std::vector<QUuid> ids)
+{
+    const bool changed = ids != m_ids;
+    if (changed) {
+        keepRows(ids);
+        m_ids = std::move(ids);
+        expectHeights();
+    }
+    for (const auto &[index, row] : m_rows)
+        m_make.show(row.widget, index);
+    refresh();
+    return changed;
+}
+
+QWidget *RowList::row(qsizetype index) const
+{
+    const auto found = m_rows.find(index);
+    return found == m_rows.end() ? nullptr : found->second.widget;
+}
+
+QSize RowList::sizeHint() const
+{
+    return {0, m_tops.back()};
+}
+
+/// Moves the rows whose ids stay to their new places and lets the others go.
+void RowList::keepRows(const std::vector<QUuid> &ids)
+{
+    QHash<QUuid, qsizetype> places;
+    if (!m_rows.empty()) {
+        places.reserve(qsizetype(ids.size()));
+        for (size_t index = 0; index < ids.size(); ++index)
+            places.insert(ids[index], qsizetype(index));
+    }
+    std::map<qsizetype, Row> kept;
+    for (const auto &[index, row] : m_rows) {
+        const auto place = places.constFind(m_ids[size_t(index)]);
+        if (place == places.constEnd() || !kept.emplace(*place, row).second)
+            discard(row);
+    }
+    m_rows = std::move(kept);
+}
+
+void RowList::expectHeights()
+{
+    m_heights.resize(m_ids.size());
+    for (qsizetype index = 0; index < count(); ++index)
+        m_heights[size_t(index)] = m_make.expectedHeight(index);
+    addUpTops();
+}
+
+void RowList::addUpTops()
+{
+    m_tops.resize(m_heights.size() + 1);
+    m_tops[0] = 0;
+    for (size_t index = 0; index < m_heights.size(); ++index)
+        m_tops[index + 1] =
+            m_tops[index] + m_heights[index] + (index + 1 < m_heights.size() ? dividerHeight : 0);
+    updateGeometry();
+}
+
+/// Compares the rows that exist with the heights so far; true when one differs. What stands above the part
+/// in view pushes nothing down that the user is looking at.
+bool RowList::measure()
+{
+    const int inView = m_scrollArea ? mapFrom(m_scrollArea->viewport(), QPoint()).y() : 0;
+    int grownAbove = 0;
+    bool changed = false;
+    for (const auto &[index, row] : m_rows) {
+        const int height = heightOf(row.widget, width());
+        const int difference = height - std::exchange(m_heights[size_t(index)], height);
+        changed |= difference != 0;
+        if (top(index + 1) <= inView)
+            grownAbove += difference;
+    }
+    if (!changed)
+        return false;
+    addUpTops();
+    if (grownAbove != 0) {
+        QScrollBar *bar = m_scrollArea->verticalScrollBar();
+        bar->setValue(bar->value() + grownAbove);
+    }
+    return true;
+}
+
+/// The rows that must exist.
+RowList::Range RowList::wanted() const
+{
+    if (count() <= alwaysExist)
+        return {0, count()};
+    if (!isVisible() || !m_scrollArea)
+        return {0, 0};
+    const QWidget *viewport = m_scrollArea->viewport();
+    const int from = mapFrom(viewport, QPoint()).y();
+    const auto first = std::upper_bound(m_tops.begin() + 1, m_tops.end(), from);
+    const auto end = std::lower_bound(first, m_tops.end() - 1, from + viewport->height());
+    return {first - m_tops.begin() - 1, std::min(qsizetype(end - m_tops.begin()), count())};
+}
+
+void RowList::watchScrollArea()
+{
+    QScrollArea *area = nullptr;
+    for (QWidget *ancestor = parentWidget(); ancestor && !area; ancestor = ancestor->parentWidget())
+        area = qobject_cast<QScrollArea *>(ancestor);
+    if (area == m_scrollArea)
+        return;
+    m_scrollArea = area;
+    if (!area)
+        return;
+    area->viewport()->installEventFilter(this);
+    connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, &RowList::refresh);
+    // The page behind the bar is laid out after its range is known.
+    connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, this, &RowList::refresh,
+            Qt::QueuedConnection);
+}
+
+/// Brings the rows that exist, their heights and their places in line with what is in view.
+void RowList::refresh()
+{
+    if (std::exchange(m_updating, true))
+        return;
+    // A row may turn out taller than expected, so that others come into view or leave it: few rounds do.
+    constexpr int rounds = 4;
+    for (int round = 0; round < rounds; ++round) {
+        bringIntoBeing();
+        if (!measure())
+            break;
+    }
+    place();
+    m_updating = false;
+}
+
+void RowList::bringIntoBeing()
+{
+    const Range range = wanted();
+    dropOutside(range);
+    for (qsizetype index = range.first; index < range.end; ++index) {
+        if (!m_rows.contains(index))
+            makeRow(index);
+    }
+}
+
+void RowList::makeRow(qsizetype index)
+{
+    QWidget *widget = m_make.make(index, this);
+    const auto row = m_rows.emplace(index, Row{widget, nullptr}).first;
+    widget->setGeometry(0, top(index), width(), m_heights[size_t(index)]);
+    const auto next = std::next(row);
+    if (next != m_rows.end())
+        widget->stackUnder(next->second.widget); // the order in which the rows are heard
+    chainFocus(row);
+    m_make.show(widget, index);
+    widget->show();
+}
+
+/// Lets the rows go that are not wanted; the one with the keyboard stays.
+void RowList::dropOutside(Range range)
+{
+    if (count() <= alwaysExist)
+        return;
+    // The window's, which it has when another window has the keyboard, too.
+    const QWidget *focus = window()->focusWidget();
+    std::erase_if(m_rows, [&](const auto &entry) {
+        const auto &[index, row] = entry;
+        if ((index >= range.first && index < range.end) || holds(row.widget, focus))
+            return false;
+        if (m_make.leave)
+            m_make.leave(row.widget);
+        discard(row);
+        return true;
+    });
+}
+
+void RowList::discard(const Row &row)
+{
+    row.widget->hide();
+    row.widget->deleteLater(); // an event may be on its way through it
+    if (row.divider) {
+        row.divider->hide();
+        row.divider->deleteLater();
+    }
+}
+
+void RowList::place()
+{
+    for (auto &[index, row] : m_rows) {
+        row.widget->setGeometry(0, top(index), width(), m_heights[size_t(index)]);
+        const bool last = index + 1 == count();
+        if (!last && !row.divider)
+            row.divider = new SettingsRowDivider(this);
+        if (!row.divider)
+            continue;
+        row.divider->setVisible(!last);
+        row.divider->setGeometry(0, top(index) + m_heights[size_t(index)], width(), dividerHeight);
+    }
+}
+
+/// Puts a new row's control where Tab expects it: behind that of the row before it.
+void RowList::chainFocus(std::map<qsizetype, Row>::iterator row)
+{
+    QWidget *before = row == m_rows.begin() ? m_start : controlOf(std::prev(row)->second.widget);
+    setTabOrder(before, controlOf(row->second.widget));
+}
+
+bool RowList::event(QEvent *event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        refresh(); // a row has another height now
+    return QWidget::event(event);
+}
+
+bool RowList::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize && m_scrollArea && watched == m_scrollArea->viewport())
+        refresh();
+    return QWidget::eventFilter(watched, event);
+}
+
+void RowList::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    refresh();
+}
+
+void RowList::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    watchScrollArea();
+    refresh();
+}
+
+/// Tab goes on to the next row also where that row does not exist yet.
+bool RowList::focusNextPrevChild(bool next)
+{
+    const QWidget *focus = focusWidget();
+    const auto current = std::find_if(m_rows.begin(), m_rows.end(),
+                                      [&](const auto &entry) { return holds(entry.second.widget, focus); });
+    const qsizetype target = current == m_rows.end() ? -1 : current->first + (next ? 1 : -1);
+    if (target < 0 || target >= count())
+        return QWidget::focusNextPrevChild(next);
+    if (!m_rows.contains(target)) {
+        makeRow(target);
+        place();
+    }
+    QWidget *row = m_rows.at(target).widget;
+    controlOf(row)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    if (m_scrollArea)
+        m_scrollArea->ensureWidgetVisible(row, 0, 0);
+    return true;
+}

@@ -1,0 +1,76 @@
+#include "Components/SettingsGroup.h"
+
+#include "Components/Label.h"
+#include "Components/Painting.h"
+#include "Components/Tokens.h"
+#include "Platform/Window/AccessibleRole.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int captionPadding = 4;
+
+class Card : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        drawCard(painter, rect());
+    }
+};
+
+} // namespace
+
+SettingsGroup::SettingsGroup(const Texts &texts, const std::vector<QWidget *> &rows, QWidget *parent)
+    : QWidget(parent)
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Tokens::groupSpacing);
+    if (texts.header) {
+        auto *header = new Label(texts.header->toUpper(), TextStyle::groupHeader, TextColor::secondary);
+        header->setAccessibleName(*texts.header);
+        header->setContentsMargins(captionPadding, 0, captionPadding, 0);
+        layout->addWidget(header);
+        setAccessibleRole(this, QAccessible::Grouping); // before the name, which fixes it
+        setAccessibleName(*texts.header);
+    }
+    auto *card = new Card;
+    m_rows = new QVBoxLayout(card);
+    m_rows->setContentsMargins(0, 0, 0, 0);
+    m_rows->setSpacing(0);
+    layout->addWidget(card);
+    m_footer = new WrappedLabel({}, TextStyle::size11, TextColor::secondary);
+    m_footer->setContentsMargins(captionPadding, 0, captionPadding, 0);
+    layout->addWidget(m_footer);
+    setFooter(texts.footer);
+    setRows(rows);
+}
+
+void SettingsGroup::setFooter(const std::optional<QString> &footer)
+{
+    m_footer->setVisible(footer.has_value());
+    m_footer->setText(footer.value_or(QString()));
+    setAccessibleDescription(footer.value_or(QString()));
+}
+
+void SettingsGroup::setRows(const std::vector<QWidget *> &rows)
+{
+    while (QLayoutItem *item = m_rows->takeAt(0)) {
+        QWidget *row = item->widget();
+        if (std::find(rows.begin(), rows.end(), row) == rows.end())
+            row->deleteLater();
+        delete item;
+    }
+    for (QWidget *row : rows)
+        m_rows->addWidget(row);
+}

@@ -1,0 +1,71 @@
+#include "Components/SettingsRow.h"
+
+#include "Components/Label.h"
+#include "Components/Painting.h"
+#include "Components/SidebarIcon.h"
+#include "Components/Tokens.h"
+#include "Platform/Window/AccessibleRole.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace
+{
+
+constexpr int subtitleLines = 2;
+constexpr int lineGap = 2; ///< between title and subtitle
+constexpr int dividerInset = Tokens::rowPadding + Tokens::iconTile + Tokens::rowSpacing;
+
+} // namespace
+
+SettingsRow::SettingsRow(const Content &content, QWidget *parent)
+    : QWidget(parent),
+      m_subtitle(new ElidedLabel({}, TextStyle::size11, TextColor::secondary, subtitleLines)),
+      m_accessory(content.accessory)
+{
+    auto *title = new ElidedLabel(content.title, TextStyle::size13Medium);
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(lineGap);
+    texts->addStretch();
+    texts->addWidget(title);
+    texts->addWidget(m_subtitle);
+    texts->addStretch();
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
+                               Tokens::rowPaddingVertical);
+    layout->setSpacing(Tokens::rowSpacing);
+    layout->addWidget(new SidebarIcon(content.icon, content.tint), 0, Qt::AlignVCenter);
+    layout->addLayout(texts, 1);
+    if (m_accessory != nullptr) {
+        layout->addWidget(m_accessory, 0, Qt::AlignVCenter);
+        title->setBuddy(m_accessory);
+        if (m_accessory->accessibleName().isEmpty() && m_accessory->focusPolicy() != Qt::NoFocus)
+            m_accessory->setAccessibleName(content.title);
+    }
+    setSubtitle(content.subtitle);
+}
+
+void SettingsRow::setSubtitle(const std::optional<QString> &subtitle)
+{
+    m_subtitle->setVisible(subtitle.has_value());
+    m_subtitle->setText(subtitle.value_or(QString()));
+    if (m_accessory != nullptr && m_accessory->focusPolicy() != Qt::NoFocus)
+        m_accessory->setAccessibleDescription(subtitle.value_or(QString()));
+}
+
+SettingsRowDivider::SettingsRowDivider(QWidget *parent) : QWidget(parent)
+{
+    setFixedHeight(1);
+    markAsDecoration(this);
+}
+
+void SettingsRowDivider::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    const QRectF line =
+        QRectF(rect()).adjusted(mirrored ? 0 : dividerInset, 0, mirrored ? -dividerInset : 0, 0);
+    drawHairline(painter, line, Tokens::separator());
+}

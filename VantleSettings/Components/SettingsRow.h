@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Foundation/SystemColor.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class ElidedLabel;
+
+/// A row of a card: tile, title over subtitle, and a control at the trailing end. The control takes its name
+/// from the title and its description from the subtitle.
+class SettingsRow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Content {
+        QString icon;
+        SystemColor tint = SystemColor::gray;
+        QString title;
+        std::optional<QString> subtitle = {};
+        QWidget *accessory = nullptr;
+    };
+
+    explicit SettingsRow(const Content &content, QWidget *parent = nullptr);
+
+    void setSubtitle(const std::optional<QString> &subtitle);
+
+private:
+    ElidedLabel *m_subtitle;
+    QWidget *m_accessory;
+};
+
+/// The line between two rows; it starts where the rows' texts do. Decoration: not in the accessibility tree.
+class SettingsRowDivider : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsRowDivider(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};

@@ -1,0 +1,146 @@
+#include "Components/Switch.h"
+
+#include "Components/Painting.h"
+#include "Components/Tokens.h"
+#include "Platform/Desktop/Palette.h"
+
+#include <QAccessibleWidget>
+#include <QPainter>
+
+namespace
+{
+
+constexpr qreal knobInset = 1.5;
+
+/// A check box that is toggled as a click does it: its owner decides.
+class AccessibleSwitch : public QAccessibleWidget
+{
+public:
+    explicit AccessibleSwitch(Switch *control) : QAccessibleWidget(control, QAccessible::CheckBox) {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = control()->isChecked();
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        return control()->isEnabled() ? QStringList(toggleAction()) + QAccessibleWidget::actionNames()
+                                      : QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (name == toggleAction())
+            control()->click();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    Switch *control() const { return static_cast<Switch *>(widget()); }
+};
+
+QAccessibleInterface *heardAsSwitch(const QString &, QObject *object)
+{
+    auto *control = qobject_cast<Switch *>(object);
+    return control ? new AccessibleSwitch(control) : nullptr;
+}
+
+} // namespace
+
+Switch::Switch(QWidget *parent) : QCheckBox(parent)
+{
+    QAccessible::installFactory(heardAsSwitch); // once, however often it is asked to
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+}
+
+QSize Switch::sizeHint() const
+{
+    return {Tokens::switchWidth, Tokens::switchHeight};
+}
+
+void Switch::setChecked(bool on)
+{
+    if (on == isChecked())
+        return;
+    QCheckBox::setChecked(on);
+    slideTo(on ? 1 : 0);
+}
+
+void Switch::nextCheckState()
+{
+    const bool wish = !isChecked();
+    Q_EMIT requested(wish);
+    if (isChecked() != wish)
+        fallBack();
+}
+
+bool Switch::hitButton(const QPoint &position) const
+{
+    return rect().contains(position);
+}
+
+void Switch::slideTo(qreal target)
+{
+    if (!isVisible() || reducedMotion()) {
+        m_knob = target;
+        update();
+        return;
+    }
+    QVariantAnimation &slide = startableSlide();
+    slide.setDuration(Tokens::switchDuration);
+    slide.setKeyValues({{0, m_knob}, {1, target}});
+    slide.start();
+}
+
+/// The knob goes where it was asked to go and comes back.
+void Switch::fallBack()
+{
+    // A listener that saw the switch asked still believes that it moved.
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+
+    if (!isVisible() || reducedMotion())
+        return;
+    const qreal rest = isChecked() ? 1 : 0;
+    QVariantAnimation &slide = startableSlide();
+    slide.setDuration(2 * Tokens::switchDuration);
+    slide.setKeyValues({{0, m_knob}, {0.5, 1 - rest}, {1, rest}});
+    slide.start();
+}
+
+QVariantAnimation &Switch::startableSlide()
+{
+    if (m_slide == nullptr) {
+        m_slide = new QVariantAnimation(this);
+        m_slide->setEasingCurve(QEasingCurve::OutCubic);
+        connect(m_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant &value) {
+            m_knob = value.toReal();
+            update();
+        });
+    }
+    m_slide->stop();
+    return *m_slide;
+}
+
+void Switch::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(0.4);
+    const QRectF track((width() - Tokens::switchWidth) / 2.0, (height() - Tokens::switchHeight) / 2.0,
+                       Tokens::switchWidth, Tokens::switchHeight);
+    fill(painter, capsule(track), mixed(Tokens::switchOff, accentColor(), m_knob));
+    const qreal diameter = Tokens::switchHeight - 2 * knobInset;
+    const qreal way = Tokens::switchWidth - 2 * knobInset - diameter;
+    const qreal share = layoutDirection() == Qt::RightToLeft ? 1 - m_knob : m_knob;
+    const QRectF knob(track.left() + knobInset + way * share, track.top() + knobInset, diameter, diameter);
+    fill(painter, capsule(knob), isDown() ? QColor(230, 230, 230) : QColor(Qt::white));
+}

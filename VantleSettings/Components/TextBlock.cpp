@@ -1,0 +1,177 @@
+#include "Components/TextBlock.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr QChar wordJoiner(0x2060);
+constexpr int unlimited = 1 << 24;     ///< wider than any window, and still a width to the toolkit
+constexpr size_t rememberedWidths = 8; ///< a layout asks for the heights at the same few widths over and over
+
+/// Everything on one line: line breaks of any kind become blanks.
+QString onOneLine(QString text)
+{
+    for (QChar &unit : text) {
+        if (unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator ||
+            unit == QChar::ParagraphSeparator)
+            unit = u' ';
+    }
+    return text;
+}
+
+QString withLineSeparators(QString text)
+{
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(u'\n', QChar::LineSeparator);
+    text.replace(u'\r', QChar::LineSeparator);
+    text.replace(QChar::ParagraphSeparator, QChar::LineSeparator);
+    return text;
+}
+
+/// A word of two parts, as in "and/or", stays in one piece where lines are balanced.
+QString withWholeWords(QString text)
+{
+    return text.replace(u'/', QString(u'/') + wordJoiner);
+}
+
+QString source(const QString &text, TextFlow flow)
+{
+    if (flow.maximumLines == 1)
+        return onOneLine(text);
+    return flow.balanced ? withWholeWords(withLineSeparators(text)) : withLineSeparators(text);
+}
+
+/// Breaks the text into lines of this width, no more of them than shows whether there are more than `limit`
+/// (0: all).
+void createLines(QTextLayout &layout, qreal width, int limit)
+{
+    layout.clearLayout();
+    while (limit == 0 || layout.lineCount() <= limit) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid())
+            break;
+        line.setLineWidth(width);
+    }
+}
+
+/// The smallest width that needs no more lines than `width` does.
+qreal balancedWidth(QTextLayout &layout, qreal width)
+{
+    createLines(layout, width, 0);
+    const int count = layout.lineCount();
+    qreal low = width / (count + 1);
+    qreal high = width;
+    while (high - low > 1) {
+        const qreal middle = (low + high) / 2;
+        createLines(layout, middle, 0);
+        (layout.lineCount() > count ? low : high) = middle;
+    }
+    return high;
+}
+
+/// A line's text without its break, the blanks at its end, and what only kept words whole.
+QString shown(const QTextLine &line, const QString &text)
+{
+    QString shown = text.mid(line.textStart(), line.textLength());
+    if (shown.endsWith(QChar::LineSeparator))
+        shown.chop(1);
+    while (shown.endsWith(u' '))
+        shown.chop(1);
+    return shown.remove(wordJoiner);
+}
+
+} // namespace
+
+TextBlock::TextBlock(const QString &text, const QFont &font, TextFlow flow)
+    : m_flow(flow), m_layout(source(text, flow), font)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    // A path begins with its root, whatever script its folders are written in.
+    option.setTextDirection(text.startsWith(u'/') ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
+    m_layout.setTextOption(option);
+    m_layout.beginLayout();
+}
+
+int TextBlock::naturalWidth()
+{
+    if (!m_naturalWidth) {
+        createLines(m_layout, unlimited, 0);
+        m_width.reset();
+        qreal widest = 0;
+        for (int i = 0; i < m_layout.lineCount(); ++i)
+            widest = std::max(widest, m_layout.lineAt(i).horizontalAdvance());
+        m_naturalWidth = int(std::ceil(widest));
+    }
+    return *m_naturalWidth;
+}
+
+int TextBlock::lineCount(int width)
+{
+    const auto known = m_lineCounts.find(width);
+    if (known != m_lineCounts.end())
+        return known->second;
+    if (m_lineCounts.size() == rememberedWidths)
+        m_lineCounts.clear();
+    breakAt(width);
+    return m_lineCounts[width] = m_wholeLines + (m_cut ? 1 : 0);
+}
+
+std::vector<QString> TextBlock::lines(int width)
+{
+    breakAt(width);
+    std::vector<QString> lines;
+    lines.reserve(size_t(m_wholeLines) + 1);
+    for (int i = 0; i < m_wholeLines; ++i)
+        lines.push_back(shown(m_layout.lineAt(i), m_layout.text()));
+    if (m_cut)
+        lines.push_back(m_cut->text());
+    return lines;
+}
+
+void TextBlock::draw(QPainter &painter, const QRect &box, qreal share, int lineHeight, int lineGap)
+{
+    const int count = lineCount(box.width());
+    breakAt(box.width());
+    const int height = count * (lineHeight + lineGap) - lineGap;
+    qreal baseline =
+        std::round(box.top() + (box.height() - height) / 2.0 + QFontMetricsF(m_layout.font()).ascent());
+    for (int i = 0; i < count; ++i) {
+        const QTextLine line = i < m_wholeLines ? m_layout.lineAt(i) : m_cut->lineAt(0);
+        const qreal indent = share * (box.width() - line.horizontalAdvance());
+        line.draw(&painter, QPointF(box.left() + indent, baseline - line.ascent()));
+        baseline += lineHeight + lineGap;
+    }
+}
+
+void TextBlock::breakAt(int width)
+{
+    if (width == m_width)
+        return;
+    const bool fits = naturalWidth() <= width;
+    const qreal room = fits ? unlimited : m_flow.balanced ? balancedWidth(m_layout, width) : width;
+    createLines(m_layout, room, m_flow.maximumLines);
+    m_width = width;
+    m_wholeLines = m_layout.lineCount();
+    m_cut.reset();
+    if (m_flow.maximumLines > 0 && m_wholeLines > m_flow.maximumLines) {
+        m_wholeLines = m_flow.maximumLines - 1;
+        m_cut = cutShort(m_layout.lineAt(m_wholeLines).textStart(), width);
+    }
+}
+
+std::unique_ptr<QTextLayout> TextBlock::cutShort(qsizetype start, int width) const
+{
+    const QString rest = onOneLine(m_layout.text().mid(start)).remove(wordJoiner);
+    const QString shortened = QFontMetricsF(m_layout.font()).elidedText(rest, Qt::ElideMiddle, width);
+    auto line = std::make_unique<QTextLayout>(shortened, m_layout.font());
+    line->setTextOption(m_layout.textOption());
+    line->beginLayout();
+    line->createLine().setLineWidth(unlimited);
+    return line;
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "Foundation/Text.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <simdjson.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+/// Reading JSON as the agent's platform reads it: strict, in UTF-8, at most 512 containers deep. Names and
+/// texts are equal when they are canonically equivalent, and of equal names in an object the first wins.
+namespace Json
+{
+
+/// A value of a document, or the absence of one. Asking it for a type that it doesn't have gives nothing.
+/// Valid as long as its document.
+class Value
+{
+public:
+    Value() = default;
+    explicit Value(simdjson::dom::element element) : m_element(element) {}
+
+    bool isArray() const { return m_element && m_element->is_array(); }
+    bool isObject() const { return m_element && m_element->is_object(); }
+
+    /// Whether an optional member has no value: it is missing or null.
+    bool isAbsent() const { return !m_element || m_element->is_null(); }
+
+    std::optional<bool> boolean() const;
+    std::optional<QString> text() const;
+    std::optional<std::string_view> utf8() const; ///< the text, not decoded
+
+    /// A number whose value, rounded to a double, is a whole one from 0 to 4294967295, however it is spelled.
+    std::optional<std::uint32_t> uint32() const;
+
+    /// The member of an object.
+    Value operator[](std::string_view name) const;
+    Text::Map<Value> members() const;
+
+    std::size_t elementCount() const;
+    std::vector<Value> elements() const;
+
+private:
+    std::optional<simdjson::dom::element> m_element;
+};
+
+/// A document that is valid from its first byte to its last.
+class Document
+{
+public:
+    static std::optional<Document> parse(const QByteArray &bytes);
+
+    Value root() const;
+
+private:
+    explicit Document(std::unique_ptr<simdjson::dom::parser> parser);
+
+    std::unique_ptr<simdjson::dom::parser> m_parser;
+};
+
+} // namespace Json

@@ -1,0 +1,3 @@
+#include "Foundation/Observable.h"
+
+Observable::~Observable() = default;

@@ -1,0 +1,3 @@
+#include "Platform/Agent/ServiceManager.h"
+
+ServiceManager::~ServiceManager() = default;

@@ -1,8 +1,0 @@
-#include "Platform/Bundle.h"
-
-#include <QCoreApplication>
-
-Bundle Bundle::main()
-{
-    return installedBundle(QCoreApplication::applicationFilePath());
-}

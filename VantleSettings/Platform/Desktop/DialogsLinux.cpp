@@ -1,0 +1,85 @@
+#include "Platform/Desktop/Dialogs.h"
+#include "Platform/Desktop/detail/ConfirmationDialog.h"
+#include "Platform/Desktop/detail/DirectoryPortal.h"
+#include "Platform/Files/Home.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QPointer>
+#include <QSettings>
+
+namespace
+{
+
+/// Runs a dialog of its own until it is answered. False also when its window goes away meanwhile.
+bool accepted(const QPointer<QDialog> &dialog)
+{
+    return dialog->exec() == QDialog::Accepted && dialog;
+}
+
+/// The folder itself, or the nearest one above it that still exists.
+QString nearestExisting(QString folder)
+{
+    while (!QDir(folder).exists() && folder.lastIndexOf(u'/') > 0)
+        folder.truncate(folder.lastIndexOf(u'/'));
+    return folder;
+}
+
+/// The toolkit's dialog would keep a record of the folders it was in, in a file of its own in the home
+/// directory. Its settings, of which this program has no other use, are sent where nothing can be written.
+void keepNoRecord()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
+/// The toolkit's dialog, or the one that its theme for this desktop brings along.
+std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
+{
+    keepNoRecord();
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(QApplication::activeWindow(), question.title, question.start.value_or(QString()));
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setSupportedSchemes({QStringLiteral("file")}); // a desktop's dialog may offer the network, too
+    dialog->setLabelText(QFileDialog::Accept, question.prompt);
+    dialog->setAccessibleDescription(question.message);
+    QString folder;
+    if (accepted(dialog.data()))
+        folder = dialog->selectedFiles().value(0);
+    delete dialog;
+    return folder.startsWith(u'/') ? std::optional(folder) : std::nullopt;
+}
+
+class ModalDialogs : public Dialogs
+{
+public:
+    std::optional<QString> chooseDirectory(const DirectoryQuestion &question) override
+    {
+        DirectoryQuestion asked = question;
+        asked.start = nearestExisting(question.start.value_or(homeDirectory().value_or(QDir::rootPath())));
+        const auto answer =
+            DirectoryPortal(QDBusConnection::sessionBus()).ask(asked, QApplication::activeWindow());
+        if (answer.outcome == DirectoryPortal::Outcome::unavailable)
+            return chooseInOwnDialog(asked);
+        if (answer.outcome == DirectoryPortal::Outcome::cancelled || answer.folder.isEmpty())
+            return std::nullopt;
+        return answer.folder;
+    }
+
+    bool confirm(const Confirmation &confirmation) override
+    {
+        const QPointer<QDialog> dialog = new ConfirmationDialog(confirmation, QApplication::activeWindow());
+        const bool agreed = accepted(dialog);
+        delete dialog;
+        return agreed;
+    }
+};
+
+} // namespace
+
+Dialogs &Dialogs::system()
+{
+    static ModalDialogs dialogs;
+    return dialogs;
+}

@@ -1,0 +1,3 @@
+#include "Platform/Desktop/FontRegistry.h"
+
+FontRegistry::~FontRegistry() = default;

@@ -1,0 +1,66 @@
+#include "Platform/Desktop/FontRegistry.h"
+
+#include <QFontDatabase>
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <future>
+
+namespace
+{
+
+/// The toolkit's font database, which may be asked from any thread. It knows families and styles; by
+/// convention a PostScript name is both without blanks, joined by a hyphen.
+class QtFontRegistry : public FontRegistry
+{
+public:
+    // The first question makes the database read the system's font files and settings, which takes longer
+    // than any other part of a start: it is asked beside those.
+    void add(const QStringList &files) override
+    {
+#ifdef M_ARENA_MAX
+        mallopt(M_ARENA_MAX, 1); // a heap of its own would outlive the thread
+#endif
+        m_adding = std::async(std::launch::async, [files] {
+            for (const QString &file : files)
+                QFontDatabase::addApplicationFont(file);
+            QFontDatabase::families();
+        });
+    }
+
+    void finish() override
+    {
+        if (m_adding.valid())
+            m_adding.get();
+    }
+
+    bool has(const QString &postScriptName) override
+    {
+        finish();
+        const qsizetype hyphen = postScriptName.indexOf(u'-');
+        const QString family = postScriptName.left(hyphen);
+        const QString style = hyphen < 0 ? QStringLiteral("Regular") : postScriptName.mid(hyphen + 1);
+        const auto isSpelled = [](QString name, const QString &wanted) {
+            return name.remove(u' ') == wanted;
+        };
+        const QStringList families = QFontDatabase::families();
+        return std::ranges::any_of(families, [&](const QString &candidate) {
+            if (!isSpelled(candidate, family))
+                return false;
+            const QStringList styles = QFontDatabase::styles(candidate);
+            return std::ranges::any_of(styles, [&](const QString &s) { return isSpelled(s, style); });
+        });
+    }
+
+private:
+    std::future<void> m_adding;
+};
+
+} // namespace
+
+FontRegistry &FontRegistry::system()
+{
+    static QtFontRegistry registry;
+    return registry;
+}

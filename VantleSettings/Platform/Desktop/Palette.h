@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Foundation/SystemColor.h"
+
+#include <QColor>
+
+#include <functional>
+
+/// The system's colours and wishes about appearance, always for the dark look.
+
+/// A colour of the system's palette in its dark variant.
+QColor color(SystemColor name);
+
+/// The colour the user has chosen for selections and switches; blue where nobody can be asked.
+QColor accentColor();
+
+/// Whether the user wants less motion: nothing slides or fades then.
+bool reducedMotion();
+
+/// Whether the user wants more contrast: separators and secondary texts are stronger then.
+bool increasedContrast();
+
+/// Calls `changed` on the main thread each time one of the answers above has changed, for as long as the
+/// program runs. Until the first call the answers may be the defaults, because asking can take a while.
+void watchAppearance(std::function<void()> changed);

@@ -1,0 +1,100 @@
+#include "Platform/Desktop/detail/AppearancePortal.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr auto service = "org.freedesktop.portal.Desktop"_L1;
+constexpr auto path = "/org/freedesktop/portal/desktop"_L1;
+constexpr auto portal = "org.freedesktop.portal.Settings"_L1;
+constexpr auto general = "org.freedesktop.appearance"_L1;
+constexpr auto gnome = "org.gnome.desktop.interface"_L1;
+
+/// A colour as three numbers from 0 to 1; others say that there is none.
+std::optional<QColor> colorFrom(const QVariant &value)
+{
+    if (!value.canConvert<QDBusArgument>())
+        return {};
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != "(ddd)"_L1)
+        return {};
+    double red = -1;
+    double green = -1;
+    double blue = -1;
+    argument.beginStructure();
+    argument >> red >> green >> blue;
+    argument.endStructure();
+    const auto inRange = [](double part) { return part >= 0 && part <= 1; };
+    if (!inRange(red) || !inRange(green) || !inRange(blue))
+        return {};
+    return QColor::fromRgbF(float(red), float(green), float(blue));
+}
+
+bool isOne(const QVariant &value)
+{
+    return value.typeId() == QMetaType::UInt && value.toUInt() == 1;
+}
+
+} // namespace
+
+Appearance appearance(const PortalSettings &settings)
+{
+    const QVariantMap here = settings.value(general);
+    const QVariant animations = settings.value(gnome).value(u"enable-animations"_s);
+    const bool still = animations.typeId() == QMetaType::Bool && !animations.toBool();
+    return {.accent = colorFrom(here.value(u"accent-color"_s)),
+            .reducedMotion = still || isOne(here.value(u"reduced-motion"_s)),
+            .increasedContrast = isOne(here.value(u"contrast"_s))};
+}
+
+AppearancePortal::AppearancePortal(std::function<void(const Appearance &)> changed)
+    : m_changed(std::move(changed))
+{
+    qDBusRegisterMetaType<PortalSettings>();
+    qRegisterMetaType<QDBusVariant>(); // or the slot's parameter is unknown, and it is never called
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    bus.connect(service, path, portal, u"SettingChanged"_s, this,
+                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    readAll();
+}
+
+void AppearancePortal::readAll()
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(service, path, portal, u"ReadAll"_s);
+    question << QStringList{general, gnome};
+    auto *watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        const QDBusPendingReply<PortalSettings> reply = *watcher;
+        watcher->deleteLater();
+        if (reply.isError())
+            return;
+        m_settings = reply.value();
+        announce();
+    });
+}
+
+void AppearancePortal::settingChanged(const QString &group, const QString &name, const QDBusVariant &value)
+{
+    m_settings[group].insert(name, value.variant());
+    announce();
+}
+
+void AppearancePortal::announce()
+{
+    const Appearance now = appearance(m_settings);
+    if (std::exchange(m_announced, now) != now)
+        m_changed(now);
+}

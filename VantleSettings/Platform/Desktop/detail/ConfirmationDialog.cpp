@@ -1,0 +1,86 @@
+#include "Platform/Desktop/detail/ConfirmationDialog.h"
+
+#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Symbol.h"
+#include "Platform/Window/AccessibleRole.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int margin = 20;
+constexpr qreal iconPointSize = 30;
+constexpr int textWidth = 340;
+
+QLabel *icon(Confirmation::Style style, QWidget *parent)
+{
+    const bool critical = style == Confirmation::Style::critical;
+    const QIcon sign = symbolIcon(u"exclamationmark.triangle.fill"_s, iconPointSize,
+                                  color(critical ? SystemColor::red : SystemColor::yellow));
+    auto *label = new QLabel(parent);
+    const int extent = symbolExtent(iconPointSize);
+    label->setPixmap(sign.pixmap(QSize(extent, extent), parent->devicePixelRatio()));
+    markAsDecoration(label);
+    return label;
+}
+
+QLabel *paragraph(const QString &text, int pointSize, QFont::Weight weight, QWidget *parent)
+{
+    auto *label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    label->setWordWrap(true);
+    label->setFixedWidth(textWidth);
+    QFont font = label->font();
+    font.setPixelSize(pointSize);
+    font.setWeight(weight);
+    label->setFont(font);
+    return label;
+}
+
+} // namespace
+
+ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget *parent) : QDialog(parent)
+{
+    setWindowTitle(confirmation.message);
+    setAccessibleName(confirmation.message);
+    setAccessibleDescription(confirmation.informative);
+
+    auto *act = new QPushButton(confirmation.action, this);
+    auto *cancel = new QPushButton(u"Cancel"_s, this);
+    cancel->setAutoDefault(false); // Return is the action's wherever the focus is
+    act->setDefault(true);
+    act->setFocus();
+    connect(act, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(8);
+    texts->addWidget(paragraph(confirmation.message, 13, QFont::DemiBold, this));
+    texts->addWidget(paragraph(confirmation.informative, 12, QFont::Normal, this));
+    texts->addStretch();
+
+    auto *question = new QHBoxLayout;
+    question->setSpacing(16);
+    question->addWidget(icon(confirmation.style, this), 0, Qt::AlignTop);
+    question->addLayout(texts);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(act);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(margin);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addLayout(question);
+    layout->addLayout(buttons);
+}

@@ -1,0 +1,137 @@
+#include "Platform/Desktop/detail/DirectoryPortal.h"
+
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QDBusVariant>
+#include <QDialog>
+#include <QFile>
+#include <QGuiApplication>
+#include <QUrl>
+#include <QUuid>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr uint firstVersionWithDirectories = 3;
+constexpr int patience = 3000; // milliseconds for a portal that has to start first
+const auto service = u"org.freedesktop.portal.Desktop"_s;
+const auto object = u"/org/freedesktop/portal/desktop"_s;
+const auto fileChooser = u"org.freedesktop.portal.FileChooser"_s;
+const auto requestInterface = u"org.freedesktop.portal.Request"_s;
+
+/// How the portal names a window that its dialog shall stay above; empty where it can't be named.
+QString portalName(const QWidget *window)
+{
+    if (!window || QGuiApplication::platformName() != u"xcb")
+        return {};
+    return u"x11:"_s + QString::number(window->window()->winId(), 16);
+}
+
+/// The object path of a request, by the rule that lets one listen before asking.
+QString requestPath(const QDBusConnection &bus, const QString &token)
+{
+    return object + u"/request/"_s + bus.baseService().mid(1).replace(u'.', u'_') + u'/' + token;
+}
+
+} // namespace
+
+DirectoryPortal::DirectoryPortal(QDBusConnection bus) : m_bus(std::move(bus))
+{
+}
+
+DirectoryPortal::Answer DirectoryPortal::ask(const DirectoryQuestion &question, QWidget *parent)
+{
+    if (!m_bus.isConnected())
+        return {Outcome::unavailable};
+    m_question = question;
+    m_parentWindow = portalName(parent);
+    m_waiting = new QDialog(parent);
+    m_waiting->setAttribute(Qt::WA_DontShowOnScreen);
+    m_waiting->setWindowTitle(question.title);
+    askVersion();
+    m_waiting->exec();
+    delete m_waiting;
+    if (!m_answer)
+        closeDialog(); // the window has gone while the question was open
+    return m_answer.value_or(Answer{});
+}
+
+void DirectoryPortal::askVersion()
+{
+    auto call =
+        QDBusMessage::createMethodCall(service, object, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    call << fileChooser << u"version"_s;
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, patience), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        const QDBusPendingReply<QDBusVariant> version = *watcher;
+        if (version.isError() || version.value().variant().toUInt() < firstVersionWithDirectories)
+            finish({Outcome::unavailable});
+        else
+            openDialog();
+    });
+}
+
+void DirectoryPortal::openDialog()
+{
+    const QString token = u"vantle"_s + QUuid::createUuid().toString(QUuid::Id128);
+    QVariantMap options{{u"handle_token"_s, token},
+                        {u"accept_label"_s, m_question.prompt},
+                        {u"modal"_s, true},
+                        {u"directory"_s, true}};
+    if (m_question.start)
+        options.insert(u"current_folder"_s, QFile::encodeName(*m_question.start) + '\0');
+    listenTo(requestPath(m_bus, token));
+    // A portal that ends takes its dialog along, and the answer would never come.
+    auto *ending = new QDBusServiceWatcher(service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(ending, &QDBusServiceWatcher::serviceUnregistered, this,
+            [this] { finish({Outcome::unavailable}); });
+
+    auto call = QDBusMessage::createMethodCall(service, object, fileChooser, u"OpenFile"_s);
+    call << m_parentWindow << m_question.title << options;
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        const QDBusPendingReply<QDBusObjectPath> request = *watcher;
+        if (request.isError())
+            finish({Outcome::unavailable});
+        else if (request.value().path() != m_request)
+            listenTo(request.value().path());
+    });
+}
+
+void DirectoryPortal::listenTo(const QString &request)
+{
+    m_request = request;
+    m_bus.connect(service, request, requestInterface, u"Response"_s, this, SLOT(take(uint, QVariantMap)));
+}
+
+void DirectoryPortal::take(uint response, const QVariantMap &results)
+{
+    enum : uint { success, cancelled };
+    const QStringList uris = results.value(u"uris"_s).toStringList();
+    if (response == cancelled)
+        finish({Outcome::cancelled});
+    else if (response != success || uris.isEmpty())
+        finish({Outcome::unavailable});
+    else
+        finish({Outcome::chosen, QUrl(uris.constFirst()).toLocalFile()});
+}
+
+void DirectoryPortal::closeDialog()
+{
+    if (!m_request.isEmpty())
+        m_bus.send(QDBusMessage::createMethodCall(service, m_request, requestInterface, u"Close"_s));
+}
+
+void DirectoryPortal::finish(const Answer &answer)
+{
+    m_answer = answer;
+    if (m_waiting)
+        m_waiting->accept();
+}

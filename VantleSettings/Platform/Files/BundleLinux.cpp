@@ -1,0 +1,8 @@
+#include "Platform/Files/Bundle.h"
+
+#include <QCoreApplication>
+
+Bundle Bundle::main()
+{
+    return installedBundle(QCoreApplication::applicationFilePath());
+}

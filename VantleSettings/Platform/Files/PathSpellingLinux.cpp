@@ -1,0 +1,6 @@
+#include "Platform/Files/PathSpelling.h"
+
+QString systemSpelling(const QString &path)
+{
+    return path;
+}

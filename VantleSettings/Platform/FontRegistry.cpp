@@ -1,3 +1,0 @@
-#include "Platform/FontRegistry.h"
-
-FontRegistry::~FontRegistry() = default;

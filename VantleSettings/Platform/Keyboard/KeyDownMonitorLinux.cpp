@@ -1,0 +1,146 @@
+#include "Platform/Keyboard/KeyCodes.h"
+#include "Platform/Keyboard/KeyDownMonitor.h"
+#include "Platform/Keyboard/ModifierFlags.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodQueryEvent>
+#include <QKeyEvent>
+#include <QObject>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+#include <optional>
+#include <utility>
+
+namespace
+{
+
+// X and Wayland number keys as the kernel does, eight higher.
+constexpr std::uint32_t evdevOffset = 8;
+
+constexpr std::uint16_t escapeKeyCode = 53;
+
+/// Whether the layout makes a modifier or lock of the key; any key can be made one.
+bool isModifier(std::uint32_t keysym)
+{
+    const bool isPlain = keysym >= XKB_KEY_Shift_L && keysym <= XKB_KEY_Hyper_R;
+    const bool isOfExtension = keysym >= XKB_KEY_ISO_Lock && keysym <= XKB_KEY_ISO_Level5_Lock;
+    return isPlain || isOfExtension || keysym == XKB_KEY_Num_Lock || keysym == XKB_KEY_Mode_switch;
+}
+
+std::optional<std::uint32_t> keyCode(const QKeyEvent &event)
+{
+    // Where Caps Lock is made an Escape, it cancels like one.
+    if (event.nativeVirtualKey() == XKB_KEY_Escape)
+        return escapeKeyCode;
+    if (isModifier(event.nativeVirtualKey()) || event.nativeScanCode() < evdevOffset)
+        return std::nullopt;
+    return KeyCodes::virtualKeyCode(event.nativeScanCode() - evdevOffset);
+}
+
+/// Super stands for Command. Qt has looked up in the keymap which modifiers these are; AltGr, Caps Lock and
+/// Num Lock are none of them.
+std::uint32_t modifierFlags(Qt::KeyboardModifiers modifiers)
+{
+    std::uint32_t flags = 0;
+    if (modifiers & Qt::MetaModifier)
+        flags |= ModifierFlags::command;
+    if (modifiers & Qt::ShiftModifier)
+        flags |= ModifierFlags::shift;
+    if (modifiers & Qt::AltModifier)
+        flags |= ModifierFlags::option;
+    if (modifiers & Qt::ControlModifier)
+        flags |= ModifierFlags::control;
+    return flags;
+}
+
+} // namespace
+
+/// Sees every event of the application before its receiver does.
+class KeyDownMonitor::Tap : public QObject
+{
+public:
+    explicit Tap(Handler handler) : m_handler(std::move(handler))
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+        updateInputMethod();
+    }
+
+    ~Tap() override
+    {
+        QCoreApplication::instance()->removeEventFilter(this);
+        updateInputMethod();
+    }
+
+    Q_DISABLE_COPY_MOVE(Tap)
+
+    bool eventFilter(QObject *receiver, QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::ShortcutOverride: // accepted, it is no menu's: it comes again as a key press
+            event->accept();
+            return true;
+        case QEvent::KeyPress:
+            event->accept();
+            keyPressed(static_cast<const QKeyEvent &>(*event));
+            return true;
+        case QEvent::KeyRelease:
+            m_release = Release(static_cast<const QKeyEvent &>(*event));
+            return false;
+        case QEvent::InputMethod:
+            return true;
+        case QEvent::InputMethodQuery:
+            return refuseInputMethod(static_cast<QInputMethodQueryEvent &>(*event));
+        default:
+            return QObject::eventFilter(receiver, event);
+        }
+    }
+
+private:
+    struct Release {
+        Release() = default;
+        explicit Release(const QKeyEvent &event) : scanCode(event.nativeScanCode()), time(event.timestamp())
+        {
+        }
+        bool operator==(const Release &) const = default;
+
+        std::uint32_t scanCode = 0;
+        quint64 time = 0;
+    };
+
+    /// X repeats a held key as a release and a press of the same moment. Qt calls that a repeat only where it
+    /// finds both in its queue.
+    bool isRepeat(const QKeyEvent &event) const
+    {
+        return event.isAutoRepeat() || Release(event) == m_release;
+    }
+
+    void keyPressed(const QKeyEvent &event)
+    {
+        const auto code = keyCode(event);
+        if (!code)
+            return;
+        const Handler held = m_handler; // it may destroy this object
+        held({*code, modifierFlags(event.modifiers()), isRepeat(event)});
+    }
+
+    static bool refuseInputMethod(QInputMethodQueryEvent &query)
+    {
+        query.setValue(Qt::ImEnabled, false);
+        query.accept();
+        return true;
+    }
+
+    static void updateInputMethod() { QGuiApplication::inputMethod()->update(Qt::ImEnabled); }
+
+    Handler m_handler;
+    Release m_release; ///< the last one
+};
+
+KeyDownMonitor::KeyDownMonitor(Handler handler) : m_tap(std::make_unique<Tap>(std::move(handler)))
+{
+}
+
+KeyDownMonitor::~KeyDownMonitor() = default;

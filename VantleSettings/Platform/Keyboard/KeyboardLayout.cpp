@@ -1,0 +1,3 @@
+#include "Platform/Keyboard/KeyboardLayout.h"
+
+KeyboardLayout::~KeyboardLayout() = default;

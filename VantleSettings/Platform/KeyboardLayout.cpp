@@ -1,3 +1,0 @@
-#include "Platform/KeyboardLayout.h"
-
-KeyboardLayout::~KeyboardLayout() = default;

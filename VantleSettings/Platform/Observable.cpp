@@ -1,3 +1,0 @@
-#include "Platform/Observable.h"
-
-Observable::~Observable() = default;

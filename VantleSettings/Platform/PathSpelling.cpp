@@ -1,6 +1,0 @@
-#include "Platform/PathSpelling.h"
-
-QString systemSpelling(const QString &path)
-{
-    return path;
-}

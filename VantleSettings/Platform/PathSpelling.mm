@@ -1,5 +1,0 @@
-#include "Platform/PathSpelling.h"
-
-#include "Platform/Path.h"
-
-QString systemSpelling(const QString &path) { return Path::withoutPrivate(path); }

@@ -1,3 +1,0 @@
-#include "Platform/ServiceManager.h"
-
-ServiceManager::~ServiceManager() = default;

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Foundation/Observable.h"
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+/// What stands under a page's heading: groups, one below the other.
+class SectionContent : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SectionContent(QWidget *parent = nullptr);
+
+    /// Appends a group and owns it.
+    void add(QWidget *group);
+
+    /// Appends the groups that lie below the first view of the page, which is drawn before they are made.
+    virtual void addLowerGroups();
+
+    /// Calls `draw` now, on the next turn of the event loop after each announcement of `observed`, and
+    /// whenever the page comes into view, because what it shows of files, fonts and folders may have changed
+    /// meanwhile.
+    template <class Draw>
+    void renderPage(Observable &observed, Draw draw)
+    {
+        ::render(this, observed, draw);
+        connect(this, &SectionContent::shown, this, draw);
+    }
+
+Q_SIGNALS:
+    /// The page has come into view, or is about to for the first time.
+    void shown();
+    /// The page has gone out of view: another one was chosen, or the window closed.
+    void hidden();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    QVBoxLayout *m_groups;
+};
