@@ -6,7 +6,8 @@ logName() {
 }
 
 # step TITLE COMMAND…: runs the command with its output in build/log. A line shows the step's progress while it
-# takes long, and how it ended; a failed step shows the end of its output and ends the whole.
+# takes long, and how it ended. A step that ends with 77 was left out and says why; a failed one shows the end of its
+# output and ends the whole.
 step() {
     local title=$1 log started status=0
     shift
@@ -15,7 +16,9 @@ step() {
     started=$SECONDS
     "$@" >"$log" 2>&1 </dev/null &
     watchStep "$title" $! "$log" || status=$?
-    if [ "$status" != 0 ]; then
+    if [ "$status" = 77 ]; then
+        echo "– ${title%% (*} $(tail -n 1 "$log")"
+    elif [ "$status" != 0 ]; then
         echo "✗ ${title%% (*} ($((SECONDS - started)) s); the whole is in $log, its end:"
         tail -n "${STEP_TAIL:-40}" "$log"
         exit "$status"

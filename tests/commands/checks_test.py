@@ -1,0 +1,80 @@
+"""What the checks and the developer presets do where the tools of their version are not here: another version's are
+not taken, and the check says that it was left out. checks_test.py SOURCE"""
+
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+SOURCE = pathlib.Path(sys.argv[1])
+CMAKE = shutil.which("cmake")
+COMMANDS = ("bash", "dirname", "env", "git", "grep", "tr", "xargs")
+
+
+@contextlib.contextmanager
+def tools(said, commands=()):
+    """A folder for PATH with the given tools, each of which says what is asked of it for its version."""
+    with tempfile.TemporaryDirectory(prefix="vantle-checks-") as folder:
+        for command in commands:
+            pathlib.Path(folder, command).symlink_to(shutil.which(command))
+        for name, version in said.items():
+            tool = pathlib.Path(folder, name)
+            tool.write_text(f"#!/bin/sh\necho '{version}'\n")
+            tool.chmod(0o755)
+        yield folder
+
+
+def run(*command, path):
+    return subprocess.run([str(word) for word in command], env={**os.environ, "PATH": path, "CMAKE_PREFIX_PATH": ""},
+                          text=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+
+
+class PinnedTools(unittest.TestCase):
+    def test_a_check_is_left_out_where_only_another_version_is(self):
+        for check, tool in (("format", "clang-format"), ("lint", "clang-tidy")):
+            for here in ({}, {tool: f"Debian {tool} version 19.1.7"}, {f"{tool}-16": "no version"}):
+                with self.subTest(check=check, here=here), tools(here, COMMANDS) as path:
+                    done = run(SOURCE / "tools/check" / check, path=path)
+                    self.assertEqual((done.returncode, done.stdout), (77, f"left out: {tool} 16 is not here\n"))
+
+    def test_the_version_counts_and_not_the_name(self):
+        for name in ("clang-format", "clang-format-16"):
+            with self.subTest(name=name), tools({name: "Homebrew clang-format version 16.0.6"}, COMMANDS) as path:
+                self.assertEqual(run(SOURCE / "tools/check/format", path=path).returncode, 0)
+
+    def test_a_step_that_is_left_out_is_no_failure_and_says_so(self):
+        with tempfile.TemporaryDirectory(prefix="vantle-checks-") as folder:
+            done = subprocess.run(
+                ["bash", "-euc", f". {SOURCE}/tools/check/steps.sh; step Lint sh -c 'echo left out: no tool; exit 77'\n"
+                                 "echo then"],
+                cwd=folder, text=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        self.assertEqual((done.returncode, done.stdout), (0, "– Lint left out: no tool\nthen\n"))
+
+
+class Compiler(unittest.TestCase):
+    def chosen(self, **said):
+        with tools({name.replace("_", "-").replace("clang", "clang++"): text for name, text in said.items()}) as path:
+            probe = pathlib.Path(path, "probe.cmake")
+            probe.write_text(f'include("{SOURCE}/cmake/Clang.cmake")\n'
+                             'get_filename_component(name "${CMAKE_CXX_COMPILER}" NAME)\nmessage("chosen: ${name}")\n')
+            return run(CMAKE, "-P", probe, path=path).stdout
+
+    def test_is_the_newest_clang(self):
+        self.assertIn("chosen: clang++-19\n", self.chosen(
+            clang="Debian clang version 14.0.6", clang_16="Debian clang version 16.0.6",
+            clang_19="Debian clang version 19.1.7 (3)"))
+        self.assertIn("chosen: clang++\n", self.chosen(
+            clang="clang version 21.1.0 (Fedora 21.1.0-1)", clang_16="clang version 16.0.6"))
+
+    def test_is_none_that_is_too_old_or_of_another_numbering(self):
+        for said in ({}, {"clang": "Debian clang version 14.0.6"}, {"clang": "Apple clang version 17.0.0"}):
+            with self.subTest(said=said):
+                self.assertRegex(self.chosen(**said), r"No clang from 16 on is here")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
