@@ -41,7 +41,8 @@ protected:
         window.setCentralWidget(content);
         buildMainMenu(window);
         window.show();
-        QApplication::setActiveWindow(&window);
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         QGuiApplication::clipboard()->clear();
     }
 

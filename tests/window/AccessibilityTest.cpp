@@ -93,7 +93,8 @@ protected:
         controller = std::make_unique<SettingsWindowController>(GetParam().section, *model);
         window().resize(860, 2000); // all of the page at once
         controller->showWindow();
-        QApplication::setActiveWindow(&window());
+        window().activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
         settle();
     }
 
@@ -218,7 +219,8 @@ TEST(SidebarFocus, NoEntryIsHeardAsFocusedWhileTheKeyboardIsElsewhere)
     SettingsModel model;
     SettingsWindowController controller(SettingsSection::general, model);
     controller.showWindow();
-    QApplication::setActiveWindow(&controller.window());
+    controller.window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&controller.window()));
     Sidebar &sidebar = *controller.window().findChild<Sidebar *>();
     const auto heard = [&sidebar] {
         return QAccessible::queryAccessibleInterface(&sidebar)->child(0)->state();
