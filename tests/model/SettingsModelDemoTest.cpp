@@ -72,6 +72,8 @@ TEST_F(SettingsModelDemoTest, KeepsTheSamplePlanningRootWhateverIsChosen)
     const auto model = made();
     for (const auto &root :
          {std::optional(u"/elsewhere"_s), std::optional(u""_s), std::optional<QString>()}) {
+        model->planningRoot = std::nullopt;
+        model->planningProjects = std::vector<PlanningProject>{};
         model->setPlanningRoot(root);
         EXPECT_EQ(model->planningRoot.value(), u"/Users/demo/workspace/planning"_s);
         EXPECT_EQ(names(model->planningProjects), names(DemoData::planningProjects()));

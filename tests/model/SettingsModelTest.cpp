@@ -29,6 +29,20 @@ struct SettingsModelTest : testing::Test {
         world.takeRecord();
         return model;
     }
+
+    /// What `change` asks of the outside before each announcement of the model, and at the end since the
+    /// last.
+    template <class Change>
+    std::vector<std::vector<std::string>> askedBetweenAnnouncements(SettingsModel &model, Change change)
+    {
+        std::vector<std::vector<std::string>> records;
+        const auto connection = QObject::connect(&model, &Observable::objectWillChange,
+                                                 [&] { records.push_back(world.takeRecord()); });
+        change();
+        QObject::disconnect(connection);
+        records.push_back(world.takeRecord());
+        return records;
+    }
 };
 
 TEST_F(SettingsModelTest, IsMadeFromTheFilesInAFixedOrder)
@@ -104,6 +118,15 @@ TEST_F(SettingsModelTest, SettingTheTypefaceWritesItsFileThenTellsTheAgent)
                                                 "post http://127.0.0.1:18484/settings/reload-typeface"));
 }
 
+TEST_F(SettingsModelTest, TheTypefaceChangesBetweenItsSavingAndItsPost)
+{
+    const auto model = made();
+    EXPECT_THAT(askedBetweenAnnouncements(*model, [&] { model->setTypeface(TypefaceOption::system); }),
+                ElementsAre(ElementsAre("create directory ~/.vantle",
+                                        R"(write ~/.vantle/typeface.json { "name" : "system" })"),
+                            ElementsAre("post http://127.0.0.1:18484/settings/reload-typeface")));
+}
+
 TEST_F(SettingsModelTest, SettingTheCurrentTypefaceDoesNothing)
 {
     const auto model = made();
@@ -122,6 +145,17 @@ TEST_F(SettingsModelTest, SettingTheTerminalWritesItsFileThenTellsTheAgent)
                             "post http://127.0.0.1:18484/settings/reload-terminal-backend"));
 }
 
+TEST_F(SettingsModelTest, TheTerminalChangesBetweenItsSavingAndItsPost)
+{
+    const auto model = made();
+    EXPECT_THAT(
+        askedBetweenAnnouncements(*model,
+                                  [&] { model->setTerminalBackend(TerminalBackendOption::vantleTerm); }),
+        ElementsAre(ElementsAre("create directory ~/.vantle",
+                                R"(write ~/.vantle/terminal-backend.json { "backend" : "vantle-term" })"),
+                    ElementsAre("post http://127.0.0.1:18484/settings/reload-terminal-backend")));
+}
+
 TEST_F(SettingsModelTest, SettingTheCurrentTerminalDoesNothing)
 {
     const auto model = made();
@@ -138,6 +172,17 @@ TEST_F(SettingsModelTest, SettingThePlanningRootSavesReloadsAndThenTellsTheAgent
                                                 R"(write ~/.vantle/planning.json { "root" : "\/plan" })",
                                                 "read /plan/projects.toml",
                                                 "post http://127.0.0.1:18484/settings/reload-planning"));
+}
+
+TEST_F(SettingsModelTest, ThePlanningRootChangesBeforeItIsSavedAndItsProjectsBeforeThePost)
+{
+    const auto model = made();
+    EXPECT_THAT(askedBetweenAnnouncements(*model, [&] { model->setPlanningRoot(u"/plan"_s); }),
+                ElementsAre(IsEmpty(),
+                            ElementsAre("create directory ~/.vantle",
+                                        R"(write ~/.vantle/planning.json { "root" : "\/plan" })",
+                                        "read /plan/projects.toml"),
+                            ElementsAre("post http://127.0.0.1:18484/settings/reload-planning")));
 }
 
 TEST_F(SettingsModelTest, SettingThePlanningRootAgainSavesAgain)
@@ -195,6 +240,16 @@ TEST_F(SettingsModelTest, SavingPatternsWritesThemAndLeavesTheRowsAndTheAgentAlo
                             R"(write ~/.claude/browser-patterns.json { "\/a" : [ "y" ], "\/b" : [ "x" ] })"));
 }
 
+TEST_F(SettingsModelTest, PatternsAreSavedBeforeTheyAreCounted)
+{
+    const auto model = made();
+    EXPECT_THAT(askedBetweenAnnouncements(*model,
+                                          [&] {
+                                              model->saveBrowserPatterns({{u"/b"_s, {}}});
+                                          }),
+                ElementsAre(testing::SizeIs(2), IsEmpty()));
+}
+
 TEST_F(SettingsModelTest, SavingNoPatternsWritesAnEmptyObject)
 {
     const auto model = made();
@@ -232,6 +287,17 @@ TEST_F(SettingsModelTest, ClearingThePatternsRemovesTheFileAndEmptiesEveryRow)
     }
 }
 
+TEST_F(SettingsModelTest, ThePatternsFileIsRemovedBeforeTheCountAndThenTheRowsChange)
+{
+    const auto model = made();
+    std::vector<std::int64_t> counts;
+    QObject::connect(model.get(), &Observable::objectWillChange,
+                     [&] { counts.push_back(model->browserPatternsCount); });
+    EXPECT_THAT(askedBetweenAnnouncements(*model, [&] { model->clearBrowserPatterns(); }),
+                ElementsAre(ElementsAre("remove ~/.claude/browser-patterns.json"), IsEmpty(), IsEmpty()));
+    EXPECT_THAT(counts, ElementsAre(1, 0));
+}
+
 TEST_F(SettingsModelTest, RebindingAShortcutSavesAllTellsTheAgentAndAnnouncesItself)
 {
     const auto model = made();
@@ -250,6 +316,15 @@ TEST_F(SettingsModelTest, RebindingAShortcutSavesAllTellsTheAgentAndAnnouncesIts
                     R"("modifiers" : 768 }, "focusPrevious" : { "keyCode" : 40, "modifiers" : 768 }, )"
                     R"("openPlan" : { "keyCode" : 35, "modifiers" : 4352 } })",
                     "post http://127.0.0.1:18484/settings/reload-shortcuts"));
+}
+
+TEST_F(SettingsModelTest, RebindingAShortcutToWhatItHasSavesAndTellsTheAgentAllTheSame)
+{
+    const auto model = made();
+    const auto rebind = [&] {
+        model->rebindShortcut(ShortcutAction::openPlan, defaultCombo(ShortcutAction::openPlan));
+    };
+    EXPECT_THAT(askedBetweenAnnouncements(*model, rebind), ElementsAre(testing::SizeIs(3), IsEmpty()));
 }
 
 TEST_F(SettingsModelTest, TwoShortcutsMayShareAKey)

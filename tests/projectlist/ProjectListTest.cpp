@@ -63,6 +63,15 @@ TEST(ProjectList, FoldersThatDifferInCaseOnlyKeepTheirOrder)
     EXPECT_EQ(rootsOf(BrowserPatterns()), (QStringList{u"/2/app"_s, u"/1/App"_s, u"/3/APP"_s}));
 }
 
+TEST(ProjectList, ManyFoldersOfOneNameKeepTheirOrder)
+{
+    QStringList roots;
+    for (int i = 40; i > 0; --i)
+        roots.append(u"/%1/app"_s.arg(i));
+    putRegistry(roots);
+    EXPECT_EQ(rootsOf(BrowserPatterns()), roots);
+}
+
 TEST(ProjectList, RootsWithPatternsComeBeforeOthersOfTheSameName)
 {
     putRegistry({u"/1/app"_s});
