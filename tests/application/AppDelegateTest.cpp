@@ -1,6 +1,8 @@
 #include "AppDelegate/SettingsAppDelegate.h"
 #include "FakeFonts.h"
 #include "Finding.h"
+#include "FontRegistration/FontRegistration.h"
+#include "HomeFiles.h"
 #include "OutsideWorld.h"
 #include "SettingsWindow/SettingsWindowController.h"
 #include "SettingsWindow/Sidebar.h"
@@ -75,6 +77,17 @@ TEST_F(AppDelegate, AskedForAgainItLeavesAVisibleWindowAlone)
     EXPECT_TRUE(delegate.applicationShouldHandleReopen(true));
     settle();
     EXPECT_TRUE(delegate.controller()->window().isMinimized());
+}
+
+TEST(AppDelegateStart, WithoutAnyFontFileTheWindowOpensAllTheSame)
+{
+    FontRegistration::registerFonts({homePath(u"no/such/folder"_s)}, FontRegistry::system());
+    const OutsideWorld world;
+    SettingsAppDelegate delegate;
+    delegate.applicationDidFinishLaunching();
+    settle();
+    EXPECT_TRUE(delegate.controller()->window().isVisible());
+    EXPECT_FALSE(delegate.controller()->window().grab().isNull());
 }
 
 } // namespace

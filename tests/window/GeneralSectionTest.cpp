@@ -272,6 +272,17 @@ TEST_F(GeneralPage, RecordingModeChangesBetweenItsSavingAndItsPost)
     EXPECT_EQ(beforeTheChange.size(), 2);
 }
 
+TEST_F(GeneralPage, AutomaticUpdatesChangeOnceTheyAreSaved)
+{
+    ShownPage page(world);
+    std::vector<std::string> beforeTheChange;
+    QObject::connect(&page.model, &Observable::objectWillChange,
+                     [&] { beforeTheChange = world.takeRecord(); });
+    EXPECT_THAT(page.click(page.updates()), IsEmpty());
+    EXPECT_THAT(beforeTheChange, ElementsAre("read ~/.vantle/updates.json", "create directory ~/.vantle",
+                                             R"(write ~/.vantle/updates.json { "automatic" : false })"));
+}
+
 TEST_F(GeneralPage, AskingForWhatIsSetDoesNothing)
 {
     ShownPage page(world);

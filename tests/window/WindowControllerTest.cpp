@@ -139,9 +139,35 @@ TEST_F(WindowController, ComesBackFromBeingMinimised)
     EXPECT_TRUE(controller.isVisible());
 }
 
+TEST_F(WindowController, ShownAgainItComesBeforeOtherWindowsAndGetsTheKeys)
+{
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    controller.showWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
 TEST_F(WindowController, GivesTheKeysToTheSidebarAtFirst)
 {
     EXPECT_EQ(window.focusWidget(), window.findChild<Sidebar *>());
+}
+
+TEST(WindowControllerStart, OpensWithTheFrameThatItWasClosedWith)
+{
+    const OutsideWorld world;
+    const FakeFonts fonts;
+    SettingsModel model;
+    const QRect frame(30, 20, 790, 550);
+    {
+        const SettingsWindowController controller(SettingsSection::general, model);
+        controller.window().setGeometry(frame);
+        controller.window().show();
+        controller.window().close();
+    }
+    const SettingsWindowController controller(SettingsSection::general, model);
+    EXPECT_EQ(controller.window().geometry(), frame);
 }
 
 TEST(WindowControllerStart, SelectsItsInitialSection)
