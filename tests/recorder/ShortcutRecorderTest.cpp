@@ -1,5 +1,6 @@
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
+#include "Components/Tokens.h"
 #include "Foundation/Seam.h"
 #include "KeyPresses.h"
 #include "Platform/Desktop/Palette.h"
@@ -187,6 +188,15 @@ QColor middleOfLeftEdge(QWidget &widget)
 {
     const QImage image = widget.grab().toImage();
     return image.pixelColor(4, image.height() / 2);
+}
+
+TEST(ShortcutRecorder, StandsOn55HundredthsOfTheQuaternaryFillWhileIdle)
+{
+    const RecorderWindow window;
+    QImage image(window.recorder->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    window.recorder->render(&image, {}, {}, QWidget::DrawChildren);
+    EXPECT_NEAR(image.pixelColor(4, image.height() / 2).alpha(), Tokens::quaternaryFill.alpha() * 0.55, 1);
 }
 
 TEST(ShortcutRecorder, ChangesOverToTheAccentColour)

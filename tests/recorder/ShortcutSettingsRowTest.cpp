@@ -155,6 +155,29 @@ TEST_F(ShortcutRows, TwoActionsMayShareACombo)
     EXPECT_EQ(recorder(second).accessibleDescription(), u"⇧⌘K"_s);
 }
 
+TEST_F(ShortcutRows, ShowWhatTheBindingsAnnounceThemselves)
+{
+    SettingsModel &settings = model();
+    ShortcutSettingsRow row(ShortcutAction::focusLast, settings);
+    settings.shortcuts().bindings.modify([](Shortcuts::Bindings &bindings) {
+        bindings[ShortcutAction::focusLast] = {0, 256};
+    });
+    turnEventLoop();
+    EXPECT_EQ(recorder(row).accessibleDescription(), u"⌘A"_s);
+}
+
+TEST_F(ShortcutRows, AreDrawnAgainWhenTheModelAnnouncesAChange)
+{
+    OneText layout;
+    const Seam<KeyboardLayout>::Replacement replacement(layout);
+    SettingsModel &settings = model();
+    ShortcutSettingsRow row(ShortcutAction::focusLast, settings);
+    layout.text = u"y"_s;
+    Q_EMIT settings.objectWillChange();
+    turnEventLoop();
+    EXPECT_EQ(recorder(row).accessibleDescription(), u"⇧⌘Y"_s);
+}
+
 TEST_F(ShortcutRows, ShowAndKeepAKeyCodeThatNoKeyHas)
 {
     SettingsModel &settings = model(R"({"openPlan": {"keyCode": 65536, "modifiers": 0}})");
@@ -207,6 +230,24 @@ TEST_F(ShortcutRows, ResetAllWritesAndPostsThreeTimesAlsoAtTheDefaults)
         EXPECT_EQ(announcements.size(), 3);
         EXPECT_EQ(settings.shortcuts().bindings.value(), Shortcuts::defaults());
     }
+}
+
+TEST_F(ShortcutRows, ResetAllGoesThroughTheActionsInTheirOrder)
+{
+    SettingsModel &settings = model(R"({"focusLast": {"keyCode": 0, "modifiers": 256},
+                                        "focusPrevious": {"keyCode": 0, "modifiers": 256},
+                                        "openPlan": {"keyCode": 0, "modifiers": 256}})");
+    ShortcutsGroup group(settings);
+    std::vector<Shortcuts::Bindings> announced;
+    QObject::connect(&settings, &Observable::objectWillChange, &group,
+                     [&] { announced.push_back(settings.shortcuts().bindings); });
+    group.findChild<LinkButton *>()->click();
+    Shortcuts::Bindings expected = Shortcuts::defaults();
+    expected[ShortcutAction::openPlan] = {0, 256};
+    ASSERT_EQ(announced.size(), 3);
+    EXPECT_EQ(announced[1], expected);
+    expected[ShortcutAction::focusPrevious] = {0, 256};
+    EXPECT_EQ(announced[0], expected);
 }
 
 } // namespace
