@@ -1,4 +1,5 @@
 #include "Components/Painting.h"
+#include "Components/SettingsRow.h"
 #include "Components/Tokens.h"
 #include "LookTest.h"
 #include "Platform/Desktop/Palette.h"
@@ -118,6 +119,35 @@ TEST_F(DrawingTest, AHairlineIsOneDevicePixelAtEveryScale)
         drawVerticalHairline(painter, QRectF(7, 0, 1, 20), Qt::white);
         painter.end();
         EXPECT_EQ(painted(image).width(), 1) << scale;
+    }
+}
+
+TEST_F(DrawingTest, ACardHasAnInnerStrokeOfHalfTheSeparatorsOpacity)
+{
+    for (const qreal scale : {1.0, 2.0}) {
+        QImage image = canvas(60, scale);
+        QPainter painter(&image);
+        drawCard(painter, QRectF(0, 0, 60, 60));
+        painter.end();
+        const int middle = image.width() / 2;
+        const int stroke = qRound(0x1C + (255 - 0x1C) * 0.06);
+        EXPECT_NEAR(image.pixelColor(middle, 0).red(), stroke, 2) << scale;
+        EXPECT_NEAR(image.pixelColor(0, middle).red(), stroke, 2) << scale;
+        EXPECT_EQ(image.pixelColor(middle, 1), QColor(0x1C, 0x1C, 0x1E)) << scale;
+    }
+}
+
+TEST_F(DrawingTest, ADividerIsALineThatStartsWhereTheTextsDo)
+{
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        SettingsRowDivider divider;
+        divider.setLayoutDirection(direction);
+        show(divider, {200, 1});
+        QImage image(200, 1, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        divider.render(&image, {}, {}, QWidget::DrawChildren);
+        EXPECT_EQ(painted(image), QRect(direction == Qt::LeftToRight ? 50 : 0, 0, 150, 1));
+        EXPECT_NEAR(image.pixelColor(100, 0).alpha(), 255 * 0.12, 1);
     }
 }
 

@@ -45,6 +45,23 @@ protected:
     }
 };
 
+TEST_F(BrowserPatternsSectionTest, AnEditorStandsOnAFillWhoseCornersHaveARadiusOfSix)
+{
+    putHomeFile(patternsFile, R"({"/work/app": ["a.com/*"]})");
+    show<BrowserPatternsSection>();
+    turn();
+    QWidget &background = *editor(u"/work/app"_s)->parentWidget();
+    QImage picture(background.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    background.render(&picture, {}, {}, {});
+    // A corner of radius 6 crosses the diagonal at 1.8 points: in the second pixel, and not in the third.
+    const int whole = picture.pixelColor(picture.width() / 2, 2).alpha();
+    EXPECT_NEAR(whole, 255 * 0.05, 1);
+    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
+    EXPECT_LT(picture.pixelColor(1, 1).alpha(), whole);
+    EXPECT_EQ(picture.pixelColor(2, 2).alpha(), whole);
+}
+
 TEST_F(BrowserPatternsSectionTest, WithoutProjectsItSaysWhyAndThereIsNothingToSave)
 {
     show<BrowserPatternsSection>();

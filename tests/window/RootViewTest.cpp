@@ -155,6 +155,15 @@ TEST_F(RootView, ThePageFillsTheWidthBetweenItsPaddings)
     EXPECT_EQ(shownPane()->viewport()->width() - left - content->width(), 32);
 }
 
+TEST_F(RootView, ThePageEndsWithItsPaddingBelowItsContent)
+{
+    view.findChild<SectionContent *>()->addLowerGroups();
+    settle();
+    const QWidget &page = *shownPane()->widget();
+    ASSERT_GT(page.height(), shownPane()->viewport()->height());
+    EXPECT_EQ(page.height() - shownPane()->content()->geometry().bottom() - 1, 32);
+}
+
 TEST_F(RootView, NothingMakesItWiderThanTheLeastWindow)
 {
     for (const SettingsSection section : allSettingsSections) {
@@ -181,6 +190,27 @@ TEST(DetailHero, ALongSubtitleWrapsWithinItsWidthAndIsShownWhole)
     EXPECT_LE(purpose->geometry().bottom(), hero.height() - 4);
 }
 
+/// The opacity, from 0 to 255, of what a heading draws beside its tile, this far out of the shadow's disc.
+int shadowBesideTheTile(int distance)
+{
+    constexpr int tileRadius = 37;
+    constexpr int shadowMiddle = 24 + 8 + tileRadius + 4;
+    DetailHero hero(SettingsSection::data);
+    hero.resize(801, hero.heightForWidth(801));
+    QImage picture(hero.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    hero.render(&picture, {}, {}, QWidget::DrawChildren);
+    return picture.pixelColor(400 + tileRadius + distance, shadowMiddle).alpha();
+}
+
+TEST(DetailHero, ItsTileCastsAShadowOf35HundredthsBlurredBy10)
+{
+    // The share of a blurred edge that lies beyond one and two of its radii.
+    EXPECT_NEAR(shadowBesideTheTile(10), 255 * 0.35 * 0.1587, 1.5);
+    EXPECT_NEAR(shadowBesideTheTile(20), 255 * 0.35 * 0.0228, 1);
+    EXPECT_EQ(shadowBesideTheTile(30), 0);
+}
+
 TEST(SectionPane, ScrollsByThePageKeysThatNoControlNeeds)
 {
     auto *content = new SectionContent;
@@ -191,6 +221,7 @@ TEST(SectionPane, ScrollsByThePageKeysThatNoControlNeeds)
     pane.resize(600, 500);
     pane.show();
     settle();
+    EXPECT_TRUE(pane.verticalScrollBar()->isVisible());
     QTest::keyClick(content, Qt::Key_PageDown);
     EXPECT_GT(pane.verticalScrollBar()->value(), 300);
     QTest::keyClick(content, Qt::Key_End);
