@@ -4,18 +4,14 @@
 #include "Components/Label.h"
 #include "Components/Picker.h"
 #include "Components/Switch.h"
-#include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
-#include "Platform/Desktop/detail/ConfirmationDialog.h"
 #include "SampleDesk.h"
-#include "SettingsWindow/Sections/DataSection.h"
 #include "SettingsWindow/SettingsRootView.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QPushButton>
 
 #include <functional>
 
@@ -230,37 +226,6 @@ void hostileNames(SampleDesk &desk)
                  filling + "\":[\"" + filling + "\"]}");
 }
 
-/// Keeps what the page asks instead of showing it.
-struct AskedQuestion final : Dialogs {
-    std::optional<QString> chooseDirectory(const DirectoryQuestion &) override { return std::nullopt; }
-    bool confirm(const Confirmation &confirmation) override
-    {
-        question = confirmation;
-        return false;
-    }
-    Confirmation question;
-};
-
-/// The question that this button of the Data & Privacy page asks.
-Confirmation questionBehind(const QString &button)
-{
-    SampleDesk desk;
-    SettingsModel model;
-    DataSection page(model);
-    AskedQuestion asked;
-    const Seam<Dialogs>::Replacement replacement(asked);
-    for (QPushButton *each : page.findChildren<QPushButton *>()) {
-        if (each->accessibleName() == button)
-            each->click();
-    }
-    return asked.question;
-}
-
-Screenshot dialog(const QString &name, const QString &button)
-{
-    return {name, {}, [=] { return std::make_unique<ConfirmationDialog>(questionBehind(button)); }};
-}
-
 } // namespace
 
 std::vector<Screenshot> pageScreenshots()
@@ -295,8 +260,5 @@ std::vector<Screenshot> pageScreenshots()
         curious(window(u"browser-hostile"_s, browser, hostileNames, {860, 1000})),
         window(u"data"_s, SettingsSection::data, somePatterns),
         window(u"about"_s, SettingsSection::about, nothing),
-        dialog(u"dialog-clear-sessions"_s, u"Clear Sessions…"_s),
-        dialog(u"dialog-clear-patterns"_s, u"Clear Browser Patterns…"_s),
-        dialog(u"dialog-uninstall-hooks"_s, u"Uninstall Hooks…"_s),
     };
 }

@@ -2,5 +2,5 @@
 
 #include "Screenshots.h"
 
-/// Each page of the window in each state worth looking at, and the questions it asks.
+/// Each page of the window in each state worth looking at.
 std::vector<Screenshot> pageScreenshots();

@@ -1,5 +1,6 @@
 #include "Screenshots.h"
 
+#include "Alerts.h"
 #include "Components/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
@@ -58,8 +59,8 @@ std::vector<Screenshot> allScreenshots()
         {u"components"_s, {720, 1260}, [] { return owned(makeGallery()); }},
         {u"symbols"_s, {760, 896}, [] { return owned(makeSymbolSheet()); }},
     };
-    for (const Screenshot &screenshot : pageScreenshots())
-        all.push_back(screenshot);
+    for (const auto &part : {pageScreenshots(), alertScreenshots()})
+        all.insert(all.end(), part.begin(), part.end());
     return all;
 }
 

@@ -1,0 +1,2 @@
+add_library(GTest::gtest INTERFACE IMPORTED)
+add_library(GTest::gmock INTERFACE IMPORTED)

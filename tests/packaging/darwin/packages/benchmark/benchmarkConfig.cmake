@@ -1,0 +1,1 @@
+add_library(benchmark::benchmark INTERFACE IMPORTED)

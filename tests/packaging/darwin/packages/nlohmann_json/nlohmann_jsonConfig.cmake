@@ -1,0 +1,1 @@
+add_library(nlohmann_json::nlohmann_json INTERFACE IMPORTED)

@@ -1,0 +1,6 @@
+#include "Alerts.h"
+
+std::vector<Screenshot> alertScreenshots()
+{
+    return {};
+}
