@@ -49,7 +49,12 @@ endif()
 
 install(TARGETS vantle-settings BUNDLE DESTINATION .)
 
-# An installed bundle carries the toolkit, and because that changes it, an ad-hoc signature of its own.
+set(VANTLE_SIGNING_IDENTITY "" CACHE STRING
+    "Whose certificate signs the bundle, as `security find-identity` names it; ad hoc where none is named")
+set(VANTLE_NOTARY_PROFILE "" CACHE STRING
+    "The name under which `xcrun notarytool store-credentials` keeps the credentials; none: nothing is notarised")
+
+# An installed bundle carries the toolkit. That decides which macOS it needs, and changes what is signed.
 if(CMAKE_HOST_APPLE)
     # The script that the toolkit would write takes the blank in the name for the end of it.
     set(deploy ${CMAKE_CURRENT_BINARY_DIR}/deploy.cmake)
@@ -57,9 +62,8 @@ if(CMAKE_HOST_APPLE)
 qt6_deploy_runtime_dependencies(EXECUTABLE \"Vantle Settings.app\")
 ")
     install(SCRIPT ${deploy})
-    install(CODE [[
-        set(bundle "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/Vantle Settings.app")
-        execute_process(COMMAND codesign --force --deep --sign - "${bundle}" COMMAND_ERROR_IS_FATAL ANY)
-        execute_process(COMMAND codesign --verify --deep --strict "${bundle}" COMMAND_ERROR_IS_FATAL ANY)
-    ]])
+    install(CODE [[set(BUNDLE "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/Vantle Settings.app")]])
+    install(CODE "set(IDENTITY \"${VANTLE_SIGNING_IDENTITY}\")")
+    install(SCRIPT ${CMAKE_CURRENT_SOURCE_DIR}/macos/MinimumSystem.cmake)
+    install(SCRIPT ${CMAKE_CURRENT_SOURCE_DIR}/macos/Sign.cmake)
 endif()
