@@ -16,6 +16,9 @@ class EditMenu : public QMenu
 public:
     explicit EditMenu(QWidget *parent = nullptr);
 
+    QAction *undoItem() const { return m_undo; }
+    QAction *redoItem() const { return m_redo; }
+
 private:
     void follow(QWidget *focused);
     void watch(QPlainTextEdit *editor);

@@ -20,10 +20,9 @@ QAction *addItem(QMenu &menu, const QString &title, const QKeySequence &key = {}
     return item;
 }
 
-ApplicationMenuItems addApplicationMenu(QMenuBar &bar, QMainWindow &window)
+void addApplicationMenu(QMenuBar &bar, QMainWindow &window, StandardMenuItems &items)
 {
     QMenu &menu = *bar.addMenu(u"Vantle Settings"_s);
-    ApplicationMenuItems items;
     items.about = addItem(menu, u"About Vantle Settings"_s);
     menu.addSeparator();
     items.hide = addItem(menu, u"Hide Vantle Settings"_s, Qt::CTRL | Qt::Key_H);
@@ -33,16 +32,15 @@ ApplicationMenuItems addApplicationMenu(QMenuBar &bar, QMainWindow &window)
     items.quit = addItem(menu, u"Quit Vantle Settings"_s, Qt::CTRL | Qt::Key_Q);
     QObject::connect(items.about, &QAction::triggered, &window, [&window] { showAboutPanel(window); });
     QObject::connect(items.quit, &QAction::triggered, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
-    return items;
 }
 
-QMenu &addWindowMenu(QMenuBar &bar, QMainWindow &window)
+QMenu &addWindowMenu(QMenuBar &bar, QMainWindow &window, StandardMenuItems &items)
 {
     QMenu &menu = *bar.addMenu(u"Window"_s);
-    const QAction *minimize = addItem(menu, u"Minimize"_s, Qt::CTRL | Qt::Key_M);
-    const QAction *close = addItem(menu, u"Close"_s, Qt::CTRL | Qt::Key_W);
-    QObject::connect(minimize, &QAction::triggered, &window, &QWidget::showMinimized);
-    QObject::connect(close, &QAction::triggered, &window, &QWidget::close, Qt::QueuedConnection);
+    items.minimize = addItem(menu, u"Minimize"_s, Qt::CTRL | Qt::Key_M);
+    items.close = addItem(menu, u"Close"_s, Qt::CTRL | Qt::Key_W);
+    QObject::connect(items.minimize, &QAction::triggered, &window, &QWidget::showMinimized);
+    QObject::connect(items.close, &QAction::triggered, &window, &QWidget::close, Qt::QueuedConnection);
     return menu;
 }
 
@@ -51,7 +49,12 @@ QMenu &addWindowMenu(QMenuBar &bar, QMainWindow &window)
 void buildMainMenu(QMainWindow &window)
 {
     QMenuBar &bar = *window.menuBar();
-    const ApplicationMenuItems items = addApplicationMenu(bar, window);
-    bar.addMenu(new EditMenu(&bar));
-    adoptMenuBar(bar, items, addWindowMenu(bar, window));
+    StandardMenuItems items;
+    addApplicationMenu(bar, window, items);
+    auto *edit = new EditMenu(&bar);
+    items.undo = edit->undoItem();
+    items.redo = edit->redoItem();
+    bar.addMenu(edit);
+    QMenu &windowMenu = addWindowMenu(bar, window, items);
+    adoptMenuBar(bar, items, *edit, windowMenu);
 }

@@ -1,8 +1,10 @@
 #include "Platform/Window/ApplicationMenu.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QWindow>
 
 #import <AppKit/AppKit.h>
 #import <CoreServices/CoreServices.h>
@@ -28,15 +30,61 @@
 }
 @end
 
+namespace
+{
+
+/// Puts an item of the system's own into a menu. Its action goes along the responder chain: to the panel,
+/// alert or sheet that has the keyboard, else to the window. The toolkit's items always act on our window.
+NSMenuItem *insertStandardItem(QMenu &menu, NSInteger place, NSString *title, SEL action, NSString *key)
+{
+    NSMenuItem *item = [[NSMenuItem alloc] initWithTitle:title action:action keyEquivalent:key];
+    [menu.toNSMenu() insertItem:item atIndex:place];
+    return item;
+}
+
+/// Window items are the system's alone; the toolkit would set the action of its own anew with each change.
+void useStandardWindowItems(const StandardMenuItems &items, QMenu &windowMenu)
+{
+    items.minimize->setVisible(false);
+    items.close->setVisible(false);
+    insertStandardItem(windowMenu, 0, @"Minimize", @selector(performMiniaturize:), @"m");
+    insertStandardItem(windowMenu, 1, @"Close", @selector(performClose:), @"w");
+}
+
+/// Undo and redo are ours while our window has the keyboard, whose editors the responder chain doesn't know,
+/// and the system's while one of its panels has it.
+void useStandardUndoInPanels(const StandardMenuItems &items, QMenu &editMenu)
+{
+    NSMenuItem *undo = insertStandardItem(editMenu, 0, @"Undo", @selector(undo:), @"z");
+    NSMenuItem *redo = insertStandardItem(editMenu, 1, @"Redo", @selector(redo:), @"z");
+    redo.keyEquivalentModifierMask = NSEventModifierFlagShift | NSEventModifierFlagCommand;
+    const auto show = [=](bool ours) {
+        items.undo->setVisible(ours);
+        items.redo->setVisible(ours);
+        undo.hidden = ours;
+        redo.hidden = ours;
+    };
+    show(true);
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &editMenu,
+                     [show](const QWindow *window) { show(window != nullptr); });
+}
+
+} // namespace
+
 // The toolkit moves the items with a role into the application menu and adds hiding, hiding others and
-// showing all there itself, so those of ours would stand there twice. Undo, cut and the like reach the
-// focused editor by the toolkit's own way from key equivalents to standard actions.
-void adoptMenuBar(QMenuBar &, const ApplicationMenuItems &items, QMenu &windowMenu)
+// showing all there itself, so those of ours would stand there twice. Cut, copy, paste and select all reach
+// the focused editor, or the field of a panel, by the toolkit's own way from their titles to standard
+// actions.
+void adoptMenuBar(QMenuBar &, const StandardMenuItems &items, QMenu &editMenu, QMenu &windowMenu)
 {
     items.about->setMenuRole(QAction::AboutRole);
     items.quit->setMenuRole(QAction::QuitRole);
     for (QAction *item : {items.hide, items.hideOthers, items.showAll})
         item->setVisible(false);
+    if (windowMenu.toNSMenu() == nil)
+        return; // the menus aren't the system's, as in tests that draw without a screen
+    useStandardWindowItems(items, windowMenu);
+    useStandardUndoInPanels(items, editMenu);
     NSApp.windowsMenu = windowMenu.toNSMenu();
 }
 

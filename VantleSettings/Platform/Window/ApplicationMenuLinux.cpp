@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-void adoptMenuBar(QMenuBar &bar, const ApplicationMenuItems &items, QMenu &)
+void adoptMenuBar(QMenuBar &bar, const StandardMenuItems &items, QMenu &, QMenu &)
 {
     bar.setNativeMenuBar(false);
     for (QAction *item : {items.hide, items.hideOthers, items.showAll})
