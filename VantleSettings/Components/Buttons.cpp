@@ -3,7 +3,6 @@
 #include "Components/Painting.h"
 #include "Components/Tokens.h"
 #include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/Symbol.h"
 
 #include <QPainter>
 #include <QShortcut>
@@ -37,8 +36,8 @@ PushButton::PushButton(const QString &text, Size size, QWidget *parent)
     setAttribute(size == Size::small ? Qt::WA_MacSmallSize : Qt::WA_MacNormalSize);
 }
 
-IconButton::IconButton(QString symbol, const QString &toolTip, qreal pointSize, QWidget *parent)
-    : QPushButton(parent), m_symbol(std::move(symbol)), m_pointSize(pointSize)
+IconButton::IconButton(Symbol symbol, const QString &toolTip, QWidget *parent)
+    : QPushButton(parent), m_symbol(std::move(symbol))
 {
     setFixedSize(Tokens::iconTile, Tokens::iconTile);
     setFlat(true);
@@ -59,7 +58,7 @@ void IconButton::paintEvent(QPaintEvent *)
     painter.setOpacity(opacity(*this));
     if (underMouse() && isEnabled())
         fill(painter, continuousRectangle(rect(), Tokens::buttonRadius), Tokens::quaternaryFill);
-    drawSymbol(painter, m_symbol, rect(), m_pointSize, textColor(TextColor::secondary));
+    drawSymbol(painter, m_symbol, rect(), textColor(TextColor::secondary));
 }
 
 void clickOn(const QKeySequence &keys, QPushButton *button)

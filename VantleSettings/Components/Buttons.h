@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Desktop/Symbol.h"
+
 #include <QPushButton>
 
 /// A push button in one of two heights. Its text is shown as it is.
@@ -25,7 +27,9 @@ class IconButton : public QPushButton
     Q_OBJECT
 
 public:
-    explicit IconButton(QString symbol, const QString &toolTip, qreal pointSize, QWidget *parent = nullptr);
+    explicit IconButton(Symbol symbol, const QString &toolTip, QWidget *parent = nullptr);
+
+    const Symbol &symbol() const { return m_symbol; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -34,8 +38,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QString m_symbol;
-    qreal m_pointSize;
+    Symbol m_symbol;
 };
 
 /// Lets a key combination click this button while it is shown and enabled: at once, where the button's own

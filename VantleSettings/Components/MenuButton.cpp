@@ -53,8 +53,8 @@ QAccessibleInterface *heardMenuButton(const QString &, QObject *object)
 
 } // namespace
 
-MenuButton::MenuButton(const QString &symbol, qreal pointSize, QWidget *parent)
-    : IconButton(symbol, {}, pointSize, parent), m_menu(new QMenu(this))
+MenuButton::MenuButton(const Symbol &symbol, QWidget *parent)
+    : IconButton(symbol, {}, parent), m_menu(new QMenu(this))
 {
     QAccessible::installFactory(heardMenuButton); // once, however often it is asked to
     // Not as the button's own menu, which would hold the program up in a nested event loop while it is open.

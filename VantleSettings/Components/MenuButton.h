@@ -9,7 +9,7 @@ class MenuButton : public IconButton
     Q_OBJECT
 
 public:
-    explicit MenuButton(const QString &symbol, qreal pointSize, QWidget *parent = nullptr);
+    explicit MenuButton(const Symbol &symbol, QWidget *parent = nullptr);
 
     QMenu &menu() const { return *m_menu; }
 

@@ -24,7 +24,7 @@ PathRow::PathRow(const QString &label, const QString &path, QWidget *parent) : Q
 {
     auto *caption = new ElidedLabel(label, TextStyle::size12Medium, TextColor::secondary);
     caption->setFixedWidth(labelColumn);
-    auto *copy = new IconButton(u"doc.on.doc"_s, u"Copy path"_s, copySymbolSize);
+    auto *copy = new IconButton({u"doc.on.doc"_s, copySymbolSize}, u"Copy path"_s);
     copy->setAccessibleName(u"Copy path of %1"_s.arg(label));
     connect(copy, &IconButton::clicked, this, [path] { Seam<Pasteboard>::current().setText(path); });
 

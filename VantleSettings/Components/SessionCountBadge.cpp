@@ -67,9 +67,8 @@ void SessionCountBadge::paintEvent(QPaintEvent *)
     const QRect inner = rect().adjusted(padding, 0, -padding, 0);
     const QSize symbol(symbolExtent(symbolSize), symbolExtent(symbolSize));
     const Qt::LayoutDirection direction = layoutDirection();
-    drawSymbol(painter, u"bubble.left.and.bubble.right.fill"_s,
-               QStyle::alignedRect(direction, Qt::AlignLeft | Qt::AlignVCenter, symbol, inner), symbolSize,
-               Qt::white);
+    drawSymbol(painter, {u"bubble.left.and.bubble.right.fill"_s, symbolSize, QFont::DemiBold},
+               QStyle::alignedRect(direction, Qt::AlignLeft | Qt::AlignVCenter, symbol, inner), Qt::white);
     painter.setPen(Qt::white);
     const Qt::Alignment trailing = QStyle::visualAlignment(direction, Qt::AlignRight);
     painter.drawText(inner, static_cast<int>(trailing | Qt::AlignVCenter), QString::number(m_count));

@@ -63,6 +63,7 @@ void SettingsStyle::polish(QWidget *widget)
 {
     QProxyStyle::polish(widget);
     extendUnderTitleBar(*widget);
+    widget->setAttribute(Qt::WA_MacShowFocusRect, false); // the ring is ours, on every system
     if (m_native)
         return;
     if (auto *bar = qobject_cast<QScrollBar *>(widget)) {

@@ -38,5 +38,5 @@ void SidebarIcon::paintEvent(QPaintEvent *)
 void drawSidebarIcon(QPainter &painter, const QRectF &tile, const QString &symbol, SystemColor tint)
 {
     fill(painter, continuousRectangle(tile, Tokens::iconTileRadius), tintGradient(tile, color(tint)));
-    drawSymbol(painter, symbol, tile, Tokens::iconTilePointSize, Qt::white);
+    drawSymbol(painter, {symbol, Tokens::iconTilePointSize, QFont::DemiBold}, tile, Qt::white);
 }

@@ -1,22 +1,20 @@
 #include "Components/SymbolLabel.h"
 
 #include "Components/Tokens.h"
-#include "Platform/Desktop/Symbol.h"
 #include "Platform/Window/AccessibleRole.h"
 
 #include <QPainter>
 
 #include <utility>
 
-SymbolLabel::SymbolLabel(QString symbol, qreal pointSize, QWidget *parent)
-    : QWidget(parent), m_symbol(std::move(symbol)), m_pointSize(pointSize)
+SymbolLabel::SymbolLabel(Symbol symbol, QWidget *parent) : QWidget(parent), m_symbol(std::move(symbol))
 {
-    setFixedSize(symbolExtent(pointSize), symbolExtent(pointSize));
+    setFixedSize(symbolExtent(m_symbol.pointSize), symbolExtent(m_symbol.pointSize));
     markAsDecoration(this);
 }
 
 void SymbolLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    drawSymbol(painter, m_symbol, rect(), m_pointSize, textColor(TextColor::secondary));
+    drawSymbol(painter, m_symbol, rect(), textColor(TextColor::secondary));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Desktop/Symbol.h"
+
 #include <QWidget>
 
 /// A symbol in the secondary colour beside a text. Decoration: not in the accessibility tree.
@@ -8,12 +10,11 @@ class SymbolLabel : public QWidget
     Q_OBJECT
 
 public:
-    explicit SymbolLabel(QString symbol, qreal pointSize, QWidget *parent = nullptr);
+    explicit SymbolLabel(Symbol symbol, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QString m_symbol;
-    qreal m_pointSize;
+    Symbol m_symbol;
 };

@@ -75,5 +75,5 @@ void DetailHero::paintEvent(QPaintEvent *)
     QPainterPath circle;
     circle.addEllipse(tile);
     fill(painter, circle, tintGradient(tile, tint));
-    drawSymbol(painter, symbol(m_section), tile, symbolPointSize, Qt::white);
+    drawSymbol(painter, {symbol(m_section), symbolPointSize, QFont::DemiBold}, tile, Qt::white);
 }

@@ -56,7 +56,8 @@ void resetShortcut(SettingsModel &model, ShortcutAction action)
 
 ShortcutSettingsRow::ShortcutSettingsRow(ShortcutAction action, SettingsModel &model, QWidget *parent)
     : ShortcutSettingsRow(action, model, recorderFor(action, model),
-                          new IconButton(u"arrow.counterclockwise"_s, {}, resetPointSize), parent)
+                          new IconButton({u"arrow.counterclockwise"_s, resetPointSize, QFont::Medium}, {}),
+                          parent)
 {
 }
 

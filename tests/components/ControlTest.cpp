@@ -7,6 +7,7 @@
 
 #include <QFocusFrame>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -158,11 +159,30 @@ TEST_F(ControlTest, PushButtonsHaveTwoHeightsAndShowAmpersands)
 
 TEST_F(ControlTest, IconAndLinkButtonsAreHeardByTheirWords)
 {
-    IconButton icon(u"doc.on.doc"_s, u"Copy path"_s, 11);
+    IconButton icon({u"doc.on.doc"_s, 11}, u"Copy path"_s);
     EXPECT_EQ(icon.size(), QSize(22, 22));
     EXPECT_EQ(outline(icon), QStringList{u"Button Copy path"_s});
     LinkButton link(u"Reset all shortcuts"_s);
     EXPECT_EQ(outline(link), QStringList{u"Button Reset all shortcuts"_s});
+}
+
+TEST_F(ControlTest, ASymbolIsOfRegularWeightUnlessItIsGivenAnother)
+{
+    EXPECT_EQ(IconButton({u"doc.on.doc"_s, 11}, {}).symbol().weight, QFont::Normal);
+    EXPECT_EQ(IconButton({u"doc.on.doc"_s, 11, QFont::Medium}, {}).symbol().weight, QFont::Medium);
+}
+
+TEST_F(ControlTest, NoControlAsksTheSystemForAFocusRingBesideOurs)
+{
+    PushButton button(u"Clear"_s);
+    Picker picker;
+    QPlainTextEdit editor;
+    QListWidget list;
+    for (QWidget *control : {static_cast<QWidget *>(&button), static_cast<QWidget *>(&picker),
+                             static_cast<QWidget *>(&editor), static_cast<QWidget *>(&list)}) {
+        control->ensurePolished();
+        EXPECT_FALSE(control->testAttribute(Qt::WA_MacShowFocusRect)) << control->metaObject()->className();
+    }
 }
 
 TEST_F(ControlTest, ABadgeSaysHowManySessionsInTheSingularForOneOnly)

@@ -73,7 +73,7 @@ TEST_F(DrawingTest, EverySymbolOfThePagesIsDrawn)
         for (const int size : {10, 11, 13, 26, 34}) {
             QImage image = canvas(80, 2);
             QPainter painter(&image);
-            drawSymbol(painter, name, QRectF(0, 0, 80, 80), size, Qt::white);
+            drawSymbol(painter, {name, qreal(size)}, QRectF(0, 0, 80, 80), Qt::white);
             painter.end();
             const QRect bounds = painted(image);
             EXPECT_GE(bounds.height(), size) << name.toStdString() << " at " << size;
@@ -88,7 +88,7 @@ TEST_F(DrawingTest, ASymbolTakesTheColourItIsAskedFor)
 {
     QImage image = canvas(40, 1);
     QPainter painter(&image);
-    drawSymbol(painter, u"folder.fill"_s, QRectF(0, 0, 40, 40), 26, QColor(255, 0, 0));
+    drawSymbol(painter, {u"folder.fill"_s, 26}, QRectF(0, 0, 40, 40), QColor(255, 0, 0));
     painter.end();
     EXPECT_EQ(image.pixelColor(20, 22), QColor(255, 0, 0));
 }
@@ -97,7 +97,7 @@ TEST_F(DrawingTest, AnUnknownSymbolDrawsNothing)
 {
     QImage image = canvas(40, 1);
     QPainter painter(&image);
-    drawSymbol(painter, u"no.such.symbol"_s, QRectF(0, 0, 40, 40), 26, Qt::white);
+    drawSymbol(painter, {u"no.such.symbol"_s, 26}, QRectF(0, 0, 40, 40), Qt::white);
     painter.end();
     EXPECT_TRUE(painted(image).isEmpty());
 }

@@ -89,6 +89,15 @@ TEST_F(ShortcutRows, TellWhatTheyAre)
     EXPECT_EQ(reset(row).accessibleName(), u"Reset Focus previous notification to default (⇧⌘K)"_s);
 }
 
+TEST_F(ShortcutRows, DrawTheResetSymbolOfMediumWeight)
+{
+    ShortcutSettingsRow row(ShortcutAction::focusPrevious, model());
+    const Symbol &symbol = reset(row).symbol();
+    EXPECT_EQ(symbol.name, u"arrow.counterclockwise"_s);
+    EXPECT_EQ(symbol.pointSize, 11);
+    EXPECT_EQ(symbol.weight, QFont::Medium);
+}
+
 TEST_F(ShortcutRows, ARecordedComboIsBoundWrittenAndPosted)
 {
     SettingsModel &settings = model();

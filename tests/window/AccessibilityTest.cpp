@@ -153,7 +153,7 @@ TEST_P(Accessibility, TheTreeIsAsStored)
 TEST_P(Accessibility, EveryTileShowsASymbol)
 {
     for (const auto *tile : window().findChildren<SidebarIcon *>())
-        EXPECT_FALSE(symbolMask(tile->symbol(), 13, 1).isNull())
+        EXPECT_FALSE(drawnSymbolMask(tile->symbol(), 13, 1).isNull())
             << "Resources/Symbols has no " << tile->symbol().toStdString();
 }
 

@@ -115,8 +115,8 @@ SettingsGroup *buttons()
         {padded(sideBySide({new PushButton(u"Clear…"_s), disabled(new PushButton(u"Disabled"_s)),
                             new PushButton(u"Save & Close"_s, PushButton::Size::large),
                             disabled(new PushButton(u"Disabled"_s, PushButton::Size::large)),
-                            new IconButton(u"arrow.counterclockwise"_s, u"Reset"_s, 11),
-                            disabled(new IconButton(u"doc.on.doc"_s, u"Copy path"_s, 11)),
+                            new IconButton({u"arrow.counterclockwise"_s, 11, QFont::Medium}, u"Reset"_s),
+                            disabled(new IconButton({u"doc.on.doc"_s, 11}, u"Copy path"_s)),
                             new LinkButton(u"Reset all shortcuts"_s), new QWidget}))});
 }
 
@@ -200,7 +200,7 @@ private:
         int x = origin.x() + 8;
         for (const int size : {11, 13, 26, 34}) {
             const int extent = symbolExtent(size);
-            drawSymbol(painter, name, QRect(x, origin.y(), extent, rowHeight), size, Qt::white);
+            drawSymbol(painter, {name, qreal(size)}, QRect(x, origin.y(), extent, rowHeight), Qt::white);
             x += extent + 10;
         }
         painter.setPen(textColor(TextColor::secondary));

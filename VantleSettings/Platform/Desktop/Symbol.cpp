@@ -9,14 +9,18 @@
 namespace
 {
 
-QPixmap symbolPixmap(const QString &name, qreal pointSize, qreal scale, const QColor &color)
+QPixmap symbolPixmap(const Symbol &symbol, qreal scale, const QColor &color)
 {
-    const QString key =
-        QStringLiteral("symbol %1 %2 %3 %4").arg(name).arg(pointSize).arg(scale).arg(color.rgba(), 0, 16);
+    const QString key = QStringLiteral("symbol %1 %2 %3 %4 %5")
+                            .arg(symbol.name)
+                            .arg(symbol.pointSize)
+                            .arg(int(symbol.weight))
+                            .arg(scale)
+                            .arg(color.rgba(), 0, 16);
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
-    QImage image = symbolMask(name, pointSize, scale);
+    QImage image = symbolMask(symbol, scale);
     if (image.isNull())
         return {};
     QPainter painter(&image);
@@ -32,17 +36,14 @@ QPixmap symbolPixmap(const QString &name, qreal pointSize, qreal scale, const QC
 class SymbolIconEngine : public QIconEngine
 {
 public:
-    SymbolIconEngine(QString name, qreal pointSize, const QColor &color)
-        : m_name(std::move(name)), m_pointSize(pointSize), m_color(color)
-    {
-    }
+    SymbolIconEngine(Symbol symbol, const QColor &color) : m_symbol(std::move(symbol)), m_color(color) {}
 
     void paint(QPainter *painter, const QRect &box, QIcon::Mode mode, QIcon::State) override
     {
         painter->save();
         if (mode == QIcon::Disabled)
             painter->setOpacity(painter->opacity() * 0.4);
-        drawSymbol(*painter, m_name, box, m_pointSize, m_color);
+        drawSymbol(*painter, m_symbol, box, m_color);
         painter->restore();
     }
 
@@ -64,25 +65,23 @@ public:
     QIconEngine *clone() const override { return new SymbolIconEngine(*this); }
 
 private:
-    QString m_name;
-    qreal m_pointSize;
+    Symbol m_symbol;
     QColor m_color;
 };
 
 } // namespace
 
-void drawSymbol(QPainter &painter, const QString &name, const QRectF &box, qreal pointSize,
-                const QColor &color)
+void drawSymbol(QPainter &painter, const Symbol &symbol, const QRectF &box, const QColor &color)
 {
     const qreal scale = painter.deviceTransform().m11();
-    const QPixmap pixmap = symbolPixmap(name, pointSize, scale, color);
+    const QPixmap pixmap = symbolPixmap(symbol, scale, color);
     if (pixmap.isNull())
         return;
     const QSizeF size = pixmap.deviceIndependentSize();
     painter.drawPixmap(box.center() - QPointF(size.width() / 2, size.height() / 2), pixmap);
 }
 
-QIcon symbolIcon(const QString &name, qreal pointSize, const QColor &color)
+QIcon symbolIcon(const Symbol &symbol, const QColor &color)
 {
-    return QIcon(new SymbolIconEngine(name, pointSize, color));
+    return QIcon(new SymbolIconEngine(symbol, color));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QIcon>
 #include <QString>
 
@@ -12,9 +13,15 @@ class QPainter;
 /// The square a symbol of a text size takes, in points; a symbol never paints outside it.
 int symbolExtent(qreal pointSize);
 
-/// Draws the symbol around the centre of `box` at a text size in points. A name nobody knows draws nothing.
-void drawSymbol(QPainter &painter, const QString &name, const QRectF &box, qreal pointSize,
-                const QColor &color);
+/// A symbol beside a text of this size and weight. Our own drawings have one weight for all.
+struct Symbol {
+    QString name;
+    qreal pointSize = 0;
+    QFont::Weight weight = QFont::Normal;
+};
+
+/// Draws the symbol around the centre of `box`. A name nobody knows draws nothing.
+void drawSymbol(QPainter &painter, const Symbol &symbol, const QRectF &box, const QColor &color);
 
 /// The symbol as an icon for buttons and menus, sharp at every scale factor.
-QIcon symbolIcon(const QString &name, qreal pointSize, const QColor &color);
+QIcon symbolIcon(const Symbol &symbol, const QColor &color);

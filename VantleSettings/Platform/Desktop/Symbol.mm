@@ -1,4 +1,3 @@
-#include "Platform/Desktop/Symbol.h"
 #include "Platform/Desktop/detail/SymbolDrawing.h"
 
 #import <AppKit/AppKit.h>
@@ -11,18 +10,27 @@
 namespace
 {
 
-/// The system's drawing of a symbol, as a mask; null where the system has none of this name.
-QImage systemMask(const QString &name, qreal pointSize, qreal scale)
+NSFontWeight systemWeight(QFont::Weight weight)
 {
-    NSImage *plain = [NSImage imageWithSystemSymbolName:name.toNSString() accessibilityDescription:nil];
+    if (weight >= QFont::DemiBold)
+        return NSFontWeightSemibold;
+    return weight >= QFont::Medium ? NSFontWeightMedium : NSFontWeightRegular;
+}
+
+/// The system's drawing of a symbol, as a mask; null where the system has none of this name.
+QImage systemMask(const Symbol &symbol, qreal scale)
+{
+    NSImage *plain = [NSImage imageWithSystemSymbolName:symbol.name.toNSString()
+                               accessibilityDescription:nil];
     NSImageSymbolConfiguration *wanted =
-        [NSImageSymbolConfiguration configurationWithPointSize:pointSize
-                                                        weight:NSFontWeightSemibold
+        [NSImageSymbolConfiguration configurationWithPointSize:symbol.pointSize
+                                                        weight:systemWeight(symbol.weight)
                                                          scale:NSImageSymbolScaleMedium];
-    NSImage *symbol = [plain imageWithSymbolConfiguration:wanted];
-    if (symbol == nil)
+    NSImage *image = [plain imageWithSymbolConfiguration:wanted];
+    if (image == nil)
         return {};
-    const int extent = static_cast<int>(std::ceil(std::max(symbol.size.width, symbol.size.height)));
+    const NSSize size = image.size;
+    const int extent = static_cast<int>(std::ceil(std::max(size.width, size.height)));
     QImage mask(QSize(extent, extent) * scale, QImage::Format_RGBA8888_Premultiplied);
     mask.setDevicePixelRatio(scale);
     mask.fill(Qt::transparent);
@@ -38,9 +46,8 @@ QImage systemMask(const QString &name, qreal pointSize, qreal scale)
     CGContextScaleCTM(context, scale, scale);
     [NSGraphicsContext saveGraphicsState];
     NSGraphicsContext.currentContext = [NSGraphicsContext graphicsContextWithCGContext:context flipped:NO];
-    const NSRect target = NSMakeRect((extent - symbol.size.width) / 2, (extent - symbol.size.height) / 2,
-                                     symbol.size.width, symbol.size.height);
-    [symbol drawInRect:target];
+    [image drawInRect:NSMakeRect((extent - size.width) / 2, (extent - size.height) / 2, size.width,
+                                 size.height)];
     [NSGraphicsContext restoreGraphicsState];
     CGContextRelease(context);
     return mask;
@@ -48,8 +55,8 @@ QImage systemMask(const QString &name, qreal pointSize, qreal scale)
 
 } // namespace
 
-QImage symbolMask(const QString &name, qreal pointSize, qreal scale)
+QImage symbolMask(const Symbol &symbol, qreal scale)
 {
-    const QImage mask = systemMask(name, pointSize, scale);
-    return mask.isNull() ? drawnSymbolMask(name, pointSize, scale) : mask;
+    const QImage mask = systemMask(symbol, scale);
+    return mask.isNull() ? drawnSymbolMask(symbol.name, symbol.pointSize, scale) : mask;
 }

@@ -1,6 +1,6 @@
 #include "Platform/Desktop/detail/SymbolDrawing.h"
 
-QImage symbolMask(const QString &name, qreal pointSize, qreal scale)
+QImage symbolMask(const Symbol &symbol, qreal scale)
 {
-    return drawnSymbolMask(name, pointSize, scale);
+    return drawnSymbolMask(symbol.name, symbol.pointSize, scale);
 }

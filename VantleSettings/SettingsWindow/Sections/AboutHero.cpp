@@ -43,5 +43,5 @@ void AboutHero::paintEvent(QPaintEvent *)
         layoutDirection() == Qt::RightToLeft ? width() - Tokens::rowPadding - tileSize : Tokens::rowPadding;
     const QRectF tile(left, (height() - tileSize) / 2.0, tileSize, tileSize);
     fill(painter, continuousRectangle(tile, tileRadius), tintGradient(tile, color(SystemColor::indigo)));
-    drawSymbol(painter, u"bell.badge.fill"_s, tile, symbolPointSize, Qt::white);
+    drawSymbol(painter, {u"bell.badge.fill"_s, symbolPointSize, QFont::DemiBold}, tile, Qt::white);
 }

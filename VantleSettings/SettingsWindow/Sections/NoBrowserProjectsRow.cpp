@@ -20,7 +20,7 @@ NoBrowserProjectsRow::NoBrowserProjectsRow(QWidget *parent) : QWidget(parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(Tokens::rowPadding, paddingVertical, Tokens::rowPadding, paddingVertical);
     layout->setSpacing(symbolGap);
-    layout->addWidget(new SymbolLabel(u"tray"_s, symbolSize), 0, Qt::AlignTop);
+    layout->addWidget(new SymbolLabel({u"tray"_s, symbolSize}), 0, Qt::AlignTop);
     layout->addWidget(
         new WrappedLabel(u"No projects yet — a project is added here the first time Vantle sees "
                          "a notification from one."_s,

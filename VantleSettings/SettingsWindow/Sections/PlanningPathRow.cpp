@@ -48,7 +48,7 @@ PlanningPathRow::PlanningPathRow(SettingsModel &model, QWidget *parent)
       m_path(new ElidedLabel({}, TextStyle::size13Medium)),
       m_subtitle(new ElidedLabel({}, TextStyle::size11, TextColor::secondary))
 {
-    auto *reveal = new IconButton(u"arrow.up.forward.app"_s, u"Reveal in Finder"_s, revealSymbolSize);
+    auto *reveal = new IconButton({u"arrow.up.forward.app"_s, revealSymbolSize}, u"Reveal in Finder"_s);
     auto *clear = new PushButton(u"Clear"_s);
     clear->setAccessibleName(u"Clear planning root"_s);
     auto *choose = new PushButton(u"Choose…"_s);

@@ -48,7 +48,7 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
     texts->addLayout(name);
     texts->addWidget(new ElidedLabel(project.path, TextStyle::size11, TextColor::secondary));
 
-    auto *actions = new MenuButton(u"ellipsis.circle"_s, actionsSymbolSize);
+    auto *actions = new MenuButton({u"ellipsis.circle"_s, actionsSymbolSize});
     actions->setAccessibleName(u"Actions for "_s + project.name);
     connect(actions, &MenuButton::menuNeeded, this, &PlanningProjectRow::fillActionMenu);
 

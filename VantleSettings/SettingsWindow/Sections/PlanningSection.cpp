@@ -73,7 +73,7 @@ RowList *PlanningSection::projectRows()
 QWidget *PlanningSection::summary()
 {
     auto *refresh = new PushButton(u"Refresh"_s);
-    refresh->setIcon(symbolIcon(u"arrow.clockwise"_s, refreshSymbolSize, textColor(TextColor::primary)));
+    refresh->setIcon(symbolIcon({u"arrow.clockwise"_s, refreshSymbolSize}, textColor(TextColor::primary)));
     connect(refresh, &QPushButton::clicked, this, [this] { m_model.refreshPlanningProjects(); });
 
     auto *line = new QWidget;

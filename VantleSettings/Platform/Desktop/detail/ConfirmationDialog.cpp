@@ -21,7 +21,7 @@ constexpr int textWidth = 340;
 QLabel *icon(Confirmation::Style style, QWidget *parent)
 {
     const bool critical = style == Confirmation::Style::critical;
-    const QIcon sign = symbolIcon(u"exclamationmark.triangle.fill"_s, iconPointSize,
+    const QIcon sign = symbolIcon({u"exclamationmark.triangle.fill"_s, iconPointSize},
                                   color(critical ? SystemColor::red : SystemColor::yellow));
     auto *label = new QLabel(parent);
     const int extent = symbolExtent(iconPointSize);

@@ -1,7 +1,5 @@
 #include "Platform/Desktop/detail/SymbolDrawing.h"
 
-#include "Platform/Desktop/Symbol.h"
-
 #include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>

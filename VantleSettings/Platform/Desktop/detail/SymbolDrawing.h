@@ -1,11 +1,12 @@
 #pragma once
 
+#include "Platform/Desktop/Symbol.h"
+
 #include <QImage>
-#include <QString>
 
 /// What Symbol.cpp asks for: the shape of a symbol as an image whose alpha says where the symbol is, in the
 /// system's own drawing or ours. `scale` is the number of device pixels to a point; the image carries it.
-QImage symbolMask(const QString &name, qreal pointSize, qreal scale);
+QImage symbolMask(const Symbol &symbol, qreal scale);
 
 /// Our own drawing from Resources/Symbols; null for a name we have no drawing of.
 QImage drawnSymbolMask(const QString &name, qreal pointSize, qreal scale);
