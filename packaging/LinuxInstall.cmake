@@ -7,10 +7,16 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/VantleSettings/Resources/Fonts
     DESTINATION ${CMAKE_INSTALL_DATADIR}/vantle-settings)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/version DESTINATION ${CMAKE_INSTALL_DATADIR}/vantle-settings)
 
+# The day of the release, as the newest section of CHANGELOG.md says it once it is no longer "unreleased".
 set(VANTLE_RELEASE_DATE 2026-11-21)
-set(VANTLE_RELEASE_DATE_MAN "November 21, 2026")
+string(REGEX MATCH "^(....)-(..)-0?(.*)$" parts ${VANTLE_RELEASE_DATE})
+set(months January February March April May June July August September October November December)
+math(EXPR month "${CMAKE_MATCH_2} - 1")
+list(GET months ${month} month)
+set(VANTLE_RELEASE_DATE_MAN "${month} ${CMAKE_MATCH_3}, ${CMAKE_MATCH_1}")
 configure_file(linux/com.vantle.settings.metainfo.xml.in com.vantle.settings.metainfo.xml @ONLY)
 configure_file(linux/vantle-settings.1.in vantle-settings.1 @ONLY)
+configure_file(linux/copyright.in copyright @ONLY)
 install(FILES linux/com.vantle.settings.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/com.vantle.settings.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)

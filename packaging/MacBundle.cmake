@@ -12,6 +12,9 @@ endfunction()
 
 file(GLOB fonts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/VantleSettings/Resources/Fonts/*)
 vantle_bundle_resources(Resources/Fonts ${fonts})
+file(GLOB licenses CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/licenses/*)
+vantle_bundle_resources(Resources/Licenses
+    ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/THIRD-PARTY.md ${licenses})
 
 # The icon set needs a tool that only a Mac has; a cross build goes without.
 if(CMAKE_HOST_APPLE)

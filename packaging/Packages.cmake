@@ -1,10 +1,10 @@
 # `cpack` makes the system's package of an installed build; `cpack --config CPackSourceConfig.cmake` the source.
-set(VANTLE_MAINTAINER "The Vantle maintainers <maintainers@vantle.invalid>" CACHE STRING
-    "Who answers for packages made of this build")
+set(VANTLE_PACKAGE_MAINTAINER "The Vantle maintainers" CACHE STRING
+    "Who answers for packages made of this build: a name, and an address in angle brackets")
 
 set(CPACK_PACKAGE_NAME vantle-settings)
 set(CPACK_PACKAGE_VENDOR Vantle)
-set(CPACK_PACKAGE_CONTACT "${VANTLE_MAINTAINER}")
+set(CPACK_PACKAGE_CONTACT "${VANTLE_PACKAGE_MAINTAINER}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "settings window of the Vantle notification agent")
 set(CPACK_PACKAGE_DESCRIPTION_FILE ${CMAKE_CURRENT_SOURCE_DIR}/description.txt)
 set(CPACK_VERBATIM_VARIABLES ON)
@@ -31,6 +31,7 @@ else()
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-wayland, fontconfig, fonts-dejavu-core | fonts-liberation | fonts-inter")
     set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, at-spi2-core, xdg-utils")
     set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-    install(FILES linux/copyright DESTINATION share/doc/vantle-settings)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/copyright ${PROJECT_SOURCE_DIR}/THIRD-PARTY.md
+        DESTINATION share/doc/vantle-settings)
 endif()
 include(CPack)

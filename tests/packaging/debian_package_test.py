@@ -3,7 +3,7 @@
 import re
 import unittest
 
-from trees import BUILD, files_below, run, temporary_folder
+from trees import BUILD, SOURCE, files_below, run, temporary_folder
 
 
 class DebianPackage(unittest.TestCase):
@@ -28,6 +28,16 @@ class DebianPackage(unittest.TestCase):
             self.assertRegex(depends, rf"(^|, ){package}\b")
         self.assertIn("fonts-dejavu-core | ", depends)
         self.assertNotIn("-dev", depends)
+
+    def test_it_names_no_address_that_nobody_reads(self):
+        self.assertRegex(self.field("Maintainer"), r"^[^<]+( <[^@<>]+@[^@<>]+>)?$")
+        self.assertNotRegex(self.field("Maintainer"), r"\.(invalid|example|test|local)>|@example\.")
+
+    def test_it_says_under_which_licence_it_is(self):
+        run("dpkg-deb", "--extract", self.package, self.folder / "licence")
+        said = (self.folder / "licence/usr/share/doc/vantle-settings/copyright").read_text()
+        for line in (SOURCE / "LICENSE").read_text().split():
+            self.assertIn(line, said)
 
     def test_it_holds_what_an_installation_holds_below_usr(self):
         run("cmake", "--install", BUILD, "--prefix", self.folder / "installed/usr")

@@ -25,6 +25,7 @@ class Installation(unittest.TestCase):
         expected = {
             "bin/vantle-settings",
             "share/applications/com.vantle.settings.desktop",
+            "share/doc/vantle-settings/THIRD-PARTY.md",
             "share/doc/vantle-settings/copyright",
             "share/icons/hicolor/scalable/apps/com.vantle.settings.svg",
             "share/man/man1/vantle-settings.1",

@@ -158,6 +158,10 @@ class MacConfigure(unittest.TestCase):
         for face in ("Regular", "Medium", "SemiBold", "Bold"):
             self.assertIn(f"Vantle Settings.app/Contents/Resources/Fonts/JetBrainsMono-{face}.ttf", rules)
 
+    def test_the_bundle_carries_the_licences(self):
+        rules = (self.build / "build.ninja").read_text().replace("$ ", " ")
+        for name in ("LICENSE", "THIRD-PARTY.md", "LGPL-3.0.txt", "GPL-3.0.txt", "Apache-2.0.txt"):
+            self.assertIn(f"Vantle Settings.app/Contents/Resources/Licenses/{name}", rules)
 
 
 if __name__ == "__main__":
