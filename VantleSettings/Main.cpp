@@ -2,11 +2,15 @@
 #include "AppDelegate/SettingsAppDelegate.h"
 #include "Components/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
+#include "LaunchAgent/LaunchAgent.h"
+#include "Platform/Agent/SessionBus.h"
 #include "Platform/Window/QuitSignals.h"
 
 #include <QApplication>
 
 #include <array>
+
+using namespace std::chrono_literals;
 
 int main()
 {
@@ -14,6 +18,7 @@ int main()
     std::array name{'v', 'a', 'n', 't', 'l', 'e', '-', 's', 'e', 't', 't', 'i', 'n', 'g', 's', '\0'};
     std::array<char *, 2> arguments{name.data(), nullptr};
     int argumentCount = 1;
+    abandonSilentSessionBus(400ms); // the model waits too, and both together for less than a second
     QApplication application(argumentCount, arguments.data());
     QApplication::setApplicationDisplayName(QStringLiteral("Vantle Settings"));
     QApplication::setDesktopFileName(QStringLiteral("com.vantle.settings"));
@@ -27,6 +32,7 @@ int main()
     delegate.applicationDidFinishLaunching();
     followAppearance(); // the answer comes once the window is there
     QApplication::exec();
+    LaunchAgent::finish();
     AgentBridge::finish();
     return 0;
 }

@@ -6,11 +6,26 @@
 
 #include <QAccessibleWidget>
 #include <QPainter>
+#include <QPen>
+
+#include <algorithm>
 
 namespace
 {
 
 constexpr qreal knobInset = 1.5;
+
+// The arc that turns on the knob while a change is pending. It fades in late: most changes are over by then.
+constexpr int turnDuration = 900;    // ms
+constexpr qreal progressDelay = 150; // ms
+constexpr qreal progressInset = 3;
+constexpr int progressSpan = 270; // degrees
+
+void announceChange(QWidget *control, const QAccessible::State &changed)
+{
+    QAccessibleStateChangeEvent event(control, changed);
+    QAccessible::updateAccessibility(&event);
+}
 
 /// A check box that is toggled as a click does it: its owner decides.
 class AccessibleSwitch : public QAccessibleWidget
@@ -23,13 +38,16 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         state.checkable = true;
         state.checked = control()->isChecked();
+        state.busy = control()->isPending();
+        state.disabled |= control()->isPending();
         return state;
     }
 
     QStringList actionNames() const override
     {
-        return control()->isEnabled() ? QStringList(toggleAction()) + QAccessibleWidget::actionNames()
-                                      : QAccessibleWidget::actionNames();
+        return control()->isEnabled() && !control()->isPending()
+                   ? QStringList(toggleAction()) + QAccessibleWidget::actionNames()
+                   : QAccessibleWidget::actionNames();
     }
 
     void doAction(const QString &name) override
@@ -72,11 +90,34 @@ void Switch::setChecked(bool on)
     slideTo(on ? 1 : 0);
 }
 
+void Switch::setPending(bool pending)
+{
+    if (pending == m_pending)
+        return;
+    m_pending = pending;
+    if (pending) {
+        m_stateBefore = isChecked();
+        startProgress();
+        slideTo(m_stateBefore ? 0 : 1);
+    } else if (m_spin != nullptr) {
+        m_spin->stop();
+    }
+    QAccessible::State changed;
+    changed.busy = true;
+    changed.disabled = true;
+    announceChange(this, changed);
+    if (!pending && isChecked() == m_stateBefore)
+        fallBack();
+    update();
+}
+
 void Switch::nextCheckState()
 {
+    if (m_pending)
+        return;
     const bool wish = !isChecked();
     Q_EMIT requested(wish);
-    if (isChecked() != wish)
+    if (isChecked() != wish && !m_pending)
         fallBack();
 }
 
@@ -104,16 +145,32 @@ void Switch::fallBack()
     // A listener that saw the switch asked still believes that it moved.
     QAccessible::State changed;
     changed.checked = true;
-    QAccessibleStateChangeEvent event(this, changed);
-    QAccessible::updateAccessibility(&event);
+    announceChange(this, changed);
 
-    if (!isVisible() || reducedMotion())
-        return;
     const qreal rest = isChecked() ? 1 : 0;
+    if (!isVisible() || reducedMotion()) {
+        slideTo(rest);
+        return;
+    }
     QVariantAnimation &slide = startableSlide();
     slide.setDuration(2 * Tokens::switchDuration);
     slide.setKeyValues({{0, m_knob}, {0.5, 1 - rest}, {1, rest}});
     slide.start();
+}
+
+void Switch::startProgress()
+{
+    if (reducedMotion())
+        return;
+    if (m_spin == nullptr) {
+        m_spin = new QVariantAnimation(this);
+        m_spin->setDuration(turnDuration);
+        m_spin->setLoopCount(-1);
+        m_spin->setStartValue(0.0);
+        m_spin->setEndValue(-360.0);
+        connect(m_spin, &QVariantAnimation::valueChanged, this, qOverload<>(&Switch::update));
+    }
+    m_spin->start();
 }
 
 QVariantAnimation &Switch::startableSlide()
@@ -143,4 +200,19 @@ void Switch::paintEvent(QPaintEvent *)
     const qreal share = layoutDirection() == Qt::RightToLeft ? 1 - m_knob : m_knob;
     const QRectF knob(track.left() + knobInset + way * share, track.top() + knobInset, diameter, diameter);
     fill(painter, capsule(knob), isDown() ? QColor(230, 230, 230) : QColor(Qt::white));
+    if (m_pending)
+        paintProgress(painter, knob);
+}
+
+/// Without motion the arc stands still.
+void Switch::paintProgress(QPainter &painter, const QRectF &knob) const
+{
+    const bool turns = m_spin != nullptr && m_spin->state() == QAbstractAnimation::Running;
+    const qreal angle = turns ? m_spin->currentValue().toReal() : 90;
+    if (turns)
+        painter.setOpacity(std::clamp(m_spin->currentTime() / progressDelay - 1, 0.0, 1.0));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0, 0, 0, 150), 1.5, Qt::SolidLine, Qt::RoundCap));
+    const QRectF circle = knob.adjusted(progressInset, progressInset, -progressInset, -progressInset);
+    painter.drawArc(circle, int(angle * 16), progressSpan * 16);
 }

@@ -3,17 +3,26 @@
 #include "Foundation/Seam.h"
 #include "Platform/Agent/ServiceManager.h"
 
-bool LaunchAgent::isLoaded()
+#include <utility>
+
+using namespace std::chrono_literals;
+
+void LaunchAgent::isLoaded(Answer answer, std::chrono::milliseconds patience)
 {
-    return Seam<ServiceManager>::current().isLoaded();
+    Seam<ServiceManager>::current().isLoaded(patience, std::move(answer));
 }
 
-bool LaunchAgent::load()
+void LaunchAgent::load(Answer answer)
 {
-    return Seam<ServiceManager>::current().load();
+    Seam<ServiceManager>::current().load(std::move(answer));
 }
 
-bool LaunchAgent::unload()
+void LaunchAgent::unload(Answer answer)
 {
-    return Seam<ServiceManager>::current().unload();
+    Seam<ServiceManager>::current().unload(std::move(answer));
+}
+
+void LaunchAgent::finish()
+{
+    Seam<ServiceManager>::current().finish(900ms);
 }

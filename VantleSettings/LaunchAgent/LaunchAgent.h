@@ -1,15 +1,26 @@
 #pragma once
 
-/// The agent's login job, through the service manager of this system.
+#include <chrono>
+#include <functional>
+
+/// The agent's login job, through the service manager of this system. Nothing here keeps the window waiting;
+/// an answer is given once, on the main thread.
 namespace LaunchAgent
 {
 
-bool isLoaded();
+using Answer = std::function<void(bool)>;
+
+/// Whether the job is loaded. Waits for up to `patience`; a later answer is given by the event loop.
+void isLoaded(Answer answer, std::chrono::milliseconds patience = {});
 
 /// Loads the job; true when it is loaded afterwards, false at once when there is no job file.
-bool load();
+void load(Answer answer);
 
 /// Unloads the job; true when it is unloaded afterwards, false at once when there is no job file.
-bool unload();
+void unload(Answer answer);
+
+/// For the end of the program: a change that is under way happens without it. Waits for less than a second,
+/// and not at all when there is none.
+void finish();
 
 } // namespace LaunchAgent

@@ -6,12 +6,16 @@
 #include "Planning/Planning.h"
 #include "PlanningProjects/PlanningProjects.h"
 
+#include <QPointer>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
 constexpr std::int64_t demoSessionsCount = 4;
+// Together with the wait for a session bus this stays below a second.
+constexpr std::chrono::milliseconds servicePatience{500};
 constexpr auto demoPlanningRoot = "/Users/demo/workspace/planning"_L1;
 
 } // namespace
@@ -23,7 +27,7 @@ SettingsModel::SettingsModel(QObject *parent) : Observable(parent)
     demoMode = Persistence::loadDemoMode();
     refreshProjects();
     sessionsCount = currentSessionsCount();
-    launchAtLogin = LaunchAgent::isLoaded();
+    readLaunchAtLogin();
     m_shortcuts = new Shortcuts(this);
     typeface = Persistence::loadTypeface();
     greenScreen = Persistence::loadGreenScreen();
@@ -112,6 +116,16 @@ void SettingsModel::rebindShortcut(ShortcutAction action, const KeyCombo &combo)
     m_shortcuts->save();
     AgentBridge::fireAndForget(u"/settings/reload-shortcuts"_s);
     Q_EMIT objectWillChange();
+}
+
+/// A late answer corrects the first one, unless a change has begun meanwhile: that brings its own.
+void SettingsModel::readLaunchAtLogin()
+{
+    const auto store = [model = QPointer(this)](bool loaded) {
+        if (model && !model->launchAtLoginIsChanging)
+            model->launchAtLogin = loaded;
+    };
+    LaunchAgent::isLoaded(store, servicePatience);
 }
 
 /// Reads again what lives in files, but not the small preference files.

@@ -23,7 +23,8 @@ public:
     explicit SettingsModel(QObject *parent = nullptr);
 
     Published<SettingsSection> section{*this, SettingsSection::general};
-    Published<bool> launchAtLogin{*this};
+    Published<bool> launchAtLogin{*this};           ///< what the service manager said last
+    Published<bool> launchAtLoginIsChanging{*this}; ///< the manager is loading or unloading the job
     Published<std::vector<BrowserConfigProject>> projects{*this};
     Published<std::int64_t> sessionsCount{*this};
     Published<std::int64_t> browserPatternsCount{*this}; ///< roots that have patterns, not rows
@@ -62,6 +63,7 @@ public:
     buildProjectList(const Persistence::BrowserPatterns &existingConfig);
 
 private:
+    void readLaunchAtLogin();
     void refreshBackedData();
     void refreshProjects();
     std::int64_t currentSessionsCount() const;

@@ -22,9 +22,10 @@ constexpr int windows = 15;
 constexpr int rounds = 20;
 
 struct NoService final : ServiceManager {
-    bool isLoaded() override { return false; }
-    bool load() override { return false; }
-    bool unload() override { return false; }
+    void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(false); }
+    void load(Answer answer) override { answer(false); }
+    void unload(Answer answer) override { answer(false); }
+    void finish(std::chrono::milliseconds) override {}
 };
 
 struct NoAgent final : LoopbackPost {

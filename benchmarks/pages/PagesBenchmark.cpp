@@ -36,9 +36,10 @@ constexpr double frame = 1.0 / 60;  // seconds
 constexpr QSize paneSize(645, 640); // beside the sidebar of the window as it first opens
 
 struct NoService final : ServiceManager {
-    bool isLoaded() override { return false; }
-    bool load() override { return false; }
-    bool unload() override { return false; }
+    void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(false); }
+    void load(Answer answer) override { answer(false); }
+    void unload(Answer answer) override { answer(false); }
+    void finish(std::chrono::milliseconds) override {}
 };
 
 struct NoAgent final : LoopbackPost {

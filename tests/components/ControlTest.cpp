@@ -62,6 +62,48 @@ TEST_F(ControlTest, TheKnobOfASwitchThatIsRefusedGoesThereAndBack)
     EXPECT_FALSE(control.isChecked());
 }
 
+TEST_F(ControlTest, APendingSwitchAsksNothingAndKeepsTheFocus)
+{
+    Switch control;
+    const QSignalSpy asked(&control, &Switch::requested);
+    show(control, control.sizeHint());
+    control.setFocus();
+    control.setPending(true);
+    EXPECT_EQ(control.window()->focusWidget(), &control);
+    QAccessibleInterface *exposed = QAccessible::queryAccessibleInterface(&control);
+    EXPECT_TRUE(exposed->state().busy);
+    EXPECT_TRUE(exposed->state().disabled);
+    EXPECT_TRUE(exposed->state().focusable);
+    EXPECT_FALSE(exposed->state().checked);
+    QTest::mouseClick(&control, Qt::LeftButton);
+    QTest::keyClick(&control, Qt::Key_Space);
+    exposed->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(asked.size(), 0);
+    control.setPending(false);
+    EXPECT_FALSE(exposed->state().busy);
+    EXPECT_FALSE(exposed->state().disabled);
+    QTest::keyClick(&control, Qt::Key_Space);
+    EXPECT_EQ(asked.size(), 1);
+}
+
+TEST_F(ControlTest, TheKnobOfAPendingSwitchWaitsWhereItWasAskedToGo)
+{
+    Switch off;
+    Switch on;
+    on.setChecked(true);
+    show(on, on.sizeHint());
+    show(off, off.sizeHint());
+    const QImage before = off.grab().toImage();
+    const auto edge = [](Switch &control) { return control.grab().toImage().pixel(4, 3); }; // of the track
+    const QRgb accent = edge(on);
+    off.setPending(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return edge(off) == accent; })) << "the knob does not go there";
+    const QImage there = off.grab().toImage();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return off.grab().toImage() != there; })) << "nothing turns on it";
+    off.setPending(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return off.grab().toImage() == before; })) << "the knob stays away";
+}
+
 TEST_F(ControlTest, ASwitchIsACheckBoxThatIsToggledAsAClickDoesIt)
 {
     Switch control;

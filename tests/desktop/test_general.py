@@ -7,6 +7,7 @@ from harness.login import LoginJobs
 class LaunchAtLogin(DesktopCase):
     SWITCH = "Launch at Login"
     UNIT = "com.vantle.agent.service"
+    LOADING = ["--user daemon-reload", f"--user start {UNIT}"]
 
     @classmethod
     def setUpClass(cls):
@@ -26,7 +27,7 @@ class LaunchAtLogin(DesktopCase):
         self.expect(lambda: switch.has("checked"), "the switch does not go on")
         program.click_on(switch)
         self.expect(lambda: not switch.has("checked"), "the switch does not go off")
-        self.assertEqual(self.jobs.asked, [f"--user enable --now {self.UNIT}", f"--user stop {self.UNIT}"])
+        self.assertEqual(self.jobs.asked, [*self.LOADING, f"--user enable {self.UNIT}", f"--user stop {self.UNIT}"])
         self.finish(program)
         self.assertEqual(self.agent.requests, [])
 
@@ -40,11 +41,38 @@ class LaunchAtLogin(DesktopCase):
         self.jobs.refuse()
         program = self.start()
         switch = program.click("check box", self.SWITCH)
-        self.expect(lambda: self.jobs.asked == [f"--user enable --now {self.UNIT}"], "it was not tried")
+        self.expect(lambda: self.jobs.asked == self.LOADING, "it was not tried")
         self.expect(lambda: (switch, False) in self.desktop.accessibility.switched, "it does not say that it fell back")
         program.click("check box", "Marketing Recording Mode")
         self.expect_requests("/settings/reload-green-screen")
         self.assertFalse(switch.has("checked"))
+
+    def test_a_job_that_takes_its_time_keeps_only_its_switch_busy(self):
+        self.install_job()
+        self.jobs.slow_down()
+        program = self.start()
+        switch = program.focus("check box", self.SWITCH)
+        program.press("space")
+        self.expect(lambda: switch.has("busy") and not switch.has("sensitive"), "it does not say that it is busy")
+        self.assertTrue(switch.has("focused"))
+        program.press("space")
+        program.click("check box", "Marketing Recording Mode")
+        self.expect_requests("/settings/reload-green-screen")
+        self.assertFalse(switch.has("checked"))
+        self.jobs.go_on()
+        self.expect(lambda: switch.has("checked") and switch.has("sensitive"), "the switch does not go on")
+        self.assertEqual(self.jobs.asked, [*self.LOADING, f"--user enable {self.UNIT}"])
+
+    def test_closing_meanwhile_leaves_the_change_to_the_service_manager(self):
+        self.install_job()
+        self.jobs.slow_down()
+        program = self.start()
+        program.click("check box", self.SWITCH)
+        self.expect(lambda: self.jobs.asked == self.LOADING, "it was not tried")
+        program.press("ctrl+w")
+        self.expect_end(program)
+        self.assertEqual(self.jobs.asked[2:], [f"--user enable --now --no-block {self.UNIT}"])
+        self.jobs.go_on()
 
     def test_without_a_job_nothing_is_run_and_the_switch_stays_off(self):
         program = self.start()

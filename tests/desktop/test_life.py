@@ -3,6 +3,7 @@
 import itertools
 import pathlib
 import signal
+import socket
 
 from harness.case import DesktopCase
 
@@ -41,6 +42,15 @@ class Starting(DesktopCase):
         self.assertFalse((self.home / ".vantle").exists())
         self.assertFalse((self.home / ".claude").exists())
         self.assertEqual(self.agent.requests, [])
+
+    def test_a_session_bus_that_never_answers_is_not_waited_for(self):
+        path = self.home / "bus"
+        with socket.socket(socket.AF_UNIX) as silent:
+            silent.bind(str(path))
+            silent.listen()
+            program = self.launch(environment={"DBUS_SESSION_BUS_ADDRESS": f"unix:path={path}"})
+            program.window.close()
+            self.expect_end(program)
 
     def test_two_at_once_both_work_and_the_last_write_wins(self):
         first, second = self.start(), self.start()

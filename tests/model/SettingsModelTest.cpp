@@ -99,6 +99,29 @@ TEST_F(SettingsModelTest, HoldsWhatTheFilesAndTheServiceManagerSay)
     EXPECT_EQ(model.shortcuts().bindings->at(ShortcutAction::openPlan), (KeyCombo{35, 4352}));
 }
 
+TEST_F(SettingsModelTest, AServiceManagerThatAnswersLateCorrectsTheState)
+{
+    world.serviceIsLoaded = true;
+    world.serviceIsSlow = true;
+    const auto model = made();
+    EXPECT_FALSE(model->launchAtLogin);
+    int announcements = 0;
+    QObject::connect(model.get(), &Observable::objectWillChange, [&] { ++announcements; });
+    world.answerForService();
+    EXPECT_TRUE(model->launchAtLogin);
+    EXPECT_EQ(announcements, 1);
+}
+
+TEST_F(SettingsModelTest, ALateAnswerLeavesAChangeThatHasBegunAlone)
+{
+    world.serviceIsLoaded = true;
+    world.serviceIsSlow = true;
+    const auto model = made();
+    model->launchAtLoginIsChanging = true;
+    world.answerForService();
+    EXPECT_FALSE(model->launchAtLogin);
+}
+
 TEST_F(SettingsModelTest, UnknownNamesGiveJetBrainsMonoAndITerm)
 {
     world.put(u".vantle/typeface.json"_s, R"({"name": "comic"})");

@@ -75,9 +75,10 @@ protected:
         QStringList paths;
     } posts;
     struct NoService final : ServiceManager {
-        bool isLoaded() override { return false; }
-        bool load() override { return false; }
-        bool unload() override { return false; }
+        void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(false); }
+        void load(Answer answer) override { answer(false); }
+        void unload(Answer answer) override { answer(false); }
+        void finish(std::chrono::milliseconds) override {}
     } service;
 
     Seam<Dialogs>::Replacement dialogsSeam{dialogs};

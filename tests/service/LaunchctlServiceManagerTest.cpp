@@ -1,5 +1,6 @@
+
 #include "HomeFiles.h"
-#include "LaunchAgent/LaunchAgent.h"
+#include "Job.h"
 
 #include <QFile>
 
@@ -9,6 +10,7 @@
 #include <vector>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -58,7 +60,7 @@ std::vector<std::string> calls()
 TEST(Launchctl, IsAskedForItsListOnce)
 {
     makeListing(loaded);
-    EXPECT_TRUE(LaunchAgent::isLoaded());
+    EXPECT_TRUE(Job::isLoaded());
     EXPECT_THAT(calls(), ElementsAre("list|"));
 }
 
@@ -66,14 +68,14 @@ TEST(Launchctl, AListingWithoutTheLabelMeansNotLoaded)
 {
     for (const QByteArray &listing : {notLoaded, QByteArray(), QByteArray("com.vantle.agen\\nt\\n")}) {
         makeListing(listing);
-        EXPECT_FALSE(LaunchAgent::isLoaded()) << listing.toStdString();
+        EXPECT_FALSE(Job::isLoaded()) << listing.toStdString();
     }
 }
 
 TEST(Launchctl, TheLabelCountsInsideALongerOne)
 {
     makeListing("-\\t0\\tapplication.com.vantle.agent.4711\\n");
-    EXPECT_TRUE(LaunchAgent::isLoaded());
+    EXPECT_TRUE(Job::isLoaded());
 }
 
 TEST(Launchctl, AListingThatIsNotUTF8MeansNotLoaded)
@@ -81,25 +83,25 @@ TEST(Launchctl, AListingThatIsNotUTF8MeansNotLoaded)
     for (const QByteArray &bytes :
          std::vector<QByteArray>{"\\377", "\\300\\257", "\\355\\240\\200", "\\303"}) {
         makeListing(loaded + bytes);
-        EXPECT_FALSE(LaunchAgent::isLoaded()) << bytes.toStdString();
+        EXPECT_FALSE(Job::isLoaded()) << bytes.toStdString();
     }
     makeListing(loaded + "\\303\\251");
-    EXPECT_TRUE(LaunchAgent::isLoaded());
+    EXPECT_TRUE(Job::isLoaded());
 }
 
 TEST(Launchctl, ItsExitStatusAndItsErrorsAreNotLookedAt)
 {
     makeLaunchctl("printf '" + loaded + "'; exit 1");
-    EXPECT_TRUE(LaunchAgent::isLoaded());
+    EXPECT_TRUE(Job::isLoaded());
     makeLaunchctl("printf '" + loaded + "' >&2");
-    EXPECT_FALSE(LaunchAgent::isLoaded());
+    EXPECT_FALSE(Job::isLoaded());
 }
 
 TEST(Launchctl, WithoutAJobFileNothingIsLoadedOrUnloaded)
 {
     makeListing(loaded);
-    EXPECT_FALSE(LaunchAgent::load());
-    EXPECT_FALSE(LaunchAgent::unload());
+    EXPECT_FALSE(Job::load());
+    EXPECT_FALSE(Job::unload());
     EXPECT_THAT(calls(), IsEmpty());
 }
 
@@ -109,7 +111,7 @@ TEST(Launchctl, ALinkToNothingIsNoJobFile)
     ASSERT_TRUE(QFile::remove(homePath(jobFile)));
     ASSERT_TRUE(QFile::link(homePath(u"absent"_s), homePath(jobFile)));
     makeListing(loaded);
-    EXPECT_FALSE(LaunchAgent::load());
+    EXPECT_FALSE(Job::load());
     EXPECT_THAT(calls(), IsEmpty());
 }
 
@@ -117,7 +119,7 @@ TEST(Launchctl, LoadsForGoodAndAsks)
 {
     putHomeFile(jobFile, "");
     makeKeeper();
-    EXPECT_TRUE(LaunchAgent::load());
+    EXPECT_TRUE(Job::load());
     EXPECT_THAT(calls(), ElementsAre("load|-w|JOBFILE|", "list|"));
 }
 
@@ -125,8 +127,8 @@ TEST(Launchctl, UnloadsUntilTheNextLoginAndAsks)
 {
     putHomeFile(jobFile, "");
     makeKeeper();
-    LaunchAgent::load();
-    EXPECT_TRUE(LaunchAgent::unload());
+    Job::load();
+    EXPECT_TRUE(Job::unload());
     EXPECT_THAT(calls(), ElementsAre("load|-w|JOBFILE|", "list|", "unload|JOBFILE|", "list|"));
 }
 
@@ -134,9 +136,9 @@ TEST(Launchctl, ARefusalShowsInTheListing)
 {
     putHomeFile(jobFile, "");
     makeListing(notLoaded);
-    EXPECT_FALSE(LaunchAgent::load());
+    EXPECT_FALSE(Job::load());
     makeListing(loaded);
-    EXPECT_FALSE(LaunchAgent::unload());
+    EXPECT_FALSE(Job::unload());
 }
 
 TEST(Launchctl, AHomeWithBlanksIsOneArgument)
@@ -145,8 +147,68 @@ TEST(Launchctl, AHomeWithBlanksIsOneArgument)
     putHomeFile(u"My Home/"_s + jobFile, "");
     putHomeFile(u"My Home/launchctl.sh"_s, "echo $# >>\"$HOME/counts\"");
     qputenv("HOME", home.toUtf8());
-    LaunchAgent::load();
+    Job::load();
     EXPECT_EQ(homeFile(u"counts"_s), "3\n1\n");
+}
+
+/// launchctl that does what makeKeeper's does, but first waits until the home has a file "go" when it is
+/// asked for this.
+void makeSlowKeeper(const QByteArray &command)
+{
+    makeKeeper();
+    const QByteArray script = homeFile(u"launchctl.sh"_s).value();
+    putHomeFile(u"launchctl.sh"_s,
+                "[ $1 != " + command + " ] || until [ -e \"$HOME/go\" ]; do sleep 0.01; done\n" + script);
+}
+
+TEST(Launchctl, AListingInTimeIsWaitedFor)
+{
+    makeListing(loaded);
+    Awaited<bool> answer;
+    LaunchAgent::isLoaded(answer.take(), 60s);
+    EXPECT_TRUE(answer.isGiven()) << "before any event";
+    EXPECT_TRUE(answer.value());
+}
+
+TEST(Launchctl, AListingThatTakesLongerIsAnsweredWhenItArrives)
+{
+    makeSlowKeeper("list");
+    Awaited<bool> answer;
+    LaunchAgent::isLoaded(answer.take(), 1ms);
+    EXPECT_FALSE(answer.isGiven());
+    putHomeFile(u"state"_s, "");
+    putHomeFile(u"go"_s, "");
+    EXPECT_TRUE(answer.value());
+}
+
+TEST(Launchctl, AChangeGoesOnBesideTheProgramAndIsAnsweredWhenItIsOver)
+{
+    putHomeFile(jobFile, "");
+    makeSlowKeeper("load");
+    Awaited<bool> answer;
+    LaunchAgent::load(answer.take());
+    EXPECT_FALSE(answer.isGiven());
+    EXPECT_FALSE(Job::isLoaded());
+    EXPECT_FALSE(answer.isGiven());
+    putHomeFile(u"go"_s, "");
+    EXPECT_TRUE(answer.value());
+}
+
+TEST(Launchctl, AtTheEndAChangeIsGivenTimeButNotMoreThanThat)
+{
+    putHomeFile(jobFile, "");
+    makeSlowKeeper("load");
+    Awaited<bool> answer;
+    LaunchAgent::load(answer.take());
+    LaunchAgent::finish();
+    EXPECT_EQ(homeFile(u"state"_s), std::nullopt);
+    putHomeFile(u"go"_s, "");
+    EXPECT_TRUE(answer.value());
+    Awaited<bool> unloaded;
+    LaunchAgent::unload(unloaded.take());
+    LaunchAgent::finish();
+    EXPECT_EQ(homeFile(u"state"_s), std::nullopt) << "done before any event";
+    EXPECT_TRUE(unloaded.value());
 }
 
 } // namespace

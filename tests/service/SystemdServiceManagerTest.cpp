@@ -1,7 +1,7 @@
-#include "LaunchAgent/LaunchAgent.h"
-#include "Platform/Agent/detail/ToolOutput.h"
+#include "Job.h"
+#include "Platform/Agent/detail/ToolRun.h"
+#include "Platform/Agent/detail/UnitFolders.h"
 
-#include <QDeadlineTimer>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -14,27 +14,23 @@ namespace
 const QString unit = u"com.vantle.agent.service"_s;
 const QByteArray harmless = "ExecStart=/bin/sleep infinity\n";
 
-QString units(const char *folder)
+/// The folder of the variable's base in which units lie.
+QString units(const char *variable)
 {
-    return qEnvironmentVariable(folder) + u"/systemd/user/"_s;
+    return qEnvironmentVariable(variable) + u"/systemd/user"_s;
 }
 
 QByteArray systemctl(const QStringList &arguments)
 {
-    return toolOutput(u"/usr/bin/systemctl"_s, QStringList{u"--user"_s} + arguments)
-        .value_or(QByteArray())
-        .trimmed();
+    Awaited<std::optional<QByteArray>> output;
+    ToolRun::reading(u"/usr/bin/systemctl"_s, QStringList{u"--user"_s} + arguments, output.take());
+    return output.value().value_or(QByteArray()).trimmed();
 }
 
 /// Asks until the unit is in this state, as systemctl calls it; false when it never is.
 bool comesToBe(const QByteArray &state)
 {
-    const QDeadlineTimer deadline(60000);
-    while (systemctl({u"is-active"_s, unit}) != state) {
-        if (deadline.hasExpired())
-            return false;
-    }
-    return true;
+    return QTest::qWaitFor([&] { return systemctl({u"is-active"_s, unit}) == state; }, 60000);
 }
 
 /// Beside a systemd that knows no unit of ours yet.
@@ -49,35 +45,38 @@ struct SystemdTest : testing::Test {
     {
         systemctl({u"kill"_s, u"--signal=KILL"_s, unit});
         systemctl({u"disable"_s, u"--now"_s, unit});
-        for (const auto *folder : {"VANTLE_TEST_CONFIG", "VANTLE_TEST_DATA"})
-            QFile::remove(units(folder) + unit);
+        if (!m_file.isEmpty())
+            QFile::remove(m_file);
         systemctl({u"daemon-reload"_s});
         systemctl({u"reset-failed"_s});
     }
 
-    static void install(const QByteArray &service, const char *folder = "VANTLE_TEST_CONFIG")
+    void install(const QByteArray &service, const QString &folder = units("VANTLE_TEST_CONFIG"))
     {
-        QFile file(units(folder) + unit);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        m_file = folder + u'/' + unit;
+        QFile file(m_file);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(m_file);
         file.write("[Service]\n" + service + "[Install]\nWantedBy=default.target\n");
         file.close();
         systemctl({u"daemon-reload"_s});
     }
+
+    QString m_file; ///< the installed unit
 };
 
 TEST_F(SystemdTest, WithoutAUnitFileNothingIsLoadedOrUnloaded)
 {
-    EXPECT_FALSE(LaunchAgent::isLoaded());
-    EXPECT_FALSE(LaunchAgent::load());
-    EXPECT_FALSE(LaunchAgent::unload());
+    EXPECT_FALSE(Job::isLoaded());
+    EXPECT_FALSE(Job::load());
+    EXPECT_FALSE(Job::unload());
 }
 
 TEST_F(SystemdTest, LoadingStartsTheUnitNowAndAtEachLogin)
 {
     install(harmless);
-    EXPECT_FALSE(LaunchAgent::isLoaded());
-    EXPECT_TRUE(LaunchAgent::load());
-    EXPECT_TRUE(LaunchAgent::isLoaded());
+    EXPECT_FALSE(Job::isLoaded());
+    EXPECT_TRUE(Job::load());
+    EXPECT_TRUE(Job::isLoaded());
     EXPECT_EQ(systemctl({u"is-active"_s, unit}), "active");
     EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "enabled");
 }
@@ -85,25 +84,93 @@ TEST_F(SystemdTest, LoadingStartsTheUnitNowAndAtEachLogin)
 TEST_F(SystemdTest, UnloadingStopsTheUnitUntilTheNextLogin)
 {
     install(harmless);
-    ASSERT_TRUE(LaunchAgent::load());
-    EXPECT_TRUE(LaunchAgent::unload());
-    EXPECT_FALSE(LaunchAgent::isLoaded());
+    ASSERT_TRUE(Job::load());
+    EXPECT_TRUE(Job::unload());
+    EXPECT_FALSE(Job::isLoaded());
     EXPECT_EQ(systemctl({u"is-active"_s, unit}), "inactive");
     EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "enabled");
 }
 
-TEST_F(SystemdTest, AUnitFileInTheDataFolderCounts)
+TEST_F(SystemdTest, EveryFolderThatSystemdSearchesIsSearched)
 {
-    install(harmless, "VANTLE_TEST_DATA");
-    EXPECT_TRUE(LaunchAgent::load());
-    EXPECT_TRUE(LaunchAgent::unload());
+    const QString path = QString::fromUtf8(systemctl({u"show"_s, u"--property=UnitPath"_s, u"--value"_s}));
+    const QStringList searched = path.split(u' ', Qt::SkipEmptyParts);
+    EXPECT_GE(searched.size(), 10);
+    for (const QString &folder : searched)
+        EXPECT_TRUE(unitFolders().contains(folder)) << qPrintable(folder);
 }
 
-TEST_F(SystemdTest, AUnitThatFailsToStartIsNotLoaded)
+TEST_F(SystemdTest, AUnitIsSwitchedWhereverItsFileIs)
+{
+    for (const QString &folder :
+         {units("VANTLE_TEST_DATA"), u"/etc/systemd/user"_s, units("XDG_RUNTIME_DIR"), u"/run/systemd/user"_s,
+          u"/usr/local/lib/systemd/user"_s, u"/usr/lib/systemd/user"_s}) {
+        install(harmless, folder);
+        EXPECT_TRUE(Job::load()) << qPrintable(folder);
+        EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "enabled") << qPrintable(folder);
+        EXPECT_TRUE(Job::unload()) << qPrintable(folder);
+        systemctl({u"disable"_s, unit});
+        EXPECT_TRUE(QFile::remove(m_file));
+    }
+}
+
+TEST_F(SystemdTest, AUnitThatFailsToStartIsNeitherLoadedNorEnabled)
 {
     install("ExecStartPre=/bin/false\n" + harmless);
-    EXPECT_FALSE(LaunchAgent::load());
+    EXPECT_FALSE(Job::load());
     EXPECT_EQ(systemctl({u"is-active"_s, unit}), "failed");
+    EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "disabled");
+}
+
+TEST_F(SystemdTest, AUnitThatIsNeverReadyKeepsNobodyWaiting)
+{
+    install("Type=notify\nTimeoutStartSec=2\n" + harmless);
+    Awaited<bool> answer;
+    LaunchAgent::load(answer.take());
+    ASSERT_TRUE(comesToBe("activating"));
+    EXPECT_FALSE(answer.isGiven()) << "the manager has not said yet what comes of it";
+    EXPECT_FALSE(answer.value());
+    EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "disabled");
+}
+
+TEST_F(SystemdTest, AUnitThatIgnoresItsEndKeepsNobodyWaiting)
+{
+    install("ExecStop=/bin/sleep infinity\nTimeoutStopSec=2\n" + harmless);
+    ASSERT_TRUE(Job::load());
+    Awaited<bool> answer;
+    LaunchAgent::unload(answer.take());
+    ASSERT_TRUE(comesToBe("deactivating"));
+    EXPECT_FALSE(answer.isGiven());
+    EXPECT_TRUE(answer.value());
+}
+
+TEST_F(SystemdTest, AChangeOfTheUnitsFileIsSeen)
+{
+    install("ExecStartPre=/bin/false\n" + harmless);
+    ASSERT_FALSE(Job::load());
+    QFile file(m_file);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[Service]\n" + harmless);
+    file.close();
+    EXPECT_TRUE(Job::load());
+}
+
+TEST_F(SystemdTest, AnEndMeanwhileLosesNoLoading)
+{
+    install("Type=notify\nTimeoutStartSec=infinity\n" + harmless);
+    LaunchAgent::load([](bool) {});
+    LaunchAgent::finish();
+    EXPECT_TRUE(comesToBe("activating"));
+    EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "enabled");
+}
+
+TEST_F(SystemdTest, AnEndMeanwhileLosesNoUnloading)
+{
+    install("ExecStop=/bin/sleep infinity\nTimeoutStopSec=infinity\n" + harmless);
+    ASSERT_TRUE(Job::load());
+    LaunchAgent::unload([](bool) {});
+    LaunchAgent::finish();
+    EXPECT_TRUE(comesToBe("deactivating"));
 }
 
 TEST_F(SystemdTest, AUnitOnItsWayUpIsLoaded)
@@ -111,35 +178,35 @@ TEST_F(SystemdTest, AUnitOnItsWayUpIsLoaded)
     install("Type=notify\nTimeoutStartSec=infinity\n" + harmless);
     systemctl({u"start"_s, u"--no-block"_s, unit});
     ASSERT_TRUE(comesToBe("activating"));
-    EXPECT_TRUE(LaunchAgent::isLoaded());
+    EXPECT_TRUE(Job::isLoaded());
 }
 
 TEST_F(SystemdTest, AUnitThatReloadsIsLoaded)
 {
     install("ExecReload=/bin/sleep infinity\n" + harmless);
-    ASSERT_TRUE(LaunchAgent::load());
+    ASSERT_TRUE(Job::load());
     systemctl({u"reload"_s, u"--no-block"_s, unit});
     ASSERT_TRUE(comesToBe("reloading"));
-    EXPECT_TRUE(LaunchAgent::isLoaded());
+    EXPECT_TRUE(Job::isLoaded());
 }
 
 TEST_F(SystemdTest, AUnitOnItsWayDownIsNotLoaded)
 {
     install("ExecStop=/bin/sleep infinity\nTimeoutStopSec=infinity\n" + harmless);
-    ASSERT_TRUE(LaunchAgent::load());
+    ASSERT_TRUE(Job::load());
     systemctl({u"stop"_s, u"--no-block"_s, unit});
     ASSERT_TRUE(comesToBe("deactivating"));
-    EXPECT_FALSE(LaunchAgent::isLoaded());
+    EXPECT_FALSE(Job::isLoaded());
 }
 
 TEST_F(SystemdTest, ALoadedUnitStaysLoadedWhenItsFileIsGone)
 {
     install(harmless);
-    ASSERT_TRUE(LaunchAgent::load());
-    ASSERT_TRUE(QFile::remove(units("VANTLE_TEST_CONFIG") + unit));
-    EXPECT_TRUE(LaunchAgent::isLoaded());
-    EXPECT_FALSE(LaunchAgent::unload());
-    EXPECT_TRUE(LaunchAgent::isLoaded());
+    ASSERT_TRUE(Job::load());
+    ASSERT_TRUE(QFile::remove(m_file));
+    EXPECT_TRUE(Job::isLoaded());
+    EXPECT_FALSE(Job::unload());
+    EXPECT_TRUE(Job::isLoaded());
 }
 
 } // namespace

@@ -80,24 +80,48 @@ bool OutsideWorld::Files::isDirectory(const QString &path)
     return false;
 }
 
-bool OutsideWorld::Service::isLoaded()
+void OutsideWorld::answerForService()
+{
+    const auto work = m_owedAnswers.front();
+    m_owedAnswers.pop_front();
+    work();
+}
+
+void OutsideWorld::answer(std::function<void()> work)
+{
+    if (serviceIsSlow)
+        m_owedAnswers.push_back(std::move(work));
+    else
+        work();
+}
+
+void OutsideWorld::Service::isLoaded(std::chrono::milliseconds, Answer answer)
 {
     world.note("is the job loaded");
-    return world.serviceIsLoaded;
+    world.answer([this, answer = std::move(answer)] { answer(world.serviceIsLoaded); });
 }
 
-bool OutsideWorld::Service::load()
+void OutsideWorld::Service::load(Answer answer)
 {
     world.note("load the job");
-    world.serviceIsLoaded |= !world.serviceRefuses;
-    return world.serviceIsLoaded;
+    world.answer([this, answer = std::move(answer)] {
+        world.serviceIsLoaded |= !world.serviceRefuses;
+        answer(world.serviceIsLoaded);
+    });
 }
 
-bool OutsideWorld::Service::unload()
+void OutsideWorld::Service::unload(Answer answer)
 {
     world.note("unload the job");
-    world.serviceIsLoaded &= world.serviceRefuses;
-    return !world.serviceIsLoaded;
+    world.answer([this, answer = std::move(answer)] {
+        world.serviceIsLoaded &= world.serviceRefuses;
+        answer(!world.serviceIsLoaded);
+    });
+}
+
+void OutsideWorld::Service::finish(std::chrono::milliseconds)
+{
+    world.note("finish the job");
 }
 
 void OutsideWorld::Posts::post(const QUrl &url)

@@ -7,6 +7,8 @@
 
 #include <QMap>
 
+#include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,6 +30,10 @@ public:
     bool filesRefuse = false; ///< nothing can be written
     bool serviceIsLoaded = false;
     bool serviceRefuses = false; ///< loading and unloading change nothing
+    bool serviceIsSlow = false;  ///< the service manager answers only when it is told to
+
+    /// Lets a slow service manager give the first answer that it owes.
+    void answerForService();
 
 private:
     void note(const std::string &verb, const QString &object = {}, const QByteArray &bytes = {});
@@ -46,9 +52,10 @@ private:
 
     struct Service final : ServiceManager {
         explicit Service(OutsideWorld &owner) : world(owner) {}
-        bool isLoaded() override;
-        bool load() override;
-        bool unload() override;
+        void isLoaded(std::chrono::milliseconds patience, Answer answer) override;
+        void load(Answer answer) override;
+        void unload(Answer answer) override;
+        void finish(std::chrono::milliseconds limit) override;
         OutsideWorld &world;
     };
 
@@ -59,7 +66,10 @@ private:
         OutsideWorld &world;
     };
 
+    void answer(std::function<void()> work);
+
     std::vector<std::string> m_record;
+    std::deque<std::function<void()>> m_owedAnswers;
     Files m_files{*this};
     Service m_service{*this};
     Posts m_posts{*this};

@@ -36,9 +36,10 @@ private:
     };
 
     struct LoadedJob final : ServiceManager {
-        bool isLoaded() override { return true; }
-        bool load() override { return true; }
-        bool unload() override { return true; }
+        void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(true); }
+        void load(Answer answer) override { answer(true); }
+        void unload(Answer answer) override { answer(true); }
+        void finish(std::chrono::milliseconds) override {}
     };
 
     struct NoAgent final : LoopbackPost {

@@ -12,6 +12,8 @@
 #include "Platform/Desktop/FontRegistry.h"
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
 
+#include <QPointer>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -95,6 +97,9 @@ void GeneralSection::addAgentGroup()
 
     terminal->setEntries(terminalEntries());
     bind(launch, m_model.launchAtLogin, &GeneralSection::setLaunchAtLogin);
+    const auto showPending = [=, this] { launch->setPending(m_model.launchAtLoginIsChanging); };
+    connect(launch, &Switch::requested, this, showPending);
+    renderPage(m_model, showPending);
     connect(typeface, &Picker::activated, this,
             [this](int index) { m_model.setTypeface(allTypefaceOptions[size_t(index)]); });
     connect(terminal, &Picker::activated, this,
@@ -152,11 +157,18 @@ void GeneralSection::bind(Switch *button, const Published<bool> &state, void (Ge
 
 void GeneralSection::setLaunchAtLogin(bool on)
 {
+    m_model.launchAtLoginIsChanging = true;
+    const auto store = [model = QPointer(&m_model)](bool loaded) {
+        if (!model)
+            return;
+        model->launchAtLogin = loaded;
+        model->launchAtLoginIsChanging = false;
+    };
+    const auto readBack = [store](bool) { LaunchAgent::isLoaded(store); };
     if (on)
-        LaunchAgent::load();
+        LaunchAgent::load(readBack);
     else
-        LaunchAgent::unload();
-    m_model.launchAtLogin = LaunchAgent::isLoaded();
+        LaunchAgent::unload(readBack);
 }
 
 void GeneralSection::setGreenScreen(bool on)

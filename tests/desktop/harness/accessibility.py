@@ -12,7 +12,7 @@ _LABELLED_BY = 2
 
 # The bits of a control's state that tests ask for.
 STATES = {
-    "active": 1, "checked": 4, "defunct": 6, "editable": 7, "enabled": 8, "expanded": 10, "focusable": 11,
+    "active": 1, "busy": 3, "checked": 4, "defunct": 6, "editable": 7, "enabled": 8, "expanded": 10, "focusable": 11,
     "focused": 12, "selectable": 22, "selected": 23, "sensitive": 24, "showing": 25, "visible": 30,
     "default": 39,
 }

@@ -26,9 +26,13 @@ class DesktopCase(unittest.TestCase):
 
     def start(self, **options):
         """The program, its window ready for use."""
+        return self.launch(**options).ready()
+
+    def launch(self, **options):
+        """The program as it has just been started."""
         program = Program(self.desktop, self.home, **options)
         self._programs.append(program)
-        return program.ready()
+        return program
 
     def write(self, path, text):
         """Puts a file into the home."""

@@ -14,8 +14,9 @@ _INTERFACE = """<node><interface name="org.freedesktop.systemd1.Unit">
 <property name="ActiveState" type="s" access="read"/></interface></node>"""
 _SCRIPT = """#!/bin/sh
 echo "$*" >>{folder}/asked
+case "$*" in *" start "*|*" stop "*) until ! test -e {folder}/slow; do sleep 0.01; done;; esac
 test -e {folder}/unwilling && exit 1
-case "$*" in *enable*) echo active;; *stop*) echo inactive;; esac >{folder}/state
+case "$*" in *--now*|*" start "*) echo active >{folder}/state;; *" stop "*) echo inactive >{folder}/state;; esac
 """
 
 
@@ -44,7 +45,7 @@ class LoginJobs:
 
     def forget(self):
         """As at the start: the job is not loaded, and nobody asked."""
-        for name in ("asked", "unwilling"):
+        for name in ("asked", "unwilling", "slow"):
             (self._folder / name).unlink(missing_ok=True)
         self.state = "inactive"
 
@@ -61,6 +62,13 @@ class LoginJobs:
     @state.setter
     def state(self, state):
         (self._folder / "state").write_text(state)
+
+    def slow_down(self):
+        """From now on loading and unloading take until `go_on`."""
+        (self._folder / "slow").touch()
+
+    def go_on(self):
+        (self._folder / "slow").unlink()
 
     def refuse(self):
         """From now on nothing is loaded or unloaded."""

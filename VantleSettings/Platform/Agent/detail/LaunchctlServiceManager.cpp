@@ -1,12 +1,14 @@
 #include "Platform/Agent/detail/LaunchctlServiceManager.h"
 
 #include "Foundation/Seam.h"
-#include "Platform/Agent/detail/ToolOutput.h"
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Home.h"
 #include "Platform/Files/Path.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -37,27 +39,42 @@ bool LaunchctlServiceManager::isAvailable()
 
 /// The label counts wherever it stands in the listing, inside a longer one too; a listing that is no text
 /// lists nothing.
-bool LaunchctlServiceManager::isLoaded()
+void LaunchctlServiceManager::isLoaded(std::chrono::milliseconds patience, Answer answer)
 {
-    const auto listing = toolOutput(tool(), {u"list"_s});
-    return listing && listing->isValidUtf8() && listing->contains(label);
+    auto *listing = ToolRun::reading(tool(), {u"list"_s}, [answer = std::move(answer)](const auto &output) {
+        answer(output && output->isValidUtf8() && output->contains(label));
+    });
+    if (patience > 0ms)
+        listing->waitForFinished(int(patience.count()));
 }
 
-bool LaunchctlServiceManager::load()
+void LaunchctlServiceManager::load(Answer answer)
 {
     const auto file = jobFile();
     if (!file)
-        return false;
-    toolOutput(tool(), {u"load"_s, u"-w"_s, *file});
-    return isLoaded();
+        return answer(false);
+    change({u"load"_s, u"-w"_s, *file}, std::move(answer));
 }
 
 /// Without `-w`: the job stays enabled, and the next login loads it again.
-bool LaunchctlServiceManager::unload()
+void LaunchctlServiceManager::unload(Answer answer)
 {
     const auto file = jobFile();
     if (!file)
-        return false;
-    toolOutput(tool(), {u"unload"_s, *file});
-    return !isLoaded();
+        return answer(false);
+    change({u"unload"_s, *file}, [answer = std::move(answer)](bool loaded) { answer(!loaded); });
+}
+
+/// The tool goes on without the program; what it is given is time to begin.
+void LaunchctlServiceManager::finish(std::chrono::milliseconds limit)
+{
+    if (m_change)
+        m_change->waitForFinished(int(limit.count()));
+}
+
+void LaunchctlServiceManager::change(const QStringList &arguments, Answer loadedAfterwards)
+{
+    m_change = ToolRun::silent(tool(), arguments, [this, answer = std::move(loadedAfterwards)](const auto &) {
+        isLoaded(0ms, answer);
+    });
 }

@@ -1,106 +1,136 @@
 #include "Platform/Agent/detail/SystemdServiceManager.h"
 
 #include "Foundation/Seam.h"
-#include "Platform/Agent/detail/ToolOutput.h"
+#include "Platform/Agent/SessionBus.h"
+#include "Platform/Agent/detail/ToolRun.h"
+#include "Platform/Agent/detail/UnitFolders.h"
 #include "Platform/Files/FileSystem.h"
-#include "Platform/Files/Home.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 
 #include <algorithm>
 #include <array>
+#include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
 
-constexpr int answerLimit = 3000; // ms; reached only when systemd hangs, or the machine is very busy
+constexpr int withoutLimit = std::numeric_limits<int>::max();
 
 QString unit()
 {
     return u"com.vantle.agent.service"_s;
 }
 
-/// A variable that names a directory; relative ones don't count.
-std::optional<QString> directoryFrom(const char *variable)
-{
-    const QString path = qEnvironmentVariable(variable);
-    return path.startsWith(u'/') ? std::optional(path) : std::nullopt;
-}
-
-/// Whether the unit's file is in one of the folders that are the user's own.
 bool hasJobFile()
 {
-    const auto home = homeDirectory();
-    const std::array folders{std::pair{"XDG_CONFIG_HOME", u"/.config"_s},
-                             std::pair{"XDG_DATA_HOME", u"/.local/share"_s}};
-    return std::ranges::any_of(folders, [&](const auto &folder) {
-        auto base = directoryFrom(folder.first);
-        if (!base && home)
-            base = *home + folder.second;
-        return base && Seam<FileSystem>::current().exists(*base + u"/systemd/user/"_s + unit());
+    return std::ranges::any_of(unitFolders(), [](const QString &folder) {
+        return Seam<FileSystem>::current().exists(folder + u'/' + unit());
     });
 }
 
-/// Whether there is a session bus to ask. Connecting where there is none would start one.
-bool hasSessionBus()
+/// Over the session bus, to which the toolkit is connected anyway: that takes a twentieth of the time that
+/// the tool takes, and this is asked at each start. The bus starts nobody to answer it.
+QDBusMessage stateQuestion()
 {
-    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    if (!address.isEmpty())
-        return !address.contains("autolaunch:");
-    const auto runtime = directoryFrom("XDG_RUNTIME_DIR");
-    return runtime && Seam<FileSystem>::current().exists(*runtime + u"/bus"_s);
-}
-
-/// The unit's state in systemd's words; empty when nobody answers. Over the session bus, to which the toolkit
-/// is connected anyway: that takes a twentieth of the time that the tool takes, and this is asked at each
-/// start.
-QString activeState()
-{
-    if (!hasSessionBus())
-        return {};
     auto question = QDBusMessage::createMethodCall(
         u"org.freedesktop.systemd1"_s, u"/org/freedesktop/systemd1/unit/com_2evantle_2eagent_2eservice"_s,
         u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << u"org.freedesktop.systemd1.Unit"_s << u"ActiveState"_s;
-    const auto answer = QDBusConnection::sessionBus().call(question, QDBus::Block, answerLimit);
-    return answer.arguments().value(0).value<QDBusVariant>().variant().toString();
+    question.setAutoStartService(false);
+    return question;
 }
 
-void runTool(const QStringList &arguments)
+/// Whether the unit's state is one of a loaded job; an error says that it is not.
+bool saysLoaded(const QDBusMessage &answer)
+{
+    const QString state = answer.arguments().value(0).value<QDBusVariant>().variant().toString();
+    return state == u"active" || state == u"activating" || state == u"reloading";
+}
+
+/// Runs the tool for the user's systemd, then calls `then`: at once when there is no such tool, and it
+/// returns null.
+ToolRun *runTool(const QStringList &arguments, std::function<void()> then)
 {
     const std::array places{u"/usr/bin/systemctl"_s, u"/bin/systemctl"_s,
                             u"/run/current-system/sw/bin/systemctl"_s};
     const auto *const tool = std::ranges::find_if(
         places, [](const QString &path) { return Seam<FileSystem>::current().exists(path); });
-    if (tool != places.end())
-        toolOutput(*tool, QStringList{u"--user"_s} + arguments);
+    if (tool == places.end()) {
+        then();
+        return nullptr;
+    }
+    return ToolRun::silent(*tool, QStringList{u"--user"_s} + arguments,
+                           [then = std::move(then)](const auto &) { then(); });
 }
 
 } // namespace
 
-bool SystemdServiceManager::isLoaded()
+void SystemdServiceManager::isLoaded(std::chrono::milliseconds patience, Answer answer)
 {
-    const QString state = activeState();
-    return state == u"active" || state == u"activating" || state == u"reloading";
+    if (!hasSessionBus())
+        return answer(false);
+    const auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) // an asynchronous call would never come back
+        return answer(false);
+    if (patience > 0ms) {
+        const QDBusMessage reply = bus.call(stateQuestion(), QDBus::Block, int(patience.count()));
+        if (reply.errorName() != QDBusError::errorString(QDBusError::NoReply))
+            return answer(saysLoaded(reply));
+    }
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(stateQuestion(), withoutLimit),
+                                                QCoreApplication::instance());
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
+                     [watcher, answer = std::move(answer)] {
+                         watcher->deleteLater();
+                         answer(saysLoaded(watcher->reply()));
+                     });
 }
 
-bool SystemdServiceManager::load()
+/// Enabled only once it has started: a start that fails leaves the next login as it was.
+void SystemdServiceManager::load(Answer answer)
 {
     if (!hasJobFile())
-        return false;
-    runTool({u"enable"_s, u"--now"_s, unit()});
-    return isLoaded();
+        return answer(false);
+    m_queued = QStringList{u"enable"_s, u"--now"_s, u"--no-block"_s, unit()};
+    const auto finished = [this, answer = std::move(answer)](bool loaded) {
+        m_queued.clear();
+        answer(loaded);
+    };
+    const auto enable = [=] { runTool({u"enable"_s, unit()}, [=] { finished(true); }); };
+    const auto check = [=, this] {
+        isLoaded(0ms, [=](bool loaded) { loaded ? enable() : finished(false); });
+    };
+    const auto start = [=] { runTool({u"start"_s, unit()}, check); };
+    runTool({u"daemon-reload"_s}, start); // the unit's file may be newer than what systemd knows of it
 }
 
 /// Stopped but not disabled: the next login starts it again.
-bool SystemdServiceManager::unload()
+void SystemdServiceManager::unload(Answer answer)
 {
     if (!hasJobFile())
-        return false;
-    runTool({u"stop"_s, unit()});
-    return !isLoaded();
+        return answer(false);
+    m_queued = QStringList{u"stop"_s, u"--no-block"_s, unit()};
+    const auto finished = [this, answer = std::move(answer)](bool loaded) {
+        m_queued.clear();
+        answer(!loaded);
+    };
+    runTool({u"stop"_s, unit()}, [=, this] { isLoaded(0ms, finished); });
+}
+
+void SystemdServiceManager::finish(std::chrono::milliseconds limit)
+{
+    if (m_queued.isEmpty())
+        return;
+    if (auto *run = runTool(m_queued, [] {}))
+        run->waitForFinished(int(limit.count()));
 }

@@ -2,12 +2,18 @@
 
 #include "Platform/Agent/ServiceManager.h"
 
+#include <QStringList>
+
 /// The user's systemd: the job is the unit com.vantle.agent.service. Loaded means that it is active or about
-/// to be.
+/// to be. It is asked over the session bus and told by its tool.
 class SystemdServiceManager final : public ServiceManager
 {
 public:
-    bool isLoaded() override;
-    bool load() override;
-    bool unload() override;
+    void isLoaded(std::chrono::milliseconds patience, Answer answer) override;
+    void load(Answer answer) override;
+    void unload(Answer answer) override;
+    void finish(std::chrono::milliseconds limit) override;
+
+private:
+    QStringList m_queued; ///< while a change is under way: what leaves it to systemd alone
 };

@@ -1,0 +1,96 @@
+#include "Foundation/Seam.h"
+#include "Platform/Agent/SessionBus.h"
+#include "Platform/Files/FileSystem.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+
+/// The socket of the user's bus where no address is given; empty when it isn't there.
+QString usualSocket()
+{
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    const QString path = folder + u"/bus"_s;
+    return folder.startsWith(u'/') && Seam<FileSystem>::current().exists(path) ? path : QString();
+}
+
+/// The name of the bus's socket as the system wants it, an abstract one with a zero in front; empty for a bus
+/// that is reached in another way.
+QByteArray socketName()
+{
+    const QByteArray address = qgetenv(addressVariable);
+    if (address.isEmpty())
+        return usualSocket().toLocal8Bit();
+    const QByteArray first = address.split(';').first();
+    if (!first.startsWith("unix:"))
+        return {};
+    for (const QByteArray &part : first.mid(5).split(',')) {
+        if (part.startsWith("path="))
+            return QByteArray::fromPercentEncoding(part.mid(5));
+        if (part.startsWith("abstract="))
+            return '\0' + QByteArray::fromPercentEncoding(part.mid(9));
+    }
+    return {};
+}
+
+/// Connects without waiting; false only when the other side leaves its callers waiting.
+bool takesCallers(int socket, const QByteArray &name)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (size_t(name.size()) >= sizeof address.sun_path)
+        return true;
+    std::ranges::copy(name, std::begin(address.sun_path));
+    const auto length = socklen_t(offsetof(sockaddr_un, sun_path) + size_t(name.size()));
+    return ::connect(socket, reinterpret_cast<const sockaddr *>(&address), length) == 0 || errno != EAGAIN;
+}
+
+/// Whether the bus answers the first words that each of its clients says. One that cannot be reached at all
+/// counts, too: nobody waits for it.
+bool answers(int socket, const QByteArray &name, std::chrono::milliseconds limit)
+{
+    if (!takesCallers(socket, name))
+        return false;
+    const QByteArray user = QByteArray::number(::getuid()).toHex();
+    const QByteArray words = '\0' + QByteArray("AUTH EXTERNAL ") + user + "\r\n";
+    if (::send(socket, words.constData(), size_t(words.size()), MSG_NOSIGNAL) < 0)
+        return true;
+    pollfd answer{socket, POLLIN, 0};
+    return ::poll(&answer, 1, int(limit.count())) != 0;
+}
+
+} // namespace
+
+bool hasSessionBus()
+{
+    const QByteArray address = qgetenv(addressVariable);
+    return address.isEmpty() ? !usualSocket().isEmpty() : !address.contains("autolaunch:");
+}
+
+void abandonSilentSessionBus(std::chrono::milliseconds limit)
+{
+    const QByteArray name = socketName();
+    if (name.isEmpty())
+        return;
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    if (socket < 0)
+        return;
+    if (!answers(socket, name, limit))
+        qputenv(addressVariable, "unix:path=/dev/null"); // no socket: connecting fails at once
+    ::close(socket);
+}

@@ -1,0 +1,54 @@
+#include "Platform/Agent/detail/UnitFolders.h"
+
+#include "Platform/Files/Home.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The absolute ones of these folders, as a variable gives them; `otherwise` where none is.
+QStringList given(const QStringList &folders, const QStringList &otherwise)
+{
+    QStringList absolute = folders;
+    absolute.removeIf([](const QString &folder) { return !folder.startsWith(u'/'); });
+    return absolute.isEmpty() ? otherwise : absolute;
+}
+
+QStringList folder(const char *variable, const QStringList &otherwise)
+{
+    return given({qEnvironmentVariable(variable)}, otherwise);
+}
+
+QStringList folders(const char *variable, const QStringList &otherwise)
+{
+    return given(qEnvironmentVariable(variable).split(u':'), otherwise);
+}
+
+QStringList below(const QStringList &bases, const QString &path)
+{
+    QStringList folders;
+    for (const QString &base : bases)
+        folders << base + path;
+    return folders;
+}
+
+} // namespace
+
+QStringList unitFolders()
+{
+    const auto home = homeDirectory();
+    const auto inHome = [&](const QString &path) { return home ? QStringList{*home + path} : QStringList(); };
+    const QStringList config = folder("XDG_CONFIG_HOME", inHome(u"/.config"_s));
+    const QStringList data = folder("XDG_DATA_HOME", inHome(u"/.local/share"_s));
+    const QStringList runtime = folder("XDG_RUNTIME_DIR", {});
+    const QStringList everybody{u"/etc"_s, u"/run"_s, u"/usr/local/lib"_s, u"/usr/lib"_s, u"/lib"_s};
+
+    QStringList found = below(config + runtime, u"/systemd/user.control"_s);
+    for (const auto &name : {u"/transient"_s, u"/generator.early"_s, u"/generator"_s, u"/generator.late"_s})
+        found += below(runtime, u"/systemd"_s + name);
+    found += below(config + folders("XDG_CONFIG_DIRS", {u"/etc/xdg"_s}) + runtime + data +
+                       folders("XDG_DATA_DIRS", {u"/usr/local/share"_s, u"/usr/share"_s}) + everybody,
+                   u"/systemd/user"_s);
+    return found;
+}
