@@ -1,9 +1,10 @@
 """`cmake --install` below a prefix: complete, found by a desktop, and accepted by the standards' own checkers."""
 
+import re
 import struct
 import unittest
 
-from trees import BUILD, files_below, run, temporary_folder
+from trees import BUILD, SOURCE, files_below, run, temporary_folder
 
 ICON_SIZES = (16, 22, 24, 32, 48, 64, 96, 128, 256, 512)
 
@@ -52,6 +53,18 @@ class Installation(unittest.TestCase):
         page = self.share / "man/man1/vantle-settings.1"
         self.assertEqual(run("mandoc", "-T", "lint", "-W", "style", page), "")
         self.assertIn("VANTLE-SETTINGS", run("mandoc", "-T", "utf8", page))
+
+    def test_the_agents_unit_is_described_as_the_service_manager_takes_it(self):
+        readme = (SOURCE / "README.md").read_text()
+        (unit,) = re.findall(r"^```\n(\[Unit\]\n.*?)^```$", readme, re.MULTILINE | re.DOTALL)
+        page = (self.share / "man/man1/vantle-settings.1").read_text()
+        (short,) = re.findall(r"^\.Bd .*?\n(\[Service\]\n.*?)^\.Ed$", page, re.MULTILINE | re.DOTALL)
+        self.assertTrue(unit.endswith(f"\n\n{short}"))
+        with temporary_folder() as folder:
+            file = folder / "com.vantle.agent.service"
+            file.write_text(re.sub("ExecStart=.*", "ExecStart=/bin/true", unit))
+            self.assertEqual(run("systemd-analyze", "verify", "--user", file, env={"XDG_RUNTIME_DIR": str(folder),
+                                 "HOME": str(folder), "PATH": "/usr/bin:/bin"}), "")
 
     def test_every_icon_has_the_size_of_its_folder_and_is_not_empty(self):
         for size in ICON_SIZES:
