@@ -28,14 +28,18 @@ void addCorner(QPainterPath &path, QPointF corner, QPointF toBefore, QPointF toA
     path.cubicTo(corner + toAfter * 2 * diagonal, corner + toAfter * control, corner + toAfter * start);
 }
 
-/// The nearest place between two device pixels.
-QRectF alignedToPixels(const QPainter &painter, const QRectF &rect, bool upright)
+/// The device pixels of a rectangle. Its corners are rounded as the toolkit rounds those of a widget's clip.
+QRect devicePixels(const QPainter &painter, const QRectF &rect)
 {
     const QTransform toDevice = painter.deviceTransform();
-    const QRectF device = toDevice.mapRect(rect);
-    const QRectF line = upright ? QRectF(std::round(device.left()), device.top(), 1, device.height())
-                                : QRectF(device.left(), std::round(device.top()), device.width(), 1);
-    return toDevice.inverted().mapRect(line);
+    const QPoint topLeft = toDevice.map(rect.topLeft()).toPoint();
+    const QPoint bottomRight = toDevice.map(rect.bottomRight()).toPoint();
+    return {topLeft, bottomRight - QPoint(1, 1)};
+}
+
+QRectF inPoints(const QPainter &painter, const QRect &pixels)
+{
+    return painter.deviceTransform().inverted().mapRect(QRectF(pixels));
 }
 
 } // namespace
@@ -97,17 +101,23 @@ qreal devicePixel(const QPainter &painter)
 
 void drawHairline(QPainter &painter, const QRectF &rect, const QColor &color)
 {
-    painter.fillRect(alignedToPixels(painter, rect, false), color);
+    QRect line = devicePixels(painter, rect);
+    line.setHeight(1);
+    painter.fillRect(inPoints(painter, line), color);
 }
 
 void drawVerticalHairline(QPainter &painter, const QRectF &rect, const QColor &color)
 {
-    painter.fillRect(alignedToPixels(painter, rect, true), color);
+    QRect line = devicePixels(painter, rect);
+    line.setWidth(1);
+    painter.fillRect(inPoints(painter, line), color);
 }
 
 void drawCard(QPainter &painter, const QRectF &rect)
 {
-    fill(painter, continuousRectangle(rect, Tokens::cardRadius), Tokens::cardBackground);
+    // Between two pixels an edge would be spread over both, and half of it cut off with the widget.
+    const QRectF card = inPoints(painter, devicePixels(painter, rect));
+    fill(painter, continuousRectangle(card, Tokens::cardRadius), Tokens::cardBackground);
     const qreal width = std::max(0.5, devicePixel(painter));
     const qreal inset = width / 2;
     QColor stroke = Tokens::separator();
@@ -115,7 +125,7 @@ void drawCard(QPainter &painter, const QRectF &rect)
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.strokePath(
-        continuousRectangle(rect.adjusted(inset, inset, -inset, -inset), Tokens::cardRadius - inset),
+        continuousRectangle(card.adjusted(inset, inset, -inset, -inset), Tokens::cardRadius - inset),
         QPen(stroke, width));
     painter.restore();
 }

@@ -2,6 +2,7 @@
 
 #include "Components/Label.h"
 #include "Components/Painting.h"
+#include "Components/SettingsRow.h"
 #include "Components/Tokens.h"
 #include "Platform/Window/AccessibleRole.h"
 
@@ -15,6 +16,8 @@ namespace
 
 constexpr int captionPadding = 4;
 
+/// The card, and the lines between its rows. They are the card's to draw: where a pixel is no whole part of a
+/// point a row that is painted anew covers the first pixel of the line below it.
 class Card : public QWidget
 {
 public:
@@ -25,6 +28,11 @@ protected:
     {
         QPainter painter(this);
         drawCard(painter, rect());
+        for (const auto *divider : findChildren<SettingsRowDivider *>()) {
+            if (divider->isVisible())
+                drawHairline(painter, divider->line().translated(divider->mapTo(this, QPoint())),
+                             Tokens::separator());
+        }
     }
 };
 

@@ -1,13 +1,11 @@
 #include "Components/SettingsRow.h"
 
 #include "Components/Label.h"
-#include "Components/Painting.h"
 #include "Components/SidebarIcon.h"
 #include "Components/Tokens.h"
 #include "Platform/Window/AccessibleRole.h"
 
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace
@@ -61,11 +59,8 @@ SettingsRowDivider::SettingsRowDivider(QWidget *parent) : QWidget(parent)
     markAsDecoration(this);
 }
 
-void SettingsRowDivider::paintEvent(QPaintEvent *)
+QRectF SettingsRowDivider::line() const
 {
-    QPainter painter(this);
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    const QRectF line =
-        QRectF(rect()).adjusted(mirrored ? 0 : dividerInset, 0, mirrored ? -dividerInset : 0, 0);
-    drawHairline(painter, line, Tokens::separator());
+    return QRectF(rect()).adjusted(mirrored ? 0 : dividerInset, 0, mirrored ? -dividerInset : 0, 0);
 }

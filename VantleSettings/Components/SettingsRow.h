@@ -32,7 +32,7 @@ private:
     QWidget *m_accessory;
 };
 
-/// The line between two rows; it starts where the rows' texts do. Decoration: not in the accessibility tree.
+/// The place of the line between two rows, which their card draws. Decoration: not in the accessibility tree.
 class SettingsRowDivider : public QWidget
 {
     Q_OBJECT
@@ -40,6 +40,6 @@ class SettingsRowDivider : public QWidget
 public:
     explicit SettingsRowDivider(QWidget *parent = nullptr);
 
-protected:
-    void paintEvent(QPaintEvent *event) override;
+    /// The line within this widget; it starts where the rows' texts do.
+    QRectF line() const;
 };
