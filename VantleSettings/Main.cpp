@@ -4,6 +4,7 @@
 #include "FontRegistration/FontRegistration.h"
 #include "LaunchAgent/LaunchAgent.h"
 #include "Platform/Agent/SessionBus.h"
+#include "Platform/Window/OnlyProgram.h"
 #include "Platform/Window/QuitSignals.h"
 
 #include <QApplication>
@@ -18,8 +19,11 @@ int main()
     std::array name{'v', 'a', 'n', 't', 'l', 'e', '-', 's', 'e', 't', 't', 'i', 'n', 'g', 's', '\0'};
     std::array<char *, 2> arguments{name.data(), nullptr};
     int argumentCount = 1;
+    const LaunchToken token = launchToken();
     abandonSilentSessionBus(400ms); // the model waits too, and both together for less than a second
     QApplication application(argumentCount, arguments.data());
+    if (!becomeOnlyProgram(token))
+        return 0;
     QApplication::setApplicationDisplayName(QStringLiteral("Vantle Settings"));
     QApplication::setDesktopFileName(QStringLiteral("com.vantle.settings"));
     FontRegistration::registerBundledFonts();

@@ -18,6 +18,15 @@ configure_file(linux/com.vantle.settings.metainfo.xml.in com.vantle.settings.met
 configure_file(linux/vantle-settings.1.in vantle-settings.1 @ONLY)
 configure_file(linux/copyright.in copyright @ONLY)
 install(FILES linux/com.vantle.settings.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+
+# Desktops start the program through the session bus, which wants its whole path: known only when it is installed.
+install(CODE "
+    set(VANTLE_PROGRAM \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/vantle-settings\")
+    configure_file([[${CMAKE_CURRENT_SOURCE_DIR}/linux/com.vantle.settings.service.in]]
+        [[${CMAKE_CURRENT_BINARY_DIR}/com.vantle.settings.service]] @ONLY)")
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/com.vantle.settings.service
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
+
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/com.vantle.settings.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vantle-settings.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

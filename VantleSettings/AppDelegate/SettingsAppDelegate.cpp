@@ -3,6 +3,7 @@
 #include "AppDelegate/MainMenu.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Window/ApplicationMenu.h"
+#include "Platform/Window/OnlyProgram.h"
 #include "Platform/Window/WindowChrome.h"
 #include "SettingsWindow/SettingsWindowController.h"
 

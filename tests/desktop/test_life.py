@@ -5,6 +5,7 @@ import pathlib
 import signal
 import socket
 
+from gi.repository import Gio, GLib
 from harness.case import DesktopCase
 
 DEFAULT_SIZE = (860, 640)
@@ -52,15 +53,119 @@ class Starting(DesktopCase):
             program.window.close()
             self.expect_end(program)
 
-    def test_two_at_once_both_work_and_the_last_write_wins(self):
-        first, second = self.start(), self.start()
+
+class OneAtATime(DesktopCase):
+    """A program that is started while it runs already."""
+
+    def minimised(self, **options):
+        program = self.launch(**options)
+        window = program.window
+        self.expect(lambda: self.desktop.windows.active == window.identifier, "the window is not active")
+        program.press("ctrl+m")
+        self.expect(lambda: window.minimised, "it is not minimised")
+        return program
+
+    def expect_handed_over(self, first, **options):
+        second = self.launch(**options)
+        self.expect_end(second)
+        self.expect(lambda: not first.window.minimised, "the first window stays minimised")
+        self.expect(lambda: self.desktop.windows.active == first.window.identifier, "the first window is not active")
+
+    def test_the_minimised_window_comes_back_with_its_page(self):
+        first = self.start()
+        first.show("Planning")
+        first.press("ctrl+m")
+        self.expect(lambda: first.window.minimised, "it is not minimised")
+        self.expect_handed_over(first)
+        first.ready().find("panel", "Planning")
+        self.finish(first)
+
+    def test_the_window_comes_before_those_of_others(self):
+        first = self.start()
+        mine = self.home
+        self.another_home()
+        other = self.start()
+        self.home = mine
+        self.expect_handed_over(first, environment={"DESKTOP_STARTUP_ID": "launcher_TIME4711"})
+        self.finish(first)
+        self.finish(other)
+
+    def test_a_dialog_that_waits_for_an_answer_gets_the_keyboard_again(self):
+        first = self.start()
+        first.show("Data & Privacy")
+        first.click("push button", "Clear Sessions…")
+        dialog = first.dialog("Clear all sessions?")
+        mine = self.home
+        self.another_home()
+        self.start()
+        self.home = mine
+        self.expect_end(self.launch())
+        self.expect(lambda: dialog.has("active"), "the dialog does not get the keyboard")
+        first.press("Escape")
+
+    def test_another_home_is_another_program(self):
+        first = self.start()
+        self.another_home()
+        second = self.start()
         second.pick("Typeface", "System (SF Pro)")
         self.expect_file(".vantle/typeface.json", '{\n  "name" : "system"\n}')
-        first.window.activate()
-        first.ready().pick("Terminal", "Vantle Terminal")
-        self.expect_file(".vantle/terminal-backend.json", '{\n  "backend" : "vantle-term"\n}')
         self.finish(first)
         self.finish(second)
+
+    def test_a_desktop_can_ask_for_it_under_the_name_of_its_entry(self):
+        first = self.minimised()
+        session = Gio.bus_get_sync(Gio.BusType.SESSION)
+        asked = GLib.Variant("(a{sv})", ({"desktop-startup-id": GLib.Variant("s", "launcher_TIME4711")},))
+        session.call_sync("com.vantle.settings", "/com/vantle/settings", "org.freedesktop.Application", "Activate", asked,
+                          None, Gio.DBusCallFlags.NO_AUTO_START, 20000)
+        self.expect(lambda: not first.window.minimised, "it does not come back")
+        self.finish(first)
+
+    def test_one_that_hangs_keeps_nobody_from_starting(self):
+        first = self.start()
+        first.signal(signal.SIGSTOP)
+        try:
+            second = self.launch()
+            second.window.close()
+            self.expect_end(second)
+        finally:
+            first.signal(signal.SIGCONT)
+        self.finish(first)
+
+    def without_a_bus(self):
+        folder = self.home / "runtime"
+        folder.mkdir(mode=0o700)
+        return {"environment": {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={folder}/bus", "XDG_RUNTIME_DIR": str(folder)}}
+
+    def test_without_a_session_bus_the_window_comes_back_too(self):
+        alone = self.without_a_bus()
+        first = self.minimised(**alone)
+        self.expect_handed_over(first, **alone)
+        first.window.close()
+        self.expect_end(first)
+        self.assertEqual(list((self.home / "runtime").iterdir()), [])
+
+    def test_without_a_session_bus_the_lock_of_one_that_was_killed_is_taken_over(self):
+        alone = self.without_a_bus()
+        first = self.launch(**alone)
+        first.window
+        first.signal(signal.SIGKILL)
+        first.ended()
+        second = self.launch(**alone)
+        second.window.close()
+        self.expect_end(second)
+
+    def test_without_a_session_bus_one_that_hangs_keeps_nobody_from_starting(self):
+        alone = self.without_a_bus()
+        first = self.launch(**alone)
+        first.window
+        first.signal(signal.SIGSTOP)
+        try:
+            second = self.launch(**alone)
+            second.window.close()
+            self.expect_end(second)
+        finally:
+            first.signal(signal.SIGCONT)
 
 
 class Resizing(DesktopCase):

@@ -1,6 +1,7 @@
 """`cmake --install` below a prefix: complete, found by a desktop, and accepted by the standards' own checkers."""
 
 import re
+import shutil
 import struct
 import unittest
 
@@ -26,6 +27,7 @@ class Installation(unittest.TestCase):
         expected = {
             "bin/vantle-settings",
             "share/applications/com.vantle.settings.desktop",
+            "share/dbus-1/services/com.vantle.settings.service",
             "share/doc/vantle-settings/THIRD-PARTY.md",
             "share/doc/vantle-settings/copyright",
             "share/icons/hicolor/scalable/apps/com.vantle.settings.svg",
@@ -40,7 +42,22 @@ class Installation(unittest.TestCase):
         self.assertEqual(files_below(self.prefix), expected)
 
     def test_the_desktop_entry_is_valid(self):
-        self.assertEqual(run("desktop-file-validate", self.share / "applications/com.vantle.settings.desktop"), "")
+        entry = self.share / "applications/com.vantle.settings.desktop"
+        known = self.prefix / "checked" / entry.name
+        known.parent.mkdir()
+        # Debian 12's checker is older than this key of the standard.
+        known.write_text(entry.read_text().replace("SingleMainWindow=true\n", ""))
+        try:
+            self.assertEqual(run("desktop-file-validate", known), "")
+        finally:
+            shutil.rmtree(known.parent)
+
+    def test_a_desktop_starts_it_once_over_the_session_bus(self):
+        entry = (self.share / "applications/com.vantle.settings.desktop").read_text().splitlines()
+        self.assertIn("DBusActivatable=true", entry)
+        self.assertIn("SingleMainWindow=true", entry)
+        service = (self.share / "dbus-1/services/com.vantle.settings.service").read_text()
+        self.assertEqual(service, f"[D-BUS Service]\nName=com.vantle.settings\nExec={self.prefix}/bin/vantle-settings\n")
 
     def test_the_software_centre_data_is_valid(self):
         run("appstreamcli", "validate", "--no-net", "--pedantic", "--explain",

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <functional>
-
 class QAction;
 class QMenu;
 class QMenuBar;
 class QWidget;
 
-/// The system's part in the menu bar and in how the program is started and stopped.
+/// The system's part in the menu bar.
 
 /// The items that systems treat in their own ways.
 struct StandardMenuItems {
@@ -31,7 +29,3 @@ void showAboutPanel(QWidget &window);
 
 /// An icon in the Dock and a menu bar, where programs can also do without.
 void becomeRegularApplication();
-
-/// Calls `reopen` when the user asks for the running program again, e.g. with a click on its icon in the
-/// Dock.
-void onReopen(std::function<void()> reopen);

@@ -7,28 +7,6 @@
 #include <QWindow>
 
 #import <AppKit/AppKit.h>
-#import <CoreServices/CoreServices.h>
-
-#include <utility>
-
-@interface VantleReopenHandler : NSObject
-@property(nonatomic) std::function<void()> reopen;
-@end
-
-@implementation VantleReopenHandler
-- (void)handle:(NSAppleEventDescriptor *)event reply:(NSAppleEventDescriptor *)reply
-{
-    self.reopen();
-}
-
-- (void)install
-{
-    [NSAppleEventManager.sharedAppleEventManager setEventHandler:self
-                                                     andSelector:@selector(handle:reply:)
-                                                   forEventClass:kCoreEventClass
-                                                      andEventID:kAEReopenApplication];
-}
-@end
 
 namespace
 {
@@ -91,15 +69,3 @@ void adoptMenuBar(QMenuBar &, const StandardMenuItems &items, QMenu &editMenu, Q
 void showAboutPanel(QWidget &) { [NSApp orderFrontStandardAboutPanel:nil]; }
 
 void becomeRegularApplication() { [NSApp setActivationPolicy:NSApplicationActivationPolicyRegular]; }
-
-void onReopen(std::function<void()> reopen)
-{
-    static VantleReopenHandler *handler = [[VantleReopenHandler alloc] init];
-    handler.reopen = std::move(reopen);
-    [handler install];
-    // Launching puts the system's own handler in its place; it is done once the event loop has begun.
-    [NSNotificationCenter.defaultCenter addObserver:handler
-                                           selector:@selector(install)
-                                               name:NSApplicationDidFinishLaunchingNotification
-                                             object:nil];
-}

@@ -37,7 +37,3 @@ void showAboutPanel(QWidget &window)
 void becomeRegularApplication()
 {
 }
-
-void onReopen(std::function<void()>) // NOLINT(performance-unnecessary-value-param): other systems keep it
-{
-}

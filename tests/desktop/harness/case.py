@@ -17,8 +17,7 @@ class DesktopCase(unittest.TestCase):
     _numbers = itertools.count()
 
     def setUp(self):
-        self.home = pathlib.Path(self.desktop.folder) / f"home{next(self._numbers)}"
-        self.home.mkdir()
+        self.another_home()
         self.agent = Agent()
         self.addCleanup(lambda: self.agent and self.agent.close())
         self._programs = []
@@ -33,6 +32,11 @@ class DesktopCase(unittest.TestCase):
         program = Program(self.desktop, self.home, **options)
         self._programs.append(program)
         return program
+
+    def another_home(self):
+        """From now on the case's files and programs are those of another home."""
+        self.home = pathlib.Path(self.desktop.folder) / f"home{next(self._numbers)}"
+        self.home.mkdir()
 
     def write(self, path, text):
         """Puts a file into the home."""
