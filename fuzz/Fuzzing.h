@@ -31,6 +31,7 @@ public:
         m_bytes = bytes;
         return true;
     }
+    void keepCopy(const QString &, const QStringList &) override {}
     void createDirectory(const QString &) override {}
     void remove(const QString &) override { m_bytes.clear(); }
     bool exists(const QString &) override { return true; }

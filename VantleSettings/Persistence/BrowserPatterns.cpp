@@ -22,6 +22,21 @@ std::optional<QStringList> texts(const Json::Value &array)
     return texts;
 }
 
+/// All roots with their patterns; nothing when any of it is invalid.
+std::optional<Persistence::BrowserPatterns> allPatterns(const Json::Value &top)
+{
+    if (!top.isObject())
+        return std::nullopt;
+    Persistence::BrowserPatterns patterns;
+    for (const auto &[root, value] : top.members()) {
+        const auto list = texts(value);
+        if (!list)
+            return std::nullopt;
+        patterns.emplace_hint(patterns.end(), root, *list);
+    }
+    return patterns;
+}
+
 /// The lines of a row, trimmed, without the empty ones. Only a line feed ends a line: a carriage return that
 /// was pasted belongs to its pattern.
 QStringList patterns(const QString &urls)
@@ -38,17 +53,7 @@ QStringList patterns(const QString &urls)
 
 Persistence::BrowserPatterns Persistence::loadBrowserPatterns()
 {
-    const auto document = HomeFile::read(patternsFile);
-    if (!document)
-        return {};
-    BrowserPatterns patterns;
-    for (const auto &[root, value] : document->root().members()) {
-        const auto list = texts(value);
-        if (!list)
-            return {};
-        patterns.emplace_hint(patterns.end(), root, *list);
-    }
-    return patterns;
+    return HomeFile::load(patternsFile, allPatterns).value_or(BrowserPatterns());
 }
 
 bool Persistence::saveBrowserPatterns(const BrowserPatterns &patterns)
@@ -56,7 +61,7 @@ bool Persistence::saveBrowserPatterns(const BrowserPatterns &patterns)
     Json::Object object;
     for (const auto &[root, list] : patterns)
         object.emplace_back(root, Json::Array(list.begin(), list.end()));
-    return HomeFile::write(patternsFile, object);
+    return HomeFile::save(patternsFile, object, allPatterns);
 }
 
 void Persistence::clearBrowserPatterns()

@@ -6,6 +6,8 @@
 #include "Platform/Files/Home.h"
 #include "Platform/Files/Path.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,21 +22,42 @@ std::optional<QString> absolute(const QString &relativePath)
     return home ? std::optional(Path::appending(*home, relativePath)) : std::nullopt;
 }
 
+std::optional<Json::Document> document(const QString &path)
+{
+    const auto bytes = files().read(path);
+    return bytes ? Json::Document::parse(*bytes) : std::nullopt;
+}
+
+/// Where the bytes of a file that could not be read are kept when it is saved over.
+QStringList unreadableCopies(const QString &path)
+{
+    constexpr int most = 9;
+    QStringList places{path + u".unreadable"_s};
+    for (int number = 2; number <= most; ++number)
+        places.append(places.first() + u'-' + QString::number(number));
+    return places;
+}
+
 } // namespace
 
 std::optional<Json::Document> HomeFile::read(const QString &relativePath)
 {
     const auto path = absolute(relativePath);
-    const auto bytes = path ? files().read(*path) : std::nullopt;
-    return bytes ? Json::Document::parse(*bytes) : std::nullopt;
+    return path ? document(*path) : std::nullopt;
 }
 
-bool HomeFile::write(const QString &relativePath, const Json::Node &node)
+bool HomeFile::write(const QString &relativePath, const Json::Node &record,
+                     const std::function<bool(const Json::Value &)> &isRecord)
 {
     if (const auto path = absolute(relativePath))
         Persistence::ensureDir(*path);
     const auto path = absolute(relativePath); // the home may have become another one meanwhile
-    return path && files().write(*path, Json::encode(node));
+    if (!path)
+        return false;
+    const auto present = document(*path);
+    if (!present || !isRecord(present->root()))
+        files().keepCopy(*path, unreadableCopies(*path));
+    return files().write(*path, Json::encode(record));
 }
 
 void HomeFile::remove(const QString &relativePath)

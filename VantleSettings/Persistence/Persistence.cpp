@@ -13,26 +13,18 @@ const QString terminalBackendFile = u".vantle/terminal-backend.json"_s;
 const QString updatesFile = u".vantle/updates.json"_s;
 const QString demoModeFile = u".vantle/demo-mode.json"_s;
 
-/// The record in the file, as `decode` makes it of the file's top level; nothing for anything but a whole
-/// one.
-template <class Decode>
-auto record(const QString &file, Decode decode) -> decltype(decode(Json::Value()))
+/// Reads the record that is one member, a text or a boolean.
+auto text(std::string_view member)
 {
-    const auto document = HomeFile::read(file);
-    return document ? decode(document->root()) : std::nullopt;
+    return [member](const Json::Value &top) { return top[member].text(); };
 }
 
-std::optional<QString> text(const QString &file, std::string_view member)
+auto boolean(std::string_view member)
 {
-    return record(file, [member](Json::Value top) { return top[member].text(); });
+    return [member](const Json::Value &top) { return top[member].boolean(); };
 }
 
-std::optional<bool> boolean(const QString &file, std::string_view member)
-{
-    return record(file, [member](Json::Value top) { return top[member].boolean(); });
-}
-
-std::optional<Persistence::UpdatesConfig> updatesConfig(Json::Value top)
+std::optional<Persistence::UpdatesConfig> updatesConfig(const Json::Value &top)
 {
     const auto automatic = top["automatic"].boolean();
     const Json::Value address = top["manifest_url"];
@@ -45,44 +37,44 @@ std::optional<Persistence::UpdatesConfig> updatesConfig(Json::Value top)
 
 TypefaceOption Persistence::loadTypeface()
 {
-    return typefaceOption(text(typefaceFile, "name").value_or(QString()))
+    return typefaceOption(HomeFile::load(typefaceFile, text("name")).value_or(QString()))
         .value_or(TypefaceOption::jetbrainsMono);
 }
 
 bool Persistence::loadGreenScreen()
 {
-    return boolean(greenScreenFile, "enabled").value_or(false);
+    return HomeFile::load(greenScreenFile, boolean("enabled")).value_or(false);
 }
 
 TerminalBackendOption Persistence::loadTerminalBackend()
 {
-    return terminalBackendOption(text(terminalBackendFile, "backend").value_or(QString()))
+    return terminalBackendOption(HomeFile::load(terminalBackendFile, text("backend")).value_or(QString()))
         .value_or(TerminalBackendOption::iterm);
 }
 
 Persistence::UpdatesConfig Persistence::loadUpdatesConfig()
 {
-    return record(updatesFile, updatesConfig).value_or(UpdatesConfig());
+    return HomeFile::load(updatesFile, updatesConfig).value_or(UpdatesConfig());
 }
 
 bool Persistence::loadDemoMode()
 {
-    return boolean(demoModeFile, "enabled").value_or(false);
+    return HomeFile::load(demoModeFile, boolean("enabled")).value_or(false);
 }
 
 bool Persistence::saveTypeface(const QString &name)
 {
-    return HomeFile::write(typefaceFile, Json::Object{{u"name"_s, name}});
+    return HomeFile::save(typefaceFile, Json::Object{{u"name"_s, name}}, text("name"));
 }
 
 bool Persistence::saveGreenScreen(bool enabled)
 {
-    return HomeFile::write(greenScreenFile, Json::Object{{u"enabled"_s, enabled}});
+    return HomeFile::save(greenScreenFile, Json::Object{{u"enabled"_s, enabled}}, boolean("enabled"));
 }
 
 bool Persistence::saveTerminalBackend(const QString &backend)
 {
-    return HomeFile::write(terminalBackendFile, Json::Object{{u"backend"_s, backend}});
+    return HomeFile::save(terminalBackendFile, Json::Object{{u"backend"_s, backend}}, text("backend"));
 }
 
 bool Persistence::saveUpdatesConfig(const UpdatesConfig &config)
@@ -90,5 +82,5 @@ bool Persistence::saveUpdatesConfig(const UpdatesConfig &config)
     Json::Object record{{u"automatic"_s, config.automatic}};
     if (config.manifestURL)
         record.emplace_back(u"manifest_url"_s, *config.manifestURL);
-    return HomeFile::write(updatesFile, record);
+    return HomeFile::save(updatesFile, record, updatesConfig);
 }

@@ -10,6 +10,14 @@ namespace
 
 const QString planningFile = u".vantle/planning.json"_s;
 
+std::optional<Planning::Config> decoded(const Json::Value &top)
+{
+    const Json::Value root = top["root"];
+    if (!top.isObject() || !(root.isAbsent() || root.text()))
+        return std::nullopt;
+    return Planning::Config{root.text()};
+}
+
 } // namespace
 
 bool Planning::Config::operator==(const Config &other) const
@@ -22,7 +30,7 @@ bool Planning::save(const Config &config)
     Json::Object record;
     if (config.root)
         record.emplace_back(u"root"_s, *config.root);
-    return HomeFile::write(planningFile, record);
+    return HomeFile::save(planningFile, record, decoded);
 }
 
 void Planning::clear()
@@ -32,6 +40,5 @@ void Planning::clear()
 
 std::optional<QString> Planning::loadPlanningConfig()
 {
-    const auto document = HomeFile::read(planningFile);
-    return document ? document->root()["root"].text() : std::nullopt;
+    return HomeFile::load(planningFile, decoded).value_or(Config()).root;
 }

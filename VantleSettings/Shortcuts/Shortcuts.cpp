@@ -20,13 +20,35 @@ std::optional<ShortcutAction> legacyAction(const QString &name)
     return std::nullopt;
 }
 
-std::optional<KeyCombo> decoded(Json::Value value)
+std::optional<KeyCombo> decoded(const Json::Value &value)
 {
     const auto keyCode = value["keyCode"].uint32();
     const auto modifiers = value["modifiers"].uint32();
     if (!keyCode || !modifiers)
         return std::nullopt;
     return KeyCombo{*keyCode, *modifiers};
+}
+
+/// The binding of every action; nothing when any member is no key combination.
+std::optional<Shortcuts::Bindings> allBindings(const Json::Value &top)
+{
+    if (!top.isObject())
+        return std::nullopt;
+    Shortcuts::Bindings present;
+    Shortcuts::Bindings legacy;
+    for (const auto &[name, value] : top.members()) {
+        const auto combo = decoded(value);
+        if (!combo)
+            return std::nullopt;
+        if (const auto action = shortcutAction(name))
+            present[*action] = *combo;
+        else if (const auto successor = legacyAction(name))
+            legacy[*successor] = *combo;
+    }
+    // What stands first stays: a present name, then a legacy one, then the default.
+    present.merge(legacy);
+    present.merge(Shortcuts::defaults());
+    return present;
 }
 
 Json::Object encoded(const KeyCombo &combo)
@@ -51,29 +73,12 @@ void Shortcuts::save() const
     Json::Object members;
     for (const auto &[action, combo] : bindings.value())
         members.emplace_back(rawValue(action), encoded(combo));
-    HomeFile::write(shortcutsFile, members);
+    HomeFile::save(shortcutsFile, members, allBindings);
 }
 
 std::optional<Shortcuts::Bindings> Shortcuts::load()
 {
-    const auto document = HomeFile::read(shortcutsFile);
-    if (!document || !document->root().isObject())
-        return std::nullopt;
-    Bindings present;
-    Bindings legacy;
-    for (const auto &[name, value] : document->root().members()) {
-        const auto combo = decoded(value);
-        if (!combo)
-            return std::nullopt;
-        if (const auto action = shortcutAction(name))
-            present[*action] = *combo;
-        else if (const auto successor = legacyAction(name))
-            legacy[*successor] = *combo;
-    }
-    // What stands first stays: a present name, then a legacy one, then the default.
-    present.merge(legacy);
-    present.merge(defaults());
-    return present;
+    return HomeFile::load(shortcutsFile, allBindings);
 }
 
 Shortcuts::Bindings Shortcuts::defaults()

@@ -28,6 +28,7 @@ public:
         return file == m_files.end() ? std::nullopt : std::optional(file->second);
     }
     bool write(const QString &, const QByteArray &) override { return false; }
+    void keepCopy(const QString &, const QStringList &) override {}
     void createDirectory(const QString &) override {}
     void remove(const QString &) override {}
     bool exists(const QString &path) override { return m_files.contains(path); }

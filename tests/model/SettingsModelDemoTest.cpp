@@ -137,11 +137,13 @@ TEST_F(SettingsModelDemoTest, SavesEveryOtherSettingAndTellsTheAgent)
     model->rebindShortcut(ShortcutAction::focusLast, {1, 256});
     EXPECT_THAT(
         world.takeRecord(),
-        ElementsAre("create directory ~/.vantle", R"(write ~/.vantle/typeface.json { "name" : "system" })",
+        ElementsAre("create directory ~/.vantle", "read ~/.vantle/typeface.json",
+                    R"(write ~/.vantle/typeface.json { "name" : "system" })",
                     "post http://127.0.0.1:18484/settings/reload-typeface", "create directory ~/.vantle",
+                    "read ~/.vantle/terminal-backend.json",
                     R"(write ~/.vantle/terminal-backend.json { "backend" : "vantle-term" })",
                     "post http://127.0.0.1:18484/settings/reload-terminal-backend",
-                    "create directory ~/.vantle",
+                    "create directory ~/.vantle", "read ~/.vantle/shortcuts.json",
                     R"(write ~/.vantle/shortcuts.json { "focusLast" : { "keyCode" : 1, )"
                     R"("modifiers" : 256 }, "focusPrevious" : { "keyCode" : 40, "modifiers" : 768 }, )"
                     R"("openPlan" : { "keyCode" : 37, "modifiers" : 768 } })",

@@ -136,7 +136,7 @@ TEST_F(SettingsModelTest, SettingTheTypefaceWritesItsFileThenTellsTheAgent)
     const auto model = made();
     model->setTypeface(TypefaceOption::system);
     EXPECT_EQ(model->typeface, TypefaceOption::system);
-    EXPECT_THAT(world.takeRecord(), ElementsAre("create directory ~/.vantle",
+    EXPECT_THAT(world.takeRecord(), ElementsAre("create directory ~/.vantle", "read ~/.vantle/typeface.json",
                                                 R"(write ~/.vantle/typeface.json { "name" : "system" })",
                                                 "post http://127.0.0.1:18484/settings/reload-typeface"));
 }
@@ -145,7 +145,7 @@ TEST_F(SettingsModelTest, TheTypefaceChangesBetweenItsSavingAndItsPost)
 {
     const auto model = made();
     EXPECT_THAT(askedBetweenAnnouncements(*model, [&] { model->setTypeface(TypefaceOption::system); }),
-                ElementsAre(ElementsAre("create directory ~/.vantle",
+                ElementsAre(ElementsAre("create directory ~/.vantle", "read ~/.vantle/typeface.json",
                                         R"(write ~/.vantle/typeface.json { "name" : "system" })"),
                             ElementsAre("post http://127.0.0.1:18484/settings/reload-typeface")));
 }
@@ -163,7 +163,7 @@ TEST_F(SettingsModelTest, SettingTheTerminalWritesItsFileThenTellsTheAgent)
     model->setTerminalBackend(TerminalBackendOption::vantleTerm);
     EXPECT_EQ(model->terminalBackend, TerminalBackendOption::vantleTerm);
     EXPECT_THAT(world.takeRecord(),
-                ElementsAre("create directory ~/.vantle",
+                ElementsAre("create directory ~/.vantle", "read ~/.vantle/terminal-backend.json",
                             R"(write ~/.vantle/terminal-backend.json { "backend" : "vantle-term" })",
                             "post http://127.0.0.1:18484/settings/reload-terminal-backend"));
 }
@@ -174,7 +174,7 @@ TEST_F(SettingsModelTest, TheTerminalChangesBetweenItsSavingAndItsPost)
     EXPECT_THAT(
         askedBetweenAnnouncements(*model,
                                   [&] { model->setTerminalBackend(TerminalBackendOption::vantleTerm); }),
-        ElementsAre(ElementsAre("create directory ~/.vantle",
+        ElementsAre(ElementsAre("create directory ~/.vantle", "read ~/.vantle/terminal-backend.json",
                                 R"(write ~/.vantle/terminal-backend.json { "backend" : "vantle-term" })"),
                     ElementsAre("post http://127.0.0.1:18484/settings/reload-terminal-backend")));
 }
@@ -191,7 +191,7 @@ TEST_F(SettingsModelTest, SettingThePlanningRootSavesReloadsAndThenTellsTheAgent
     const auto model = made();
     model->setPlanningRoot(u"/plan"_s);
     EXPECT_EQ(model->planningRoot.value(), u"/plan"_s);
-    EXPECT_THAT(world.takeRecord(), ElementsAre("create directory ~/.vantle",
+    EXPECT_THAT(world.takeRecord(), ElementsAre("create directory ~/.vantle", "read ~/.vantle/planning.json",
                                                 R"(write ~/.vantle/planning.json { "root" : "\/plan" })",
                                                 "read /plan/projects.toml",
                                                 "post http://127.0.0.1:18484/settings/reload-planning"));
@@ -202,7 +202,7 @@ TEST_F(SettingsModelTest, ThePlanningRootChangesBeforeItIsSavedAndItsProjectsBef
     const auto model = made();
     EXPECT_THAT(askedBetweenAnnouncements(*model, [&] { model->setPlanningRoot(u"/plan"_s); }),
                 ElementsAre(IsEmpty(),
-                            ElementsAre("create directory ~/.vantle",
+                            ElementsAre("create directory ~/.vantle", "read ~/.vantle/planning.json",
                                         R"(write ~/.vantle/planning.json { "root" : "\/plan" })",
                                         "read /plan/projects.toml"),
                             ElementsAre("post http://127.0.0.1:18484/settings/reload-planning")));
@@ -259,7 +259,7 @@ TEST_F(SettingsModelTest, SavingPatternsWritesThemAndLeavesTheRowsAndTheAgentAlo
     EXPECT_EQ(model->browserPatternsCount, 2);
     EXPECT_EQ(model->projects.value(), rows);
     EXPECT_THAT(world.takeRecord(),
-                ElementsAre("create directory ~/.claude",
+                ElementsAre("create directory ~/.claude", "read ~/.claude/browser-patterns.json",
                             R"(write ~/.claude/browser-patterns.json { "\/a" : [ "y" ], "\/b" : [ "x" ] })"));
 }
 
@@ -270,7 +270,7 @@ TEST_F(SettingsModelTest, PatternsAreSavedBeforeTheyAreCounted)
                                           [&] {
                                               model->saveBrowserPatterns({{u"/b"_s, {}}});
                                           }),
-                ElementsAre(testing::SizeIs(2), IsEmpty()));
+                ElementsAre(testing::SizeIs(3), IsEmpty()));
 }
 
 TEST_F(SettingsModelTest, SavingNoPatternsWritesAnEmptyObject)
@@ -279,7 +279,8 @@ TEST_F(SettingsModelTest, SavingNoPatternsWritesAnEmptyObject)
     model->saveBrowserPatterns({});
     EXPECT_EQ(model->browserPatternsCount, 0);
     EXPECT_THAT(world.takeRecord(),
-                ElementsAre("create directory ~/.claude", "write ~/.claude/browser-patterns.json { }"));
+                ElementsAre("create directory ~/.claude", "read ~/.claude/browser-patterns.json",
+                            "write ~/.claude/browser-patterns.json { }"));
 }
 
 TEST_F(SettingsModelTest, ClearingTheSessionsIsTheAgentsWork)
@@ -334,7 +335,7 @@ TEST_F(SettingsModelTest, RebindingAShortcutSavesAllTellsTheAgentAndAnnouncesIts
               defaultCombo(ShortcutAction::focusLast));
     EXPECT_THAT(
         recordAtAnnouncement,
-        ElementsAre("create directory ~/.vantle",
+        ElementsAre("create directory ~/.vantle", "read ~/.vantle/shortcuts.json",
                     R"(write ~/.vantle/shortcuts.json { "focusLast" : { "keyCode" : 38, )"
                     R"("modifiers" : 768 }, "focusPrevious" : { "keyCode" : 40, "modifiers" : 768 }, )"
                     R"("openPlan" : { "keyCode" : 35, "modifiers" : 4352 } })",
@@ -347,7 +348,7 @@ TEST_F(SettingsModelTest, RebindingAShortcutToWhatItHasSavesAndTellsTheAgentAllT
     const auto rebind = [&] {
         model->rebindShortcut(ShortcutAction::openPlan, defaultCombo(ShortcutAction::openPlan));
     };
-    EXPECT_THAT(askedBetweenAnnouncements(*model, rebind), ElementsAre(testing::SizeIs(3), IsEmpty()));
+    EXPECT_THAT(askedBetweenAnnouncements(*model, rebind), ElementsAre(testing::SizeIs(4), IsEmpty()));
 }
 
 TEST_F(SettingsModelTest, TwoShortcutsMayShareAKey)

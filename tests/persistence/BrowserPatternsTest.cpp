@@ -145,12 +145,14 @@ TEST(BrowserPatterns, ClearingNeverRemovesADirectory)
     EXPECT_TRUE(QFileInfo(homePath(patternsFile)).isDir());
 }
 
-TEST(BrowserPatterns, ASaveMakesTheDirectoryThenWrites)
+TEST(BrowserPatterns, ASaveMakesTheDirectoryLooksAtWhatIsThereThenWrites)
 {
     RecordingFileSystem files;
     EXPECT_TRUE(Persistence::saveBrowserPatterns({}));
-    EXPECT_EQ(files.notes,
-              (QStringList{u"create "_s + homePath(u".claude"_s), u"write "_s + homePath(patternsFile)}));
+    EXPECT_EQ(
+        files.notes,
+        (QStringList{u"create "_s + homePath(u".claude"_s), u"read "_s + homePath(patternsFile),
+                     u"keep a copy of "_s + homePath(patternsFile), u"write "_s + homePath(patternsFile)}));
 }
 
 } // namespace

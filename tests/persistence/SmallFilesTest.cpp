@@ -224,6 +224,7 @@ struct MovingHome final : FileSystem {
         written << path;
         return true;
     }
+    void keepCopy(const QString &, const QStringList &) override {}
     void createDirectory(const QString &) override { qputenv("HOME", "/elsewhere"); }
     void remove(const QString &) override {}
     bool exists(const QString &) override { return false; }

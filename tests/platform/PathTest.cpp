@@ -166,6 +166,7 @@ struct Disk : FileSystem {
     QSet<QString> paths;
     std::optional<QByteArray> read(const QString &) override { return std::nullopt; }
     bool write(const QString &, const QByteArray &) override { return false; }
+    void keepCopy(const QString &, const QStringList &) override {}
     void createDirectory(const QString &) override {}
     void remove(const QString &) override {}
     bool exists(const QString &path) override { return paths.contains(path); }

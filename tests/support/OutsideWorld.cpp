@@ -57,6 +57,14 @@ bool OutsideWorld::Files::write(const QString &path, const QByteArray &bytes)
     return !world.filesRefuse;
 }
 
+void OutsideWorld::Files::keepCopy(const QString &path, const QStringList &places)
+{
+    if (!files.contains(path))
+        return;
+    world.note("keep a copy of", path);
+    files[places.first()] = files[path];
+}
+
 void OutsideWorld::Files::createDirectory(const QString &path)
 {
     world.note("create directory", path);

@@ -42,6 +42,7 @@ private:
         explicit Files(OutsideWorld &owner) : world(owner) {}
         std::optional<QByteArray> read(const QString &path) override;
         bool write(const QString &path, const QByteArray &bytes) override;
+        void keepCopy(const QString &path, const QStringList &places) override;
         void createDirectory(const QString &path) override;
         void remove(const QString &path) override;
         bool exists(const QString &path) override;

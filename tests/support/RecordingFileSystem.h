@@ -14,6 +14,10 @@ public:
     {
         return note(u"write", path).write(path, bytes);
     }
+    void keepCopy(const QString &path, const QStringList &places) override
+    {
+        note(u"keep a copy of", path).keepCopy(path, places);
+    }
     void createDirectory(const QString &path) override { note(u"create", path).createDirectory(path); }
     void remove(const QString &path) override { note(u"remove", path).remove(path); }
     bool exists(const QString &path) override { return note(u"exists", path).exists(path); }

@@ -26,6 +26,7 @@ private:
     struct Files final : FileSystem {
         std::optional<QByteArray> read(const QString &path) override;
         bool write(const QString &path, const QByteArray &bytes) override;
+        void keepCopy(const QString &, const QStringList &) override {}
         void createDirectory(const QString &path) override { folders.insert(path); }
         void remove(const QString &path) override { files.remove(path); }
         bool exists(const QString &path) override { return files.contains(path) || folders.contains(path); }

@@ -1,30 +1,20 @@
 #include "Platform/Files/FileSystem.h"
 
+#include "Platform/Files/detail/FileCopy.h"
+#include "Platform/Files/detail/RegularFile.h"
+
 #include <QDir>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cerrno>
 #include <csignal>
 #include <new>
-#include <utility>
 
 namespace
 {
 
-constexpr qint64 sizeLimit = qint64{4} << 30;
 constexpr qsizetype roomBehindTheEnd = 256;
-
-/// The path as the system's calls take it; nothing for one that they would cut short.
-std::optional<QByteArray> systemPath(const QString &path)
-{
-    if (path.contains(QChar::Null))
-        return std::nullopt;
-    return path.toUtf8();
-}
 
 std::optional<struct stat> statusOf(const QString &path)
 {
@@ -36,70 +26,16 @@ std::optional<struct stat> statusOf(const QString &path)
     return status;
 }
 
-/// Makes a system call again for as long as signals interrupt it.
-template <class Call>
-auto uninterrupted(Call call)
-{
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
-}
-
-/// An open regular file. Anything else (a directory, pipe, socket or device) is given up at once: opening
-/// does not wait for the other end of a pipe.
-class RegularFile
-{
-public:
-    RegularFile(const QString &path, int flags)
-    {
-        const auto name = systemPath(path);
-        if (!name)
-            return;
-        constexpr mode_t everybodyWithinTheMask = 0666;
-        m_descriptor = uninterrupted([&] {
-            return ::open(name->constData(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY,
-                          everybodyWithinTheMask);
-        });
-        struct stat status {
-        };
-        if (m_descriptor >= 0 && (::fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode)))
-            close();
-        m_size = status.st_size;
-    }
-
-    ~RegularFile() { close(); }
-    Q_DISABLE_COPY_MOVE(RegularFile)
-
-    bool isOpen() const { return m_descriptor >= 0; }
-    int descriptor() const { return m_descriptor; }
-    qint64 size() const { return m_size; }
-
-    /// False when something written earlier turns out not to have reached the file.
-    bool close() { return isOpen() && ::close(std::exchange(m_descriptor, -1)) == 0; }
-
-private:
-    int m_descriptor = -1;
-    qint64 m_size = 0;
-};
-
-/// What one call may move: some systems refuse more than 2 GiB.
-std::size_t atOnce(qsizetype count)
-{
-    return std::size_t(std::min(count, qsizetype{1} << 30));
-}
-
 /// Reads to the end, wherever that is by now: the file may grow or shrink meanwhile.
 std::optional<QByteArray> readToEnd(const RegularFile &file)
 {
-    if (file.size() >= sizeLimit)
+    if (file.size() >= fileSizeLimit)
         return std::nullopt;
     QByteArray bytes(qsizetype(file.size()) + roomBehindTheEnd, Qt::Uninitialized);
     qsizetype length = 0;
     while (true) {
-        const auto count = uninterrupted(
-            [&] { return ::read(file.descriptor(), bytes.data() + length, atOnce(bytes.size() - length)); });
-        if (count < 0 || length + count >= sizeLimit)
+        const qint64 count = file.read(length, bytes.data() + length, bytes.size() - length);
+        if (count < 0 || length + count >= fileSizeLimit)
             return std::nullopt;
         if (count == 0)
             break;
@@ -109,20 +45,6 @@ std::optional<QByteArray> readToEnd(const RegularFile &file)
     }
     bytes.resize(length);
     return bytes;
-}
-
-bool writeAll(const RegularFile &file, const QByteArray &bytes)
-{
-    qsizetype written = 0;
-    while (written < bytes.size()) {
-        const auto count = uninterrupted([&] {
-            return ::write(file.descriptor(), bytes.constData() + written, atOnce(bytes.size() - written));
-        });
-        if (count <= 0)
-            return false;
-        written += count;
-    }
-    return true;
 }
 
 class SystemFileSystem final : public FileSystem
@@ -149,9 +71,10 @@ public:
     bool write(const QString &path, const QByteArray &bytes) override
     {
         RegularFile file(path, O_WRONLY | O_CREAT);
-        return file.isOpen() && ::ftruncate(file.descriptor(), 0) == 0 && writeAll(file, bytes) &&
-               file.close();
+        return file.isOpen() && ::ftruncate(file.descriptor(), 0) == 0 && file.write(bytes) && file.close();
     }
+
+    void keepCopy(const QString &path, const QStringList &places) override { copyToFreePlace(path, places); }
 
     void createDirectory(const QString &path) override
     {

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -20,6 +21,11 @@ public:
     /// Replaces the file's bytes in place: truncated and rewritten, no temporary file, no rename, because the
     /// file may be a link and its mode and owner are the user's. False when it could not be written whole.
     virtual bool write(const QString &path, const QByteArray &bytes) = 0;
+
+    /// Copies a regular file, a link to one counts, to the first of these places at which nothing is, unless
+    /// one of them is a copy of it already. The copy has the file's permissions; nothing that is at a place
+    /// is written to, and no link there is followed. What can't be copied whole is not there afterwards.
+    virtual void keepCopy(const QString &path, const QStringList &places) = 0;
 
     /// Makes a directory and its missing parents; failures show in the write that follows.
     virtual void createDirectory(const QString &path) = 0;

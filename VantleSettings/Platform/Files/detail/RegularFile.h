@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <optional>
+
+/// From this size on a file is not read, and so not copied either.
+inline constexpr qint64 fileSizeLimit = qint64{4} << 30;
+
+/// The path as the system's calls take it; nothing for one that they would cut short.
+std::optional<QByteArray> systemPath(const QString &path);
+
+/// An open regular file. Anything else (a directory, pipe, socket or device) is given up at once: opening
+/// does not wait for the other end of a pipe.
+class RegularFile
+{
+public:
+    /// The flags are those of `open`, which says in `errno` why it failed; a new file gets these permissions
+    /// within the user's mask.
+    RegularFile(const QString &path, int flags, mode_t newFileMode = 0666);
+    ~RegularFile();
+    Q_DISABLE_COPY_MOVE(RegularFile)
+
+    bool isOpen() const { return m_descriptor >= 0; }
+    int descriptor() const { return m_descriptor; }
+
+    /// The following tell how the file was when it was opened.
+    qint64 size() const { return m_status.st_size; }
+    mode_t permissions() const { return m_status.st_mode & 0777U; }
+    bool isSameAs(const RegularFile &other) const; ///< one file under two names counts as the same
+
+    /// Reads at most so many of the bytes at this place. How many; 0 at the end, negative on failure.
+    qint64 read(qint64 offset, char *bytes, qsizetype size) const;
+
+    /// Appends to what was written before. False when not all of it could be written.
+    bool write(const QByteArray &bytes) const;
+
+    /// False when something written earlier turns out not to have reached the file.
+    bool close();
+
+private:
+    int m_descriptor = -1;
+    struct stat m_status {
+    };
+};
