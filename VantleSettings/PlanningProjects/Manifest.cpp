@@ -1,39 +1,16 @@
 #include "PlanningProjects/Manifest.h"
 
 #include "Foundation/Text.h"
-
-#include <QTextBoundaryFinder>
+#include "PlanningProjects/CharacterBreaks.h"
 
 #include <algorithm>
-#include <array>
 
 namespace
 {
 
-/// Whether the unit at this index is a character of its own, joined by nothing before or after it.
-bool standsAlone(QStringView text, qsizetype index)
-{
-    const auto joinsNothing = [&](qsizetype neighbour) {
-        return neighbour < 0 || neighbour >= text.size() || text[neighbour].unicode() < 0x300;
-    };
-    if (joinsNothing(index - 1) && joinsNothing(index + 1))
-        return true;
-    // Only the scalars next to it matter, and a scalar is two units at most.
-    const qsizetype start = qMax(index - 2, 0);
-    const QStringView window = text.sliced(start, qMin(index + 3, text.size()) - start);
-    std::array<unsigned char, 64> buffer{};
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, window.data(), window.size(), buffer.data(),
-                               buffer.size());
-    const auto isBoundary = [&](qsizetype position) {
-        finder.setPosition(position);
-        return finder.isAtBoundary();
-    };
-    return isBoundary(index - start) && isBoundary(index + 1 - start);
-}
-
 bool isCharacter(QStringView text, qsizetype index, char16_t character)
 {
-    return text[index] == character && standsAlone(text, index);
+    return text[index] == character && PlanningProjects::standsAlone(text, index);
 }
 
 bool beginsWith(QStringView text, char16_t character)

@@ -12,11 +12,20 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+/// The text of these bytes, without the byte order mark that may stand before it.
+std::optional<QString> decoded(const QByteArray &bytes)
+{
+    auto text = Text::decoded(bytes);
+    if (text && text->startsWith(QChar::ByteOrderMark))
+        text->remove(0, 1);
+    return text;
+}
+
 std::optional<QString> readManifest(const std::optional<QString> &root)
 {
     const auto path = PlanningProjects::tomlPath(root);
     const auto bytes = path ? Seam<FileSystem>::current().read(*path) : std::nullopt;
-    return bytes ? Text::decoded(*bytes) : std::nullopt;
+    return bytes ? decoded(*bytes) : std::nullopt;
 }
 
 QString value(const PlanningProjects::Table &table, const QString &key, const QString &otherwise = u""_s)

@@ -182,6 +182,45 @@ TEST(Manifest, ACharacterThatAMarkFollowsIsAnotherCharacter)
     expectValue(u"a = b #\U000e0100"_s, u"b #\U000e0100"_s);
 }
 
+TEST(Manifest, AMarkOfAnyScriptMakesAnotherCharacterWhateverStandsBeforeTheSign)
+{
+    for (const QString &mark : {u"\u093f"_s, u"\u09bf"_s, u"\u0bbf"_s, u"\u0e31"_s, u"\u0e33"_s, u"\u0f71"_s,
+                                u"\u102d"_s, u"\u17b6"_s, u"\U00011133"_s}) {
+        const QString letter = u"\u0928"_s;
+        EXPECT_FALSE(parseKeyValue(letter + u'=' + mark)) << mark.toStdString();
+        EXPECT_FALSE(parseKeyValue(u'=' + mark)) << mark.toStdString();
+        const QString quoted = u'"' + mark + u'"';
+        expectValue(u"name="_s + quoted, quoted);
+        expectValue(u"a = b #"_s + mark, u"b #"_s + mark);
+        expectValue(u"a = "_s + letter + u'#' + mark, letter + u'#' + mark);
+        expectValue(u"a = '"_s + letter + u"'"_s + mark, u'\'' + letter + u'\'' + mark);
+    }
+    for (const QString &letter : {u"\u0928"_s, u"\u0e01"_s, u"\u0f40"_s, u"\u1000"_s, u"\u1780"_s}) {
+        EXPECT_EQ(blockOf(letter + u'=' + letter + u'#' + letter), (Block{{letter, letter}}));
+        expectValue(u"a = '"_s + letter + u'\'', letter);
+    }
+}
+
+TEST(Manifest, EveryScalarJoinsASignAsTheStandardSays)
+{
+    constexpr char32_t emptyPlanes = 0x40000;
+    constexpr char32_t lastPlanes = 0xE0000;
+    for (char32_t scalar = 1; scalar <= QChar::LastValidCodePoint; ++scalar) {
+        if (scalar == emptyPlanes)
+            scalar = lastPlanes;
+        if (QChar::isSurrogate(scalar))
+            continue;
+        QString text;
+        text += QChar::fromUcs4(scalar);
+        const bool joinsBefore = StraightforwardManifest::joinsWhatPrecedesIt(scalar);
+        const bool joinsBehind = GraphemeBreakTable::contains(GraphemeBreakTable::joinsWhatFollowsIt, scalar);
+        ASSERT_EQ(parseKeyValue(u'=' + text).has_value(), !joinsBefore)
+            << "U+" << std::hex << std::uint32_t(scalar);
+        ASSERT_EQ(parseKeyValue(text + u'=').has_value(), !joinsBehind)
+            << "U+" << std::hex << std::uint32_t(scalar);
+    }
+}
+
 TEST(Manifest, ACharacterThatAPrependedSignPrecedesIsAnotherCharacter)
 {
     expectValue(u"a = \u0600# b"_s, u"\u0600# b"_s);

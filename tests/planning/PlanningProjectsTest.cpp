@@ -104,6 +104,16 @@ TEST(PlanningProjects, ARegistryThatIsNoArrayOfObjectsCountsNothing)
     }
 }
 
+TEST(PlanningProjects, AByteOrderMarkBeforeTheFirstBlockHidesNothing)
+{
+    const QByteArray mark = "\xef\xbb\xbf";
+    const QByteArray block = "[[projects]]\nname = a\n";
+    EXPECT_EQ(projectsOf(mark + block).size(), 1U);
+    EXPECT_EQ(projectsOf(mark + mark + block).size(), 0U) << "one is dropped";
+    EXPECT_EQ(projectsOf(block + mark + block).size(), 1U) << "at the start only";
+    EXPECT_EQ(projectsOf(mark).size(), 0U);
+}
+
 TEST(PlanningProjects, AManifestThatIsNotUtf8HasNoProjects)
 {
     EXPECT_TRUE(projectsOf("[[projects]]\nname = \xff\n").empty());

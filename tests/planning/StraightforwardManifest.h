@@ -1,22 +1,38 @@
 #pragma once
 
 #include "Foundation/Text.h"
+#include "GraphemeBreakTable.h"
 #include "PlanningProjects/Manifest.h"
 
 #include <QStringList>
-#include <QTextBoundaryFinder>
 
 /// The manifest by its definition, character by character, each a text of its own. For comparisons.
 namespace StraightforwardManifest
 {
 
+/// By the standard's data, for scalars that the toolkit's own data knows as well; it may know newer marks.
+inline bool joinsWhatPrecedesIt(char32_t scalar)
+{
+    const int version = QChar::unicodeVersion(scalar);
+    constexpr int versionOfTheData = QChar::Unicode_14_0 + 1;
+    if (version > versionOfTheData)
+        return QChar::isMark(scalar);
+    return version != QChar::Unicode_Unassigned &&
+           GraphemeBreakTable::contains(GraphemeBreakTable::joinsWhatPrecedesIt, scalar);
+}
+
+/// The text in pieces that no sign of ASCII shares with anything but a piece of its own. (What else may join,
+/// like the parts of a flag, joins no such sign.)
 inline QStringList characters(const QString &text)
 {
     QStringList characters;
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    for (qsizetype start = 0, end = finder.toNextBoundary(); end > start;
-         start = end, end = finder.toNextBoundary())
-        characters.append(text.sliced(start, end - start));
+    bool isJoined = false; // to what precedes it
+    for (const char32_t scalar : text.toUcs4()) {
+        if (characters.isEmpty() || !(isJoined || joinsWhatPrecedesIt(scalar)))
+            characters.emplace_back();
+        characters.back() += QChar::fromUcs4(scalar);
+        isJoined = GraphemeBreakTable::contains(GraphemeBreakTable::joinsWhatFollowsIt, scalar);
+    }
     return characters;
 }
 
