@@ -26,6 +26,26 @@ TEST(SettingsSection, IsMadeFromExactlyItsTitle)
         EXPECT_EQ(settingsSection(other), std::nullopt) << other.toStdString();
 }
 
+TEST(SettingsSection, HasASymbolAndSaysWhatItIsForEach)
+{
+    QStringList symbols;
+    QStringList subtitles;
+    for (const auto section : allSettingsSections) {
+        symbols << symbol(section);
+        subtitles << subtitle(section);
+    }
+    EXPECT_EQ(symbols, (QStringList{u"gearshape.fill"_s, u"checklist"_s, u"globe"_s, u"internaldrive.fill"_s,
+                                    u"info"_s}));
+    EXPECT_EQ(subtitles,
+              (QStringList{
+                  u"Configure how the notch agent launches and the global shortcuts it listens for."_s,
+                  u"Point the agent at the folder where your planning work lives."_s,
+                  u"Match browser tabs to the project that owns them so ⇧⌘L opens the right page."_s,
+                  u"Clear persisted sessions and browser patterns, or remove the Claude/Codex hooks Vantle "
+                  u"installed. These actions cannot be undone."_s,
+                  u"Build information and the paths the agent reads and writes."_s}));
+}
+
 TEST(SettingsSection, HasAColourOfTheSystemEach)
 {
     std::vector<SystemColor> tints;
