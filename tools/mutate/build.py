@@ -1,0 +1,173 @@
+"""The build tree of the mutants: one object is compiled and one program linked for each."""
+
+import json
+import os
+import pathlib
+import resource
+import shlex
+import shutil
+import signal
+import subprocess
+import sys
+import threading
+import time
+
+from folders import SLOW_TESTS
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+TREE = ROOT / "build" / "mutate"
+CONFIGURATION = ["-G", "Ninja", f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/cmake/Clang.cmake", "-DCMAKE_BUILD_TYPE=Debug",
+                 "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g0", "-DVANTLE_PRECOMPILED_HEADERS=ON",
+                 "-DVANTLE_WARNINGS_ARE_ERRORS=OFF", "-DCMAKE_CXX_FLAGS=-w"]
+MEMORY = 4 << 30
+# A mutant may write to any path. In its mount namespace everything but its own folder is read-only, and that folder
+# is also the user's home.
+GUARD = 'mount --bind "$0" "$0"; mount --bind "$0" "$1"; mount -o remount,bind,ro /; shift; exec "$@"'
+
+
+def prepare(programs):
+    """Builds the test programs as they are."""
+    TREE.mkdir(parents=True, exist_ok=True)
+    if not (TREE / "build.ninja").exists():
+        subprocess.run(["cmake", "-S", ROOT, "-B", TREE, *CONFIGURATION], check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(["ninja", "-C", TREE, "--quiet", *programs], check=True)
+
+
+class Programs:
+    """How each source is compiled and each test program linked and run."""
+
+    def __init__(self, names):
+        entries = json.loads((TREE / "compile_commands.json").read_text())
+        self._compilations = {pathlib.Path(entry["file"]): shlex.split(entry["command"]) for entry in entries}
+        self._links = {name: self._link(name) for name in names}
+        self._tests = self._read_tests(names)
+        self.compiler = entries[0]["command"].split()[0]
+
+    @staticmethod
+    def _link(name):
+        words = shlex.split(subprocess.run(["ninja", "-C", TREE, "-t", "commands", "-s", f"bin/{name}"], check=True,
+                                           capture_output=True, text=True).stdout)
+        return words[words.index("&&") + 1:len(words) - words[::-1].index("&&") - 1]
+
+    @staticmethod
+    def _read_tests(names):
+        shown = subprocess.run(["ctest", "--test-dir", TREE, "--show-only=json-v1"], check=True, capture_output=True)
+        tests = {}
+        for test in json.loads(shown.stdout)["tests"]:
+            if test["name"] in names:
+                properties = {entry["name"]: entry["value"] for entry in test.get("properties", [])}
+                tests[test["name"]] = test["command"], dict(
+                    line.split("=", 1) for line in properties.get("ENVIRONMENT", []))
+        return tests
+
+    def compiles(self, source):
+        return source in self._compilations
+
+    def compilation(self, source, copy, output):
+        words = list(self._compilations[source])
+        words[words.index("-o") + 1] = str(output)
+        words[words.index(str(source))] = str(copy)
+        for option in ("-MT", "-MF"):
+            if option in words:
+                del words[words.index(option):words.index(option) + 2]
+        return [word for word in words if word != "-MD"]
+
+    def link(self, name, objects, output):
+        words = list(self._links[name])
+        place = words.index("-o")
+        # An object that stands before the libraries is taken in the place of theirs.
+        return words[:place] + ["-o", str(output), *map(str, objects)] + words[place + 2:]
+
+    def run(self, name, program):
+        command, environment = self._tests[name]
+        return [str(program) if word == str(TREE / "bin" / name) else word for word in command], environment
+
+
+class Slot:
+    """A folder in which one mutant at a time is compiled, linked and run."""
+
+    _limits = {}  # of every slot
+    _measuring = threading.Lock()
+
+    def __init__(self, number, programs):
+        self.folder = TREE / "mutants" / str(number)
+        self._programs = programs
+        self._unchanged = {}
+        shutil.rmtree(self.folder, ignore_errors=True)
+        (self.folder / "home").mkdir(parents=True)
+
+    def compile(self, source, text, *options):
+        """The object's bytes, and its path; no bytes where the text does not compile."""
+        copy, output = self.folder / source.name, self.folder / (source.stem + ".o")
+        copy.write_bytes(text)
+        output.unlink(missing_ok=True)
+        command = self._programs.compilation(source, copy, output)
+        if options:
+            command = without_precompiled_headers(command) + list(options)
+        status, _ = run(command, 300, cwd=TREE)
+        return (output.read_bytes() if status == 0 else b""), output
+
+    def unchanged(self, source, *options):
+        """The bytes of the object of a source as it is."""
+        if (source, options) not in self._unchanged:
+            self._unchanged[source, options] = self.compile(source, source.read_bytes(), *options)[0]
+        return self._unchanged[source, options]
+
+    def limit(self, name):
+        """The time limit of a program in seconds. Makes sure that it passes without any change."""
+        with self._measuring:
+            if name not in self._limits:
+                status, seconds = self.test(name, [], 600)
+                if status != 0:
+                    sys.exit(f"{name} fails without any change")
+                self._limits[name] = 20 + 10 * seconds
+            return self._limits[name]
+
+    def test(self, name, objects, limit):
+        """The exit status of a test program in which these objects replace the library's, None after the limit and
+        "refused" where it does not link, and the seconds that it ran."""
+        program = self.folder / name
+        status, _ = run(self._programs.link(name, objects, program), 300, cwd=TREE)
+        if status != 0:
+            return "refused", 0
+        command, environment = self._programs.run(name, program)
+        work = self.folder / "home"
+        guard = [ROOT / "tests/support/unshared", "--mount", "--", "sh", "-c", GUARD, work, os.path.expanduser("~")]
+        result = run([*guard, *command], limit, cwd=work, env={
+            **os.environ, **environment, "TMPDIR": str(work), "GTEST_FAIL_FAST": "1",
+            "GTEST_FILTER": "-" + ":".join(SLOW_TESTS), "QT_QPA_PLATFORM": "offscreen",
+            "XDG_RUNTIME_DIR": str(work)})
+        program.unlink()
+        for left in work.iterdir():
+            if left.is_dir() and not left.is_symlink():
+                shutil.rmtree(left, ignore_errors=True)
+            else:
+                left.unlink()
+        return result
+
+
+def without_precompiled_headers(words):
+    """A precompiled header goes with the options that it was compiled with."""
+    kept = list(words)
+    for option in ("-include-pch", "-include"):
+        while option in kept:
+            place = kept.index(option)
+            del kept[place - 1:place + 3]
+    return [word for word in kept if word not in ("-Winvalid-pch", "-fpch-instantiate-templates")]
+
+
+def run(command, limit, **options):
+    """Exit status, or None after the limit, and the seconds that it took."""
+    def restrain():
+        resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
+        resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+        resource.setrlimit(resource.RLIMIT_FSIZE, (2 * MEMORY, 2 * MEMORY))
+    start = time.monotonic()
+    with subprocess.Popen(list(map(str, command)), stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                          stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=restrain, **options) as process:
+        try:
+            status = process.wait(limit)
+        except subprocess.TimeoutExpired:
+            os.killpg(process.pid, signal.SIGKILL)
+            status = None
+    return status, time.monotonic() - start
