@@ -26,12 +26,12 @@ public:
     /// home has done so before and came to the front.
     bool serve(QDBusConnection bus, const LaunchToken &token);
 
-public Q_SLOTS:
     // The names are the standard's. There are no files to open and no actions: both are a start like any
     // other.
-    void Activate(const QVariantMap &platformData);
-    void Open(const QStringList &addresses, const QVariantMap &platformData);
-    void ActivateAction(const QString &name, const QVariantList &parameters, const QVariantMap &platformData);
+    Q_SLOT void Activate(const QVariantMap &platformData);
+    Q_SLOT void Open(const QStringList &addresses, const QVariantMap &platformData);
+    Q_SLOT void ActivateAction(const QString &name, const QVariantList &parameters,
+                               const QVariantMap &platformData);
 
 private:
     std::function<void(const LaunchToken &)> m_activate;
