@@ -4,8 +4,10 @@
 
 #include <QFile>
 #include <QFont>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -22,14 +24,25 @@ QByteArray inNameTable(QStringView text)
     return bytes;
 }
 
+/// The place of the four letters in a font's bytes that stand for its vendor.
+qsizetype vendorPlace(const QByteArray &font)
+{
+    constexpr qsizetype offsetInEntry = 8;
+    constexpr qsizetype offsetInTable = 58;
+    const qsizetype entry = font.indexOf("OS/2");
+    return qsizetype(qFromBigEndian<quint32>(font.constData() + entry + offsetInEntry)) + offsetInTable;
+}
+
 /// The file of a shipped face under a family name of the same length that no machine has installed.
-QString renamedFace(const QTemporaryDir &directory, QLatin1String family)
+QString renamedFace(const QTemporaryDir &directory, QLatin1String family,
+                    const QByteArray &vendor = QByteArrayLiteral("TEST"))
 {
     QFile shipped(QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts/JetBrainsMono-Regular.ttf"));
     EXPECT_TRUE(shipped.open(QIODevice::ReadOnly));
     QByteArray bytes = shipped.readAll();
     bytes.replace(inNameTable(u"JetBrains Mono"), inNameTable(QString(family)));
     bytes.replace("JetBrains Mono", family.data());
+    bytes.replace(vendorPlace(bytes), vendor.size(), vendor);
     QFile file(directory.filePath(u"Face.ttf"_s));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes);
@@ -44,6 +57,17 @@ TEST(FontRegistry, HasAFontThatOnlyThisProcessAdded)
     FontRegistry::system().add({face});
     EXPECT_TRUE(FontRegistry::system().has(u"WorkbenchMono-Regular"_s));
     EXPECT_FALSE(FontRegistry::system().has(u"WorkbenchMono-Bold"_s));
+}
+
+TEST(FontRegistry, HasAFontOfWhichThereAreFilesOfTwoVendors)
+{
+    const QTemporaryDir directory;
+    const QTemporaryDir other;
+    FontRegistry::system().add({renamedFace(directory, "Two Copies Mon"_L1, "ONE "),
+                                renamedFace(other, "Two Copies Mon"_L1, "TWO ")});
+    EXPECT_TRUE(FontRegistry::system().has(u"TwoCopiesMon-Regular"_s));
+    EXPECT_FALSE(FontRegistry::system().has(u"TwoCopiesMon-Bold"_s));
+    EXPECT_EQ(QFontDatabase::families().filter(u"Two Copies Mon"_s).size(), 2) << "they count as one copy";
 }
 
 TEST(FontRegistry, DrawsWithWhatWasAddedOnceThatIsFinished)

@@ -10,6 +10,13 @@
 namespace
 {
 
+/// A family without the vendor in brackets that the toolkit adds where files of two vendors have its name.
+QString withoutVendor(const QString &family)
+{
+    const qsizetype bracket = family.endsWith(u']') ? family.lastIndexOf(u" [") : -1;
+    return family.left(bracket);
+}
+
 /// The toolkit's font database, which may be asked from any thread. It knows families and styles; by
 /// convention a PostScript name is both without blanks, joined by a hyphen.
 class QtFontRegistry : public FontRegistry
@@ -46,7 +53,7 @@ public:
         };
         const QStringList families = QFontDatabase::families();
         return std::ranges::any_of(families, [&](const QString &candidate) {
-            if (!isSpelled(candidate, family))
+            if (!isSpelled(withoutVendor(candidate), family))
                 return false;
             const QStringList styles = QFontDatabase::styles(candidate);
             return std::ranges::any_of(styles, [&](const QString &s) { return isSpelled(s, style); });
