@@ -4,12 +4,12 @@
 #include "FontRegistration/FontRegistration.h"
 #include "LaunchAgent/LaunchAgent.h"
 #include "Platform/Agent/SessionBus.h"
+#include "Platform/Window/Application.h"
 #include "Platform/Window/OnlyProgram.h"
 #include "Platform/Window/QuitSignals.h"
 
-#include <QApplication>
-
 #include <array>
+#include <chrono>
 
 using namespace std::chrono_literals;
 
@@ -21,11 +21,11 @@ int main()
     int argumentCount = 1;
     const LaunchToken token = launchToken();
     abandonSilentSessionBus(400ms); // the model waits too, and both together for less than a second
-    QApplication application(argumentCount, arguments.data());
+    Application application(argumentCount, arguments.data());
     if (!becomeOnlyProgram(token))
         return 0;
-    QApplication::setApplicationDisplayName(QStringLiteral("Vantle Settings"));
-    QApplication::setDesktopFileName(QStringLiteral("com.vantle.settings"));
+    Application::setApplicationDisplayName(QStringLiteral("Vantle Settings"));
+    Application::setDesktopFileName(QStringLiteral("com.vantle.settings"));
     FontRegistration::registerBundledFonts();
     installLook(application);
 
@@ -35,7 +35,7 @@ int main()
     onQuitSignal(&QCoreApplication::quit);
     delegate.applicationDidFinishLaunching();
     followAppearance(); // the answer comes once the window is there
-    QApplication::exec();
+    Application::exec();
     LaunchAgent::finish();
     AgentBridge::finish();
     return 0;

@@ -1,6 +1,7 @@
 """Shortcuts pressed under a Wayland compositor that lets clients be keyboards."""
 
 import json
+import time
 
 from harness.case import DesktopCase
 from harness.compositor import Compositor, Keyboard
@@ -10,7 +11,8 @@ FILE = ".vantle/shortcuts.json"
 WAITING = "Press shortcut…"
 NEXT = "Focus next notification shortcut"
 
-Q, Y, LEFT_OF_1, MINUS, W, ESCAPE, LESS = 16, 21, 41, 12, 17, 1, 86
+Q, Y, LEFT_OF_1, MINUS, W, ESCAPE, LESS, SPACE = 16, 21, 41, 12, 17, 1, 86, 57
+HOLD = 1.2  # seconds: the compositor asks for repeats after 0.6
 
 
 class WaylandKeyboard(DesktopCase):
@@ -66,6 +68,36 @@ class WaylandKeyboard(DesktopCase):
     def test_the_menus_keys_are_recorded_and_not_obeyed(self):
         self.expect_recorded(W, ["ctrl"], 13, 0x1000, "⌃W")
         self.expect_recorded(Q, ["ctrl"], 12, 0x1000, "⌃Q")
+
+    def test_a_held_key_acts_once(self):
+        switch = self.program.find("check box", "Marketing Recording Mode")
+        self.focus(switch)
+        self.hold(SPACE)
+        self.expect(lambda: switch.has("checked"), "the switch does not flip")
+        self.focus(self.recorder)
+        for key, modifier, shown in ((SPACE, "super", "⌘␣"), (SPACE, "ctrl", "⌃␣"), (W, "ctrl", "⌃W"),
+                                     (Q, "ctrl", "⌃Q")):
+            self.hold(SPACE)
+            self.expect_shown(WAITING)
+            self.hold(key, modifier)
+            self.expect_shown(shown)
+        self.expect_requests("/settings/reload-green-screen", *["/settings/reload-shortcuts"] * 4)
+
+        self.program.find("list", "Sections").find("list item", "Data & Privacy").act()
+        self.focus(self.program.find("push button", "Clear Sessions…"))
+        self.hold(SPACE)
+        self.program.dialog("Clear all sessions?")
+        self.keyboard.strike(ESCAPE)
+        self.program.expect_no_dialog()
+
+    def focus(self, control):
+        control.act(control.actions.index("SetFocus"))
+        self.expect(lambda: control.has("focused"), f"{control} does not get the keyboard")
+
+    def hold(self, place, *modifiers):
+        """The program repeats a key that is down by its own clock, and nothing else tells when it has."""
+        with self.keyboard.holding(place, *modifiers):
+            time.sleep(HOLD)
 
     def test_escape_cancels(self):
         self.begin()

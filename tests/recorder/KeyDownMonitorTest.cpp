@@ -135,25 +135,6 @@ TEST(KeyDownMonitor, MarksRepeats)
     EXPECT_TRUE(field.keys.at(1).isRepeat);
 }
 
-TEST(KeyDownMonitor, AReleaseAndAPressOfOneMomentAreARepeat)
-{
-    MonitoredField field;
-    const auto send = [&field](QEvent::Type type, std::uint32_t evdevCode, quint64 time) {
-        QKeyEvent event(type, Qt::Key_J, Qt::NoModifier, evdevCode + 8, XKB_KEY_j, 0);
-        event.setTimestamp(time);
-        QCoreApplication::sendEvent(&field.field, &event);
-        return !field.keys.empty() && field.keys.back().isRepeat;
-    };
-    EXPECT_FALSE(send(QEvent::KeyPress, KEY_J, 1000));
-    send(QEvent::KeyRelease, KEY_J, 1500);
-    EXPECT_TRUE(send(QEvent::KeyPress, KEY_J, 1500));
-    send(QEvent::KeyRelease, KEY_J, 1600);
-    EXPECT_FALSE(send(QEvent::KeyPress, KEY_J, 1601));
-    send(QEvent::KeyRelease, KEY_J, 1700);
-    EXPECT_FALSE(send(QEvent::KeyPress, KEY_K, 1700));
-    EXPECT_EQ(field.keys.size(), 4U);
-}
-
 TEST(KeyDownMonitor, TurnsTheInputMethodOff)
 {
     MonitoredField field;

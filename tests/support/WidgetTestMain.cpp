@@ -1,10 +1,9 @@
+#include "Platform/Window/Application.h"
 #include "TestEnvironment.h"
-
-#include <QApplication>
 
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VANTLE_TEST_SCREENS);
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     return runAllTests(argc, argv);
 }

@@ -34,7 +34,14 @@ class ModalDialogs : public Dialogs
             confirmation.style == Confirmation::Style::critical ? NSAlertStyleCritical : NSAlertStyleWarning;
         [alert addButtonWithTitle:confirmation.action.toNSString()];
         [alert addButtonWithTitle:@"Cancel"];
-        return [alert runModal] == NSAlertFirstButtonReturn;
+        // A key that was already down when the alert opened must not answer it.
+        id monitor = [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
+                                                           handler:^NSEvent *(NSEvent *event) {
+                                                             return event.ARepeat ? nil : event;
+                                                           }];
+        const bool agreed = [alert runModal] == NSAlertFirstButtonReturn;
+        [NSEvent removeMonitor:monitor];
+        return agreed;
     }
 };
 

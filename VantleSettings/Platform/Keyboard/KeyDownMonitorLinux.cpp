@@ -86,9 +86,6 @@ public:
             event->accept();
             keyPressed(static_cast<const QKeyEvent &>(*event));
             return true;
-        case QEvent::KeyRelease:
-            m_release = Release(static_cast<const QKeyEvent &>(*event));
-            return false;
         case QEvent::InputMethod:
             return true;
         case QEvent::InputMethodQuery:
@@ -99,31 +96,13 @@ public:
     }
 
 private:
-    struct Release {
-        Release() = default;
-        explicit Release(const QKeyEvent &event) : scanCode(event.nativeScanCode()), time(event.timestamp())
-        {
-        }
-        bool operator==(const Release &) const = default;
-
-        std::uint32_t scanCode = 0;
-        quint64 time = 0;
-    };
-
-    /// X repeats a held key as a release and a press of the same moment. Qt calls that a repeat only where it
-    /// finds both in its queue.
-    bool isRepeat(const QKeyEvent &event) const
-    {
-        return event.isAutoRepeat() || Release(event) == m_release;
-    }
-
     void keyPressed(const QKeyEvent &event)
     {
         const auto code = keyCode(event);
         if (!code)
             return;
         const Handler held = m_handler; // it may destroy this object
-        held({*code, modifierFlags(event.modifiers()), isRepeat(event)});
+        held({*code, modifierFlags(event.modifiers()), event.isAutoRepeat()});
     }
 
     static bool refuseInputMethod(QInputMethodQueryEvent &query)
@@ -136,7 +115,6 @@ private:
     static void updateInputMethod() { QGuiApplication::inputMethod()->update(Qt::ImEnabled); }
 
     Handler m_handler;
-    Release m_release; ///< the last one
 };
 
 KeyDownMonitor::KeyDownMonitor(Handler handler) : m_tap(std::make_unique<Tap>(std::move(handler)))

@@ -47,6 +47,22 @@ void useStandardUndoInPanels(const StandardMenuItems &items, QMenu &editMenu)
                      [show](const QWindow *window) { show(window != nullptr); });
 }
 
+/// The menu bar would choose its item anew with every repeat of a held key equivalent. Sent to our window
+/// itself instead, the repeats are keys like others, which a text field may use.
+void chooseItemsOncePerPress()
+{
+    [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
+                                          handler:^NSEvent *(NSEvent *event) {
+                                            const bool isKeyEquivalent =
+                                                event.modifierFlags & NSEventModifierFlagCommand;
+                                            const bool isOurs = QGuiApplication::focusWindow() != nullptr;
+                                            if (!event.ARepeat || !isKeyEquivalent || !isOurs)
+                                                return event;
+                                            [event.window sendEvent:event];
+                                            return nil;
+                                          }];
+}
+
 } // namespace
 
 // The toolkit moves the items with a role into the application menu and adds hiding, hiding others and
@@ -64,6 +80,7 @@ void adoptMenuBar(QMenuBar &, const StandardMenuItems &items, QMenu &editMenu, Q
     useStandardWindowItems(items, windowMenu);
     useStandardUndoInPanels(items, editMenu);
     NSApp.windowsMenu = windowMenu.toNSMenu();
+    chooseItemsOncePerPress();
 }
 
 void showAboutPanel(QWidget &) { [NSApp orderFrontStandardAboutPanel:nil]; }

@@ -1,6 +1,7 @@
 """A Wayland compositor without a screen, and a keyboard for it: a client that speaks the compositor's protocol for
 virtual keyboards, so that keys can be struck by their place."""
 
+import contextlib
 import itertools
 import os
 import shutil
@@ -77,16 +78,26 @@ class Keyboard:
 
     def strike(self, place, *modifiers):
         """Presses and releases a key by the kernel's code, with modifiers held."""
+        with self.holding(place, *modifiers):
+            pass
+
+    @contextlib.contextmanager
+    def holding(self, place, *modifiers):
+        """The same key held down, which the program that gets it repeats by itself."""
         state = 0
         for key, bit in (_MODIFIERS[name] for name in modifiers):
             self._key(key, True)
             self._report(state := state | bit)
         self._key(place, True)
-        self._key(place, False)
-        for key, bit in (_MODIFIERS[name] for name in reversed(modifiers)):
-            self._key(key, False)
-            self._report(state := state & ~bit)
         self._wait()
+        try:
+            yield
+        finally:
+            self._key(place, False)
+            for key, bit in (_MODIFIERS[name] for name in reversed(modifiers)):
+                self._key(key, False)
+                self._report(state := state & ~bit)
+            self._wait()
 
     def close(self):
         self._socket.close()

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Platform/Keyboard/KeyRepeatDetector.h"
+
+#include <QApplication>
+
+class QKeyEvent;
+
+/// The application object. It sees to it that a held key acts once: every repeat is marked as one
+/// (`QKeyEvent::isAutoRepeat`) before anything else sees it, chooses no menu item and no shortcut, and
+/// presses, chooses or cancels nothing outside of text fields. Text fields, lists and scrolling get the
+/// repeats like other keys.
+class Application : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject *receiver, QEvent *event) override;
+
+private:
+    bool notifyKey(QObject &receiver, QKeyEvent &event);
+    bool notifyRepeat(QObject &receiver, QKeyEvent &event);
+
+    KeyRepeatDetector m_detector;
+};
