@@ -2,9 +2,12 @@
 
 #include "Components/Tokens.h"
 
+#include <QClipboard>
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
@@ -124,6 +127,17 @@ void PatternsEditor::keyPressEvent(QKeyEvent *event)
     event->accept();
 }
 
+// The middle button puts the caret where it was pressed before it asks for the text.
+void PatternsEditor::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::MiddleButton &&
+        QGuiApplication::clipboard()->text(QClipboard::Selection).isEmpty()) {
+        event->accept();
+        return;
+    }
+    QPlainTextEdit::mouseReleaseEvent(event);
+}
+
 void PatternsEditor::resizeEvent(QResizeEvent *event)
 {
     QPlainTextEdit::resizeEvent(event);
@@ -132,7 +146,10 @@ void PatternsEditor::resizeEvent(QResizeEvent *event)
 
 void PatternsEditor::insertFromMimeData(const QMimeData *source)
 {
-    insertPlainText(inDocument(source->text()));
+    const QString text = source->text();
+    if (text.isEmpty())
+        return; // a picture, say: it must not replace the selection by nothing
+    insertPlainText(inDocument(text));
     ensureCursorVisible();
 }
 

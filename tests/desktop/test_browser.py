@@ -1,6 +1,7 @@
 """The Browser Patterns page: rows edited in place, written only when they are saved."""
 
 from harness.case import DesktopCase
+from harness.clipboard import Picture
 
 FILE = ".claude/browser-patterns.json"
 BOTH = '{\n  "\\/work\\/alpha" : [\n    "*alpha*"\n  ],\n  "\\/work\\/beta" : [\n    "https:\\/\\/b.example\\/*"\n  ]\n}'
@@ -57,6 +58,45 @@ class BrowserPatterns(DesktopCase):
                            ("Undo", ""), ("Redo", "https://b.example/*")):
             program.choose("Edit", item)
             self.expect(lambda: editor.text == text, lambda: f"after {item} the text is {editor.text!r}")
+
+    def test_a_paste_without_a_text_does_nothing(self):
+        program = self.open()
+        editor = program.click_on(self.editor(program, "/work/beta"))
+        program.press("ctrl+a", "ctrl+v")  # nothing was ever copied
+        self.expect_still_selected(program, editor)
+        program.press("ctrl+a")
+        picture = Picture()
+        self.addCleanup(picture.close)
+        program.press("ctrl+v")
+        self.expect_still_selected(program, editor)
+
+    def expect_still_selected(self, program, editor):
+        program.press("x")
+        self.expect_text(editor, "x")
+        program.press("ctrl+z")
+        self.expect_text(editor, "https://b.example/*")
+
+    def test_an_editor_that_loses_keyboard_page_or_window_keeps_text_and_history(self):
+        program = self.open()
+        editor = program.click_on(self.editor(program, "/work/alpha"))
+        for leave, come_back in (
+                (lambda: program.press("Tab"), lambda: program.press("shift+Tab")),
+                (lambda: program.show("General"), lambda: program.show("Browser Patterns")),
+                (lambda: program.window.minimise(), lambda: program.window.activate())):
+            program.type("one")
+            self.expect_text(editor, "one")
+            leave()
+            self.expect(lambda: not editor.has("focused") or not editor.has("showing"), "the editor is not left")
+            come_back()
+            self.expect(lambda: editor.has("showing"), "the editor does not come back")
+            program.ready()
+            self.expect_text(editor, "one")
+            program.click_on(editor)
+            program.press("ctrl+z")
+            self.expect_text(editor, "")
+
+    def expect_text(self, editor, text):
+        self.expect(lambda: editor.text == text, lambda: f"the text is {editor.text!r} and not {text!r}")
 
     def test_edits_are_lost_when_the_window_closes_unsaved(self):
         program = self.open()

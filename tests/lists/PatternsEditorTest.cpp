@@ -10,7 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -103,6 +105,52 @@ TEST_F(PatternsEditorTest, PastedTextStaysAsItIsAndIsCopiedSo)
     editor->selectAll();
     editor->copy();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
+}
+
+/// What a clipboard may hold that is no text.
+std::vector<std::function<void(QClipboard::Mode)>> contentsWithoutText()
+{
+    return {[](QClipboard::Mode mode) { QGuiApplication::clipboard()->clear(mode); },
+            [](QClipboard::Mode mode) {
+                QImage picture(2, 2, QImage::Format_RGB32);
+                picture.fill(Qt::red);
+                QGuiApplication::clipboard()->setImage(picture, mode);
+            },
+            [](QClipboard::Mode mode) { QGuiApplication::clipboard()->setText(QString(), mode); }};
+}
+
+TEST_F(PatternsEditorTest, APasteWithoutATextDoesNothing)
+{
+    editor->setText(u"one"_s);
+    QTest::keyClicks(editor, u"x"_s);
+    editor->undo();
+    editor->selectAll();
+    edits.clear();
+    for (const auto &fill : contentsWithoutText()) {
+        fill(QClipboard::Clipboard);
+        QTest::keyClick(editor, Qt::Key_V, Qt::ControlModifier);
+        editor->paste();
+        EXPECT_EQ(editor->text(), u"one");
+        EXPECT_EQ(editor->textCursor().selectedText(), u"one");
+        EXPECT_TRUE(editor->document()->isRedoAvailable()) << "the history is as it was";
+    }
+    EXPECT_TRUE(edits.isEmpty());
+}
+
+TEST_F(PatternsEditorTest, ADropWithoutATextDoesNothing)
+{
+    editor->setText(u"one"_s);
+    editor->selectAll();
+    QMimeData picture;
+    picture.setData(u"image/png"_s, "picture");
+    const QPointF place = editor->viewport()->rect().center();
+    QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &picture, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor->viewport(), &enter);
+    QDropEvent drop(place, Qt::CopyAction, &picture, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor->viewport(), &drop);
+    EXPECT_EQ(editor->text(), u"one");
+    EXPECT_EQ(editor->textCursor().selectedText(), u"one");
+    EXPECT_FALSE(editor->document()->isUndoAvailable());
 }
 
 TEST_F(PatternsEditorTest, MarkupIsPlainText)

@@ -1,17 +1,21 @@
-"""What another program would paste."""
+"""What another program would paste, or has copied."""
 
-from Xlib import X, display
+import select
+import threading
+
+from Xlib import X, Xatom, display
+from Xlib.protocol import event
 
 from .waiting import eventually
 
 
-def pasted():
-    """The text of the clipboard; empty where nobody offers one."""
+def pasted(selection="CLIPBOARD"):
+    """The text of the clipboard or of another selection; empty where nobody offers one."""
     connection = display.Display()
     try:
         window = connection.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
         place = connection.intern_atom("VANTLE_TEST_PASTE")
-        window.convert_selection(connection.intern_atom("CLIPBOARD"), connection.intern_atom("UTF8_STRING"), place,
+        window.convert_selection(connection.intern_atom(selection), connection.intern_atom("UTF8_STRING"), place,
                                  X.CurrentTime)
         connection.flush()
         answer = eventually(lambda: _answer(connection), "the owner of the clipboard does not answer")
@@ -24,7 +28,51 @@ def pasted():
 
 def _answer(connection):
     while connection.pending_events():
-        event = connection.next_event()
-        if event.type == X.SelectionNotify:
-            return event
+        answer = connection.next_event()
+        if answer.type == X.SelectionNotify:
+            return answer
     return None
+
+
+class Picture:
+    """A program in which a picture was selected and copied: it offers that, and no text."""
+
+    _SELECTIONS = "CLIPBOARD", "PRIMARY"
+
+    def __init__(self):
+        self._display = display.Display()
+        self._window = self._display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        self._format = self._display.intern_atom("image/png")
+        self._targets = self._display.intern_atom("TARGETS")
+        for name in self._SELECTIONS:
+            self._window.set_selection_owner(self._display.intern_atom(name), X.CurrentTime)
+        self._display.sync()
+        self._ends = threading.Event()
+        self._thread = threading.Thread(target=self._serve, daemon=True)
+        self._thread.start()
+
+    def close(self):
+        self._ends.set()
+        self._thread.join()
+        self._display.close()
+
+    def _serve(self):
+        while not self._ends.is_set():
+            select.select([self._display.fileno()], [], [], 0.05)
+            while self._display.pending_events():
+                request = self._display.next_event()
+                if request.type == X.SelectionRequest:
+                    self._answer(request)
+
+    def _answer(self, request):
+        place = request.property
+        if request.target == self._targets:
+            request.requestor.change_property(place, Xatom.ATOM, 32, [self._targets, self._format])
+        elif request.target == self._format:
+            request.requestor.change_property(place, self._format, 8, b"a picture")
+        else:
+            place = X.NONE
+        request.requestor.send_event(event.SelectionNotify(
+            time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,
+            property=place))
+        self._display.flush()
