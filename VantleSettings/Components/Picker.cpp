@@ -12,7 +12,7 @@ Picker::Picker(QWidget *parent) : QComboBox(parent)
     setMaximumWidth(Tokens::pickerMaximumWidth);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    setFocusPolicy(Qt::StrongFocus); // not by the wheel, which would then change it
+    setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_MacSmallSize);
 }
 
@@ -32,8 +32,5 @@ void Picker::setEntries(const QStringList &entries)
 
 void Picker::wheelEvent(QWheelEvent *event)
 {
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
-        event->ignore();
+    event->ignore(); // the page scrolls
 }

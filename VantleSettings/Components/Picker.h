@@ -3,7 +3,7 @@
 #include <QComboBox>
 
 /// A pop-up of a few choices. Its owner reacts to `activated`, which only the user sends. The wheel never
-/// changes it unless it has the focus, so a page can be scrolled across it.
+/// changes it, so a page can be scrolled across it.
 class Picker : public QComboBox
 {
     Q_OBJECT

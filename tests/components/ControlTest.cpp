@@ -141,7 +141,7 @@ TEST_F(ControlTest, ASwitchIs26By15)
     EXPECT_EQ(Switch().sizeHint(), QSize(26, 15));
 }
 
-TEST_F(ControlTest, TheWheelLeavesAPickerWithoutFocusAloneAndScrollsThePageInstead)
+TEST_F(ControlTest, TheWheelNeverChangesAPickerAndScrollsThePageInstead)
 {
     QWidget window;
     auto *layout = new QVBoxLayout(&window);
@@ -158,6 +158,10 @@ TEST_F(ControlTest, TheWheelLeavesAPickerWithoutFocusAloneAndScrollsThePageInste
     EXPECT_EQ(picker->currentIndex(), 0);
     EXPECT_EQ(activated.size(), 0);
     EXPECT_FALSE(picker->hasFocus()) << "the wheel does not bring the focus either";
+    picker->setFocus();
+    EXPECT_FALSE(turnWheel(*picker));
+    EXPECT_EQ(picker->currentIndex(), 0);
+    EXPECT_EQ(activated.size(), 0);
 }
 
 TEST_F(ControlTest, NewEntriesOfAPickerKeepItsChoiceAndSendNothing)
