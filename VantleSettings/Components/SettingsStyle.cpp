@@ -37,6 +37,8 @@ void usePalette()
 
 void installLook(QApplication &application)
 {
+    // An editor's own menu would show the keys of those items only that the menu bar does not have.
+    QCoreApplication::setAttribute(Qt::AA_DontShowShortcutsInContextMenus);
     adoptSystemFont();
     QApplication::setStyle(new SettingsStyle);
     usePalette();

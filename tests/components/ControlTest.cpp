@@ -7,11 +7,14 @@
 
 #include <QFocusFrame>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -305,6 +308,17 @@ TEST_F(ControlTest, TheRingGoesAroundWhatHoldsAControlAndNeverAroundAList)
     EXPECT_EQ(window.findChild<QFocusFrame *>()->widget(), holder);
     QCoreApplication::sendEvent(list, &event);
     EXPECT_EQ(window.findChild<QFocusFrame *>()->widget(), nullptr);
+}
+
+TEST_F(ControlTest, AnEditorsMenuShowsNoKeys)
+{
+    QPlainTextEdit editor(u"text"_s);
+    const std::unique_ptr<QMenu> menu(editor.createStandardContextMenu());
+    ASSERT_GT(menu->actions().size(), 5);
+    for (const QAction *item : menu->actions()) {
+        EXPECT_FALSE(item->text().contains(u'\t')) << qPrintable(item->text());
+        EXPECT_TRUE(item->shortcut().isEmpty()) << qPrintable(item->text());
+    }
 }
 
 } // namespace
