@@ -1,6 +1,7 @@
 #include "Components/PatternsEditor.h"
 
 #include "Components/Tokens.h"
+#include "Components/TouchScrolling.h"
 
 #include <QClipboard>
 #include <QFontMetrics>
@@ -9,6 +10,8 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QScrollEvent>
+#include <QScrollPrepareEvent>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -68,6 +71,7 @@ PatternsEditor::PatternsEditor(QWidget *parent) : QPlainTextEdit(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     viewport()->setAutoFillBackground(false);
+    new TouchScrolling(this);
     document()->setDocumentMargin(0);
     document()->clearUndoRedoStacks(); // which count the margin
     connect(this, &QPlainTextEdit::textChanged, this, &PatternsEditor::readText);
@@ -142,6 +146,26 @@ void PatternsEditor::resizeEvent(QResizeEvent *event)
 {
     QPlainTextEdit::resizeEvent(event);
     fitHeight();
+}
+
+// The scroll bar of a plain-text editor counts lines, a finger moves by points.
+bool PatternsEditor::viewportEvent(QEvent *event)
+{
+    const int lineSpacing = QFontMetrics(font()).lineSpacing();
+    QScrollBar &bar = *verticalScrollBar();
+    if (event->type() == QEvent::ScrollPrepare) {
+        auto &prepare = static_cast<QScrollPrepareEvent &>(*event);
+        prepare.setViewportSize(viewport()->size());
+        prepare.setContentPosRange(QRectF(0, 0, 0, bar.maximum() * lineSpacing));
+        prepare.setContentPos(QPointF(0, bar.value() * lineSpacing));
+        prepare.accept();
+        return true;
+    }
+    if (event->type() == QEvent::Scroll) {
+        bar.setValue(qRound(static_cast<QScrollEvent &>(*event).contentPos().y() / lineSpacing));
+        return true;
+    }
+    return QPlainTextEdit::viewportEvent(event);
 }
 
 void PatternsEditor::insertFromMimeData(const QMimeData *source)

@@ -1,6 +1,7 @@
 #include "SettingsWindow/SectionPane.h"
 
 #include "Components/Tokens.h"
+#include "Components/TouchScrolling.h"
 #include "Foundation/Seam.h"
 #include "Platform/Desktop/FontRegistry.h"
 #include "Platform/Window/AccessibleRole.h"
@@ -29,6 +30,7 @@ SectionPane::SectionPane(SettingsSection section, SectionContent *content, QWidg
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
+    new TouchScrolling(this);
 
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);

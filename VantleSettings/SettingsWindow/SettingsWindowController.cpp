@@ -47,7 +47,9 @@ void SettingsNSWindow::closeEvent(QCloseEvent *event)
 void SettingsNSWindow::mousePressEvent(QMouseEvent *event)
 {
     m_pressed.reset();
-    if (event->button() == Qt::LeftButton)
+    // A finger scrolls; where nothing can be scrolled, the toolkit makes a mouse of it.
+    const bool isFinger = event->deviceType() == QInputDevice::DeviceType::TouchScreen;
+    if (event->button() == Qt::LeftButton && !isFinger)
         m_pressed = event->globalPosition().toPoint();
 }
 

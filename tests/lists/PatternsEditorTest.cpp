@@ -251,4 +251,17 @@ TEST_F(PatternsEditorTest, WorkMayOutliveAllEditors)
     EXPECT_EQ(work->text, u"ba");
 }
 
+TEST_F(PatternsEditorTest, AFingerScrollsIt)
+{
+    editor->setText(lines(50));
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    const QPoint start = editor->viewport()->rect().center();
+    QTest::touchEvent(editor->viewport(), screen.get()).press(0, start);
+    for (int way = 5; way <= 40; way += 5)
+        QTest::touchEvent(editor->viewport(), screen.get()).move(0, start - QPoint(0, way));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return editor->verticalScrollBar()->value() > 0; }));
+    QTest::touchEvent(editor->viewport(), screen.get()).release(0, start - QPoint(0, 40));
+    EXPECT_FALSE(editor->textCursor().hasSelection());
+}
+
 } // namespace

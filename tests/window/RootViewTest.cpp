@@ -12,11 +12,14 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -228,6 +231,57 @@ TEST(SectionPane, ScrollsByThePageKeysThatNoControlNeeds)
     EXPECT_EQ(pane.verticalScrollBar()->value(), pane.verticalScrollBar()->maximum());
     QTest::keyClick(content, Qt::Key_Home);
     EXPECT_EQ(pane.verticalScrollBar()->value(), 0);
+}
+
+/// A page higher than its pane, with a button on it, and a touch screen.
+class TouchedPane : public testing::Test
+{
+protected:
+    TouchedPane()
+    {
+        auto *high = new QWidget;
+        high->setFixedHeight(3000);
+        button->setParent(high);
+        button->setGeometry(0, 0, 500, 1000);
+        auto *content = new SectionContent;
+        content->add(high);
+        pane = std::make_unique<SectionPane>(SettingsSection::about, content);
+        pane->resize(600, 500);
+        pane->show();
+        settle();
+        QObject::connect(button, &QPushButton::clicked, button, [this] { ++clicks; });
+        QObject::connect(button, &QPushButton::pressed, button, [this] { ++presses; });
+    }
+
+    QTest::QTouchEventWidgetSequence touch() { return QTest::touchEvent(button, screen.get()); }
+
+    /// A place in the pane as the button, which scrolls with it, has it now.
+    QPoint onButton(const QPoint &place) const { return button->mapFrom(pane.get(), place); }
+
+    const std::unique_ptr<QPointingDevice> screen{QTest::createTouchDevice()};
+    QPushButton *button = new QPushButton;
+    std::unique_ptr<SectionPane> pane;
+    int presses = 0;
+    int clicks = 0;
+};
+
+TEST_F(TouchedPane, IsScrolledByAFingerWithoutPressingAnything)
+{
+    touch().press(0, onButton({200, 400}));
+    for (int way = 10; way <= 90; way += 10)
+        touch().move(0, onButton({200, 400 - way}));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return pane->verticalScrollBar()->value() > 0; }));
+    touch().release(0, onButton({200, 310}));
+    EXPECT_EQ(presses, 0);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(TouchedPane, IsClickedByATap)
+{
+    touch().press(0, onButton({200, 400}));
+    touch().release(0, onButton({200, 400}));
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(pane->verticalScrollBar()->value(), 0);
 }
 
 } // namespace
