@@ -143,11 +143,7 @@ TEST_F(DrawingTest, ADividerIsALineThatStartsWhereTheTextsDo)
         SettingsRowDivider divider;
         divider.setLayoutDirection(direction);
         show(divider, {200, 1});
-        QImage image(200, 1, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        divider.render(&image, {}, {}, QWidget::DrawChildren);
-        EXPECT_EQ(painted(image), QRect(direction == Qt::LeftToRight ? 50 : 0, 0, 150, 1));
-        EXPECT_NEAR(image.pixelColor(100, 0).alpha(), 255 * 0.12, 1);
+        EXPECT_EQ(divider.line(), QRectF(direction == Qt::LeftToRight ? 50 : 0, 0, 150, 1));
     }
 }
 
