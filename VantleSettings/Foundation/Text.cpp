@@ -4,7 +4,10 @@
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace
 {
@@ -18,38 +21,115 @@ bool isPlain(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x300; });
 }
 
-void appendDecomposed(Scalars &scalars, char32_t scalar)
+bool isHangulSyllable(char32_t scalar)
 {
-    if (QChar::decompositionTag(scalar) != QChar::Canonical) {
-        scalars += scalar;
-        return;
-    }
-    for (const char32_t part : QChar::decomposition(scalar).toUcs4())
-        appendDecomposed(scalars, part);
+    return scalar >= 0xAC00 && scalar <= 0xD7A3;
 }
 
-/// Puts each run of marks in canonical order.
-void orderMarks(Scalars &scalars)
-{
-    const auto isStarter = [](char32_t scalar) { return QChar::combiningClass(scalar) == 0; };
-    const auto before = [](char32_t a, char32_t b) {
-        return QChar::combiningClass(a) < QChar::combiningClass(b);
-    };
-    auto run = scalars.begin();
-    while (run != scalars.end()) {
-        const auto end = std::find_if(run, scalars.end(), isStarter);
-        std::stable_sort(run, end, before);
-        run = std::find_if_not(end, scalars.end(), isStarter);
-    }
-}
-
-/// Whether a decomposed scalar never joins what stands before it. (Some joining scalars that are no marks in
-/// this version of Unicode may be missed: they then stay decomposed in every text, which compares the same.)
+/// Whether the scalar never joins what stands before it. (Some joining scalars that are no marks in this
+/// version of Unicode may be missed: they then stay decomposed in every text, which compares the same.)
 bool startsAnew(char32_t scalar)
 {
     const bool isVowelOrFinalJamo = scalar >= 0x1160 && scalar <= 0x11FF;
-    return QChar::combiningClass(scalar) == 0 && !QChar::isMark(scalar) && !isVowelOrFinalJamo;
+    return scalar < 0x300 ||
+           (QChar::combiningClass(scalar) == 0 && !QChar::isMark(scalar) && !isVowelOrFinalJamo);
 }
+
+/// Composes one letter with its marks at a time, however many, and asks the toolkit only about single scalars
+/// and pairs, each once: what it does with longer texts takes the square of their length.
+class Composer
+{
+public:
+    /// Appends the composed form of a letter to `result`.
+    void append(QString &result, std::u32string_view letter)
+    {
+        if (letter.size() == 1 && (isHangulSyllable(letter.front()) || !decomposes(letter.front()))) {
+            result += QChar::fromUcs4(letter.front());
+            return;
+        }
+        m_scalars.clear();
+        for (const char32_t scalar : letter)
+            appendDecomposed(scalar);
+        orderMarks();
+        for (const char32_t scalar : joined())
+            result += QChar::fromUcs4(scalar);
+    }
+
+private:
+    static bool decomposes(char32_t scalar) { return QChar::decompositionTag(scalar) == QChar::Canonical; }
+
+    void appendDecomposed(char32_t scalar)
+    {
+        if (!decomposes(scalar)) {
+            m_scalars += scalar;
+            return;
+        }
+        const auto [known, isNew] = m_decompositions.try_emplace(scalar);
+        if (isNew) {
+            QString text;
+            text += QChar::fromUcs4(scalar);
+            const auto parts = text.normalized(QString::NormalizationForm_D).toUcs4();
+            known->second.assign(parts.begin(), parts.end());
+        }
+        m_scalars += known->second;
+    }
+
+    /// Puts each run of marks in canonical order.
+    void orderMarks()
+    {
+        const auto isStarter = [](char32_t scalar) { return QChar::combiningClass(scalar) == 0; };
+        const auto before = [](char32_t a, char32_t b) {
+            return QChar::combiningClass(a) < QChar::combiningClass(b);
+        };
+        auto run = m_scalars.begin();
+        while (run != m_scalars.end()) {
+            const auto end = std::find_if(run, m_scalars.end(), isStarter);
+            std::stable_sort(run, end, before);
+            run = std::find_if_not(end, m_scalars.end(), isStarter);
+        }
+    }
+
+    /// Composes in place. A scalar joins the last starter unless a mark of its own class or a higher one, or
+    /// one that is a starter itself, stands between them.
+    std::u32string_view joined()
+    {
+        std::size_t count = 0;
+        std::size_t starter = 0;
+        int lastClass = 0;
+        for (const char32_t scalar : m_scalars) {
+            const int combiningClass = QChar::combiningClass(scalar);
+            const bool reaches = count == starter + 1 || lastClass < combiningClass;
+            const char32_t both = count > 0 && reaches ? composite(m_scalars[starter], scalar) : 0;
+            if (both) {
+                m_scalars[starter] = both;
+                continue;
+            }
+            if (combiningClass == 0)
+                starter = count;
+            lastClass = combiningClass;
+            m_scalars[count++] = scalar;
+        }
+        return std::u32string_view(m_scalars).substr(0, count);
+    }
+
+    /// What two scalars compose to, 0 where they don't.
+    char32_t composite(char32_t first, char32_t second)
+    {
+        const auto [known, isNew] = m_composites.try_emplace(std::uint64_t(first) << 32 | second, 0);
+        if (isNew) {
+            QString pair;
+            pair += QChar::fromUcs4(first);
+            pair += QChar::fromUcs4(second);
+            const auto scalars = pair.normalized(QString::NormalizationForm_C).toUcs4();
+            known->second = scalars.size() == 1 ? char32_t(scalars.front()) : 0;
+        }
+        return known->second;
+    }
+
+    Scalars m_scalars;
+    std::unordered_map<char32_t, Scalars> m_decompositions;
+    std::unordered_map<std::uint64_t, char32_t> m_composites;
+};
 
 } // namespace
 
@@ -67,22 +147,15 @@ QString Text::composed(const QString &text)
 {
     if (isPlain(text))
         return text;
-    Scalars scalars;
-    for (const char32_t scalar : text.toUcs4())
-        appendDecomposed(scalars, scalar);
-    orderMarks(scalars);
-    // The toolkit composes in time that grows with the square of the length, so it gets one letter with its
-    // marks at a time.
+    const auto ucs4 = text.toUcs4();
+    const Scalars scalars(ucs4.begin(), ucs4.end());
+    Composer composer;
     QString result;
     result.reserve(text.size());
-    for (auto piece = scalars.cbegin(); piece != scalars.cend();) {
-        const auto end = std::find_if(piece + 1, scalars.cend(), startsAnew);
-        // Scalar by scalar: converting them together would take a U+FEFF for a byte order mark and drop it.
-        QString letter;
-        for (auto scalar = piece; scalar != end; ++scalar)
-            letter += QChar::fromUcs4(*scalar);
-        result += end - piece == 1 ? letter : letter.normalized(QString::NormalizationForm_C);
-        piece = end;
+    for (auto letter = scalars.begin(); letter != scalars.end();) {
+        const auto end = std::find_if(letter + 1, scalars.end(), startsAnew);
+        composer.append(result, std::u32string_view(&*letter, std::size_t(end - letter)));
+        letter = end;
     }
     return result;
 }

@@ -145,6 +145,25 @@ TEST(Text, ComposesLongTextsInTimeThatGrowsWithTheirLength)
     EXPECT_EQ(Text::composed(marks), u"\u0316"_s.repeated(length) + u"\u0301"_s.repeated(length));
 }
 
+TEST(Text, ComposesOneLetterWithAMillionMarks)
+{
+    constexpr int length = 1000000;
+    const QString acutes = u"\u0301"_s.repeated(length);
+    EXPECT_EQ(Text::composed(u'e' + acutes), u'\u00e9' + acutes.chopped(1));
+    // Marks that compose with each other, to the end.
+    EXPECT_EQ(Text::composed(u"\u0bc6\u0bbe"_s.repeated(length)), u"\u0bca"_s.repeated(length));
+    EXPECT_EQ(Text::composed(u"\u0cc6\u0cc2\u0cd5"_s.repeated(length)), u"\u0ccb"_s.repeated(length));
+}
+
+TEST(Text, ComposesWhatStandsOutsideTheFirstPlane)
+{
+    // Two vowel signs that join after one that does not.
+    EXPECT_EQ(Text::composed(u"\U000115b9\U000115bb\U000115b9\U000115af"_s),
+              u"\U000115b9\U000115bb\U000115bb"_s);
+    EXPECT_EQ(Text::composed(u"\U00011131\U00011127"_s), u"\U0001112e"_s);
+    EXPECT_EQ(Text::composed(u"\U0001109a\u1107\u1174\u11c0"_s), u"\U0001109a\ube41"_s);
+}
+
 TEST(Text, DecodesOnlyValidUtf8AndKeepsAByteOrderMark)
 {
     EXPECT_EQ(Text::decoded("caf\xc3\xa9"), u"caf\u00e9"_s);
