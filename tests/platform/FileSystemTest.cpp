@@ -110,6 +110,21 @@ TEST(FileSystem, APathWithANulInsideNamesNothing)
     EXPECT_EQ(homeFile(u"file"_s), QByteArray("x"));
 }
 
+TEST(FileSystem, APathLongerThanAnyNamesNothing)
+{
+    FileSystem &files = FileSystem::system();
+    const QString path = u"/x"_s.repeated(5000000);
+    EXPECT_FALSE(files.read(path));
+    EXPECT_FALSE(files.exists(path));
+    EXPECT_FALSE(files.isDirectory(path));
+    EXPECT_FALSE(files.write(path, "x"));
+    files.createDirectory(path);
+    files.remove(path);
+    const QString longest = u"/."_s.repeated(FileSystem::tooLong / 2 - 1) + u'/';
+    EXPECT_TRUE(files.isDirectory(longest));
+    EXPECT_EQ(longest.size(), FileSystem::tooLong - 1);
+}
+
 TEST(FileSystem, WritesInPlaceAndKeepsModeOwnerAndLinks)
 {
     putHomeFile(u"file"_s, "something longer than what replaces it");

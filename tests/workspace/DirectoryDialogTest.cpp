@@ -71,6 +71,17 @@ TEST_F(DirectoryDialogTest, StartsInTheNearestFolderThatStillExists)
     });
 }
 
+TEST_F(DirectoryDialogTest, StartsInTheNearestFolderOfAPathOfAnyLength)
+{
+    for (const QString &gone : {u"/gone"_s.repeated(200000), u'/' + u"x"_s.repeated(1000000),
+                                u'/' + u"e\u0301"_s + u"\u0301"_s.repeated(1000000)}) {
+        choose(plans + gone, [this](QFileDialog *dialog) {
+            EXPECT_EQ(dialog->directory().path(), plans);
+            dialog->reject();
+        });
+    }
+}
+
 TEST_F(DirectoryDialogTest, StartsAtHomeWithoutAFolder)
 {
     choose(std::nullopt, [](QFileDialog *dialog) {

@@ -121,6 +121,18 @@ TEST_F(WorkspaceTest, NothingIsDoneForAnEmptyPath)
     EXPECT_EQ(opened, QStringList{u"/plan"_s}) << "of the last one";
 }
 
+TEST_F(WorkspaceTest, NothingIsDoneForAPathLongerThanAnyFiles)
+{
+    const QString path = u"/plan"_s + u"/x"_s.repeated(500000);
+    const FileManager manager;
+    Workspace::system().open(path);
+    Workspace::system().reveal(path);
+    Workspace::system().reveal(u"/plan/app"_s + u"/"_s.repeated(1000000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !manager.shown.isEmpty(); }));
+    EXPECT_EQ(manager.shown, QStringList{u"file:///plan/app"_s}) << "of the last one";
+    EXPECT_TRUE(opened.isEmpty());
+}
+
 } // namespace
 
 #include "WorkspaceTest.moc"

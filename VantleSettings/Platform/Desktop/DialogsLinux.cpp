@@ -1,6 +1,7 @@
 #include "Platform/Desktop/Dialogs.h"
 #include "Platform/Desktop/detail/ConfirmationDialog.h"
 #include "Platform/Desktop/detail/DirectoryPortal.h"
+#include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Home.h"
 
 #include <QApplication>
@@ -21,6 +22,8 @@ bool accepted(const QPointer<QDialog> &dialog)
 /// The folder itself, or the nearest one above it that still exists.
 QString nearestExisting(QString folder)
 {
+    if (folder.size() >= FileSystem::tooLong)
+        folder.truncate(qMax(folder.lastIndexOf(u'/', FileSystem::tooLong - 1), 0));
     while (!QDir(folder).exists() && folder.lastIndexOf(u'/') > 0)
         folder.truncate(folder.lastIndexOf(u'/'));
     return folder;

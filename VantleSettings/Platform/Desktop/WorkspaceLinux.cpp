@@ -1,4 +1,5 @@
 #include "Platform/Desktop/Workspace.h"
+#include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Path.h"
 
 #include <QDBusConnection>
@@ -20,6 +21,12 @@ namespace
 QString absolutePath(const QString &path)
 {
     return Path::appending(path.startsWith(u'/') ? u"/"_s : QDir::currentPath(), path);
+}
+
+/// Whether the path can be that of a file.
+bool isPossible(const QString &path)
+{
+    return !path.isEmpty() && absolutePath(path).size() < FileSystem::tooLong;
 }
 
 QUrl fileUrl(const QString &path)
@@ -50,7 +57,7 @@ class DesktopWorkspace : public Workspace
 public:
     void reveal(const QString &path) override
     {
-        if (path.isEmpty())
+        if (!isPossible(path))
             return;
         auto bus = QDBusConnection::sessionBus();
         if (!bus.isConnected()) {
@@ -67,7 +74,7 @@ public:
 
     void open(const QString &path) override
     {
-        if (!path.isEmpty())
+        if (isPossible(path))
             QDesktopServices::openUrl(fileUrl(path));
     }
 };

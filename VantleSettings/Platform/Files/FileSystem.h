@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <climits>
 #include <optional>
 
 /// The files of this machine as the program needs them: whole files, in place, nothing cached. A path is
@@ -11,6 +12,9 @@
 class FileSystem
 {
 public:
+    /// No file has a path of so many characters, nor any call of the system takes one.
+    static constexpr qsizetype tooLong = PATH_MAX;
+
     virtual ~FileSystem();
     Q_DISABLE_COPY_MOVE(FileSystem)
 

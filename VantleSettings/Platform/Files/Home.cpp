@@ -46,6 +46,9 @@ std::optional<QString> homeDirectory()
 
 std::optional<QString> homeDirectory(const QString &user)
 {
+    constexpr qsizetype tooLong = 256; // for any system's users
+    if (user.size() >= tooLong)
+        return std::nullopt;
     const QByteArray name = user.toUtf8();
     if (name.contains('\0'))
         return std::nullopt;

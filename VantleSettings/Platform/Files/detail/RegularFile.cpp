@@ -29,7 +29,7 @@ std::size_t atOnce(qsizetype count)
 
 std::optional<QByteArray> systemPath(const QString &path)
 {
-    if (path.contains(QChar::Null))
+    if (path.size() >= PATH_MAX || path.contains(QChar::Null))
         return std::nullopt;
     return path.toUtf8();
 }

@@ -11,7 +11,7 @@
 /// From this size on a file is not read, and so not copied either.
 inline constexpr qint64 fileSizeLimit = qint64{4} << 30;
 
-/// The path as the system's calls take it; nothing for one that they would cut short.
+/// The path as the system's calls take it; nothing for one that they would cut short or refuse.
 std::optional<QByteArray> systemPath(const QString &path);
 
 /// An open regular file. Anything else (a directory, pipe, socket or device) is given up at once: opening
