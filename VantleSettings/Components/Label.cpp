@@ -1,5 +1,8 @@
 #include "Components/Label.h"
 
+#include "Components/ShortenedText.h"
+#include "Platform/Window/AccessibleText.h"
+
 #include <QEvent>
 #include <QFontMetricsF>
 #include <QHelpEvent>
@@ -14,17 +17,19 @@
 namespace
 {
 
-constexpr int narrowest = 24;       ///< what a label that can give way asks for at least
-constexpr int lineGap = 1;          ///< between the lines of a text
-constexpr int widestLineHint = 640; ///< a wrapped text never asks for more
+constexpr int narrowest = 24;              ///< what a label that can give way asks for at least
+constexpr int lineGap = 1;                 ///< between the lines of a text
+constexpr qsizetype longestToolTip = 2048; ///< in letters
+constexpr int widestLineHint = 640;        ///< a wrapped text never asks for more
 
 } // namespace
 
 QString plainToolTip(const QString &text)
 {
-    if (text.size() < 80 && !Qt::mightBeRichText(text))
-        return text;
-    return QStringLiteral("<div style='white-space: pre-wrap'>%1</div>").arg(text.toHtmlEscaped());
+    const QString shown = shortened(text, longestToolTip);
+    if (shown.size() < 80 && !Qt::mightBeRichText(shown))
+        return shown;
+    return QStringLiteral("<div style='white-space: pre-wrap'>%1</div>").arg(shown.toHtmlEscaped());
 }
 
 Label::Label(const QString &text, TextStyle style, TextColor textColor, QWidget *parent)
@@ -48,7 +53,7 @@ void Label::setText(const QString &text)
     if (text == m_text)
         return;
     m_text = text;
-    setAccessibleName(text);
+    setAccessibleName(accessibleText(text));
     forgetBlock();
 }
 
@@ -158,8 +163,5 @@ bool ElidedLabel::event(QEvent *event)
 
 bool ElidedLabel::isElided() const
 {
-    qsizetype ellipses = 0;
-    for (const QString &line : shownLines())
-        ellipses += line.count(QChar(0x2026));
-    return ellipses > text().count(QChar(0x2026));
+    return block().isElided(contentsRect().width());
 }

@@ -8,7 +8,8 @@
 #include <memory>
 #include <vector>
 
-/// The text as a tooltip shows it as it is, wrapped when it is long; tooltips would take markup for markup.
+/// The text as a tooltip shows it as it is, wrapped when it is long and shortened when it is very long;
+/// tooltips would take markup for markup.
 QString plainToolTip(const QString &text);
 
 /// A text on one line, shown whole and as it is: nothing in it is ever markup or a mnemonic.
@@ -38,9 +39,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    TextBlock &block() const;
 
 private:
-    TextBlock &block() const;
     int heightOf(int lines) const;
     int lineHeight() const;
     int marginsWidth() const;

@@ -5,6 +5,7 @@
 #include "Components/SettingsRow.h"
 #include "Components/Tokens.h"
 #include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/AccessibleText.h"
 
 #include <QPainter>
 #include <QVBoxLayout>
@@ -68,7 +69,7 @@ void SettingsGroup::setFooter(const std::optional<QString> &footer)
 {
     m_footer->setVisible(footer.has_value());
     m_footer->setText(footer.value_or(QString()));
-    setAccessibleDescription(footer.value_or(QString()));
+    setAccessibleDescription(accessibleText(footer.value_or(QString())));
 }
 
 void SettingsGroup::setRows(const std::vector<QWidget *> &rows)

@@ -4,6 +4,7 @@
 #include "Components/SidebarIcon.h"
 #include "Components/Tokens.h"
 #include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/AccessibleText.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -50,7 +51,7 @@ void SettingsRow::setSubtitle(const std::optional<QString> &subtitle)
     m_subtitle->setVisible(subtitle.has_value());
     m_subtitle->setText(subtitle.value_or(QString()));
     if (m_accessory != nullptr && m_accessory->focusPolicy() != Qt::NoFocus)
-        m_accessory->setAccessibleDescription(subtitle.value_or(QString()));
+        m_accessory->setAccessibleDescription(accessibleText(subtitle.value_or(QString())));
 }
 
 SettingsRowDivider::SettingsRowDivider(QWidget *parent) : QWidget(parent)

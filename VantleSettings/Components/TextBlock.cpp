@@ -1,5 +1,7 @@
 #include "Components/TextBlock.h"
 
+#include "Components/ShortenedText.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -10,7 +12,9 @@ namespace
 {
 
 constexpr QChar wordJoiner(0x2060);
-constexpr int unlimited = 1 << 24;     ///< wider than any window, and still a width to the toolkit
+constexpr qsizetype longestLine = 1024; ///< more letters than the line of any window has room for
+constexpr qsizetype longestText = 5000; ///< more letters than the path of a file can have
+constexpr int unlimited = 1 << 24;      ///< wider than any window, and still a width to the toolkit
 constexpr size_t rememberedWidths = 8; ///< a layout asks for the heights at the same few widths over and over
 
 /// Everything on one line: line breaks of any kind become blanks.
@@ -37,6 +41,12 @@ QString withLineSeparators(QString text)
 QString withWholeWords(QString text)
 {
     return text.replace(u'/', QString(u'/') + wordJoiner);
+}
+
+/// How many letters at most are laid out.
+qsizetype limit(TextFlow flow)
+{
+    return flow.maximumLines == 0 ? longestText : flow.maximumLines * longestLine;
 }
 
 QString source(const QString &text, TextFlow flow)
@@ -88,7 +98,9 @@ QString shown(const QTextLine &line, const QString &text)
 } // namespace
 
 TextBlock::TextBlock(const QString &text, const QFont &font, TextFlow flow)
-    : m_flow(flow), m_layout(source(text, flow), font)
+    : m_flow(flow),
+      m_isShortened(textEnds(text, limit(flow)).has_value()),
+      m_layout(source(shortened(text, limit(flow)), flow), font)
 {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -109,6 +121,12 @@ int TextBlock::naturalWidth()
         m_naturalWidth = int(std::ceil(widest));
     }
     return *m_naturalWidth;
+}
+
+bool TextBlock::isElided(int width)
+{
+    breakAt(width);
+    return m_isShortened || m_isCut;
 }
 
 int TextBlock::lineCount(int width)
@@ -159,17 +177,19 @@ void TextBlock::breakAt(int width)
     m_width = width;
     m_wholeLines = m_layout.lineCount();
     m_cut.reset();
+    m_isCut = false;
     if (m_flow.maximumLines > 0 && m_wholeLines > m_flow.maximumLines) {
         m_wholeLines = m_flow.maximumLines - 1;
         m_cut = cutShort(m_layout.lineAt(m_wholeLines).textStart(), width);
     }
 }
 
-std::unique_ptr<QTextLayout> TextBlock::cutShort(qsizetype start, int width) const
+std::unique_ptr<QTextLayout> TextBlock::cutShort(qsizetype start, int width)
 {
     const QString rest = onOneLine(m_layout.text().mid(start)).remove(wordJoiner);
-    const QString shortened = QFontMetricsF(m_layout.font()).elidedText(rest, Qt::ElideMiddle, width);
-    auto line = std::make_unique<QTextLayout>(shortened, m_layout.font());
+    const QString elided = QFontMetricsF(m_layout.font()).elidedText(rest, Qt::ElideMiddle, width);
+    m_isCut = elided != rest;
+    auto line = std::make_unique<QTextLayout>(elided, m_layout.font());
     line->setTextOption(m_layout.textOption());
     line->beginLayout();
     line->createLine().setLineWidth(unlimited);

@@ -26,6 +26,9 @@ public:
     /// What the text takes where nothing limits it, rounded up.
     int naturalWidth();
 
+    /// Whether something is left out at this width.
+    bool isElided(int width);
+
     /// How many lines there are at this width, one at least.
     int lineCount(int width);
 
@@ -38,11 +41,13 @@ public:
 
 private:
     void breakAt(int width);
-    std::unique_ptr<QTextLayout> cutShort(qsizetype start, int width) const;
+    std::unique_ptr<QTextLayout> cutShort(qsizetype start, int width);
 
     TextFlow m_flow;
+    bool m_isShortened;                 ///< before it was laid out, which would take too long for all of it
     QTextLayout m_layout;               ///< begun and never ended, which would forget the shapes
     std::unique_ptr<QTextLayout> m_cut; ///< the last line where something is left out in it
+    bool m_isCut = false;               ///< something is left out in that line
     int m_wholeLines = 0;               ///< before that one
     std::optional<int> m_width;         ///< of the present lines
     std::optional<int> m_naturalWidth;

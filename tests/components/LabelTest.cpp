@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <numeric>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -17,6 +19,15 @@ using testing::ElementsAre;
 
 class LabelTest : public LookTest
 {
+protected:
+    /// Points at a widget. True when it shows a tooltip.
+    static bool pointAt(QWidget &widget)
+    {
+        const QPoint place = widget.rect().center();
+        QHelpEvent pointed(QEvent::ToolTip, place, widget.mapToGlobal(place));
+        QCoreApplication::sendEvent(&widget, &pointed);
+        return pointed.isAccepted();
+    }
 };
 
 const QString longPath = u"/home/demo/workspace/"_s + u"folder/"_s.repeated(40) + u"the-end.json"_s;
@@ -71,12 +82,6 @@ TEST_F(LabelTest, TheWholeTextIsHeardWhateverIsShown)
 
 TEST_F(LabelTest, ATextThatIsLeftOutIsShownWholeWhenPointedAt)
 {
-    const auto pointAt = [](QWidget &widget) {
-        const QPoint place = widget.rect().center();
-        QHelpEvent pointed(QEvent::ToolTip, place, widget.mapToGlobal(place));
-        QCoreApplication::sendEvent(&widget, &pointed);
-        return pointed.isAccepted();
-    };
     ElidedLabel whole(u"/home/demo"_s, TextStyle::size11);
     show(whole, {200, 20});
     EXPECT_FALSE(pointAt(whole));
@@ -163,6 +168,81 @@ TEST_F(LabelTest, TenThousandCharactersAreOnlyAText)
     ElidedLabel unbroken(QString(10000, u'W'), TextStyle::size11);
     show(unbroken, {300, 20});
     EXPECT_LE(QFontMetricsF(unbroken.font()).horizontalAdvance(unbroken.shownLines().front()), 300);
+}
+
+/// Texts of millions of characters. Laid out whole, each would keep the window busy for minutes.
+const std::vector<QString> &endlessTexts()
+{
+    constexpr int million = 1000000;
+    static const std::vector<QString> texts{
+        u'/' + u"w"_s.repeated(10 * million),
+        u"/folder"_s.repeated(million),
+        u"/e"_s + u"\u0301"_s.repeated(million) + u"/plan"_s,
+        (u"/e"_s + u"\u0301"_s.repeated(1000)).repeated(1000),
+        u"line\n"_s.repeated(million),
+        u"/"_s + u"👩‍"_s.repeated(million),
+        u"/שלום"_s.repeated(million),
+    };
+    return texts;
+}
+
+TEST_F(LabelTest, OnlyTheEndsOfATextWithoutEndAreLaidOut)
+{
+    for (const QString &text : endlessTexts()) {
+        for (const int lines : {1, 2}) {
+            ElidedLabel label(text, TextStyle::size11, TextColor::primary, lines);
+            show(label, {300, 40});
+            label.grab();
+            EXPECT_LE(label.shownLines().size(), size_t(lines));
+            EXPECT_LE(QFontMetricsF(label.font()).horizontalAdvance(label.shownLines().back()), 300);
+            EXPECT_TRUE(label.isElided());
+            EXPECT_EQ(label.text(), text);
+            EXPECT_EQ(label.accessibleName(), text);
+        }
+        WrappedLabel wrapped(text, TextStyle::size11);
+        show(wrapped, {300, wrapped.heightForWidth(300)});
+        wrapped.grab();
+        const std::vector<QString> lines = wrapped.shownLines();
+        const qsizetype shown =
+            std::accumulate(lines.begin(), lines.end(), qsizetype{0},
+                            [](qsizetype sum, const QString &line) { return sum + line.size(); });
+        EXPECT_LE(shown, 5001);
+        EXPECT_LE(wrapped.height(), 200 * 16);
+        EXPECT_EQ(wrapped.accessibleName(), text);
+        EXPECT_LT(plainToolTip(text).size(), 2200);
+    }
+}
+
+TEST_F(LabelTest, TheLongestPathOfAFileIsWrappedWhole)
+{
+    const QString path = u"Reads "_s + u"/folder-12"_s.repeated(409) + u"."_s;
+    WrappedLabel label(path, TextStyle::size11);
+    show(label, {300, label.heightForWidth(300)});
+    QString shown;
+    for (const QString &line : label.shownLines())
+        shown += line;
+    EXPECT_EQ(shown.remove(u' '), QString(path).remove(u' '));
+}
+
+TEST_F(LabelTest, AnElidedTextWithAnEllipsisOfItsOwnIsElidedAllTheSame)
+{
+    for (const QString &text :
+         {u"/home/demo/…/"_s.repeated(20), longPath.first(300) + u'…' + longPath.last(300)}) {
+        ElidedLabel label(text, TextStyle::size11);
+        show(label, {200, 20});
+        EXPECT_TRUE(label.isElided()) << text.toStdString();
+        EXPECT_TRUE(pointAt(label));
+        EXPECT_TRUE(QToolTip::text().contains(text)) << QToolTip::text().toStdString();
+        QToolTip::hideText();
+    }
+}
+
+TEST_F(LabelTest, ATextOfWhichNothingIsLeftOutIsNotElided)
+{
+    ElidedLabel lines(u"a\nb\nc"_s, TextStyle::size11, TextColor::primary, 2);
+    show(lines, {200, 40});
+    EXPECT_THAT(lines.shownLines(), ElementsAre(u"a"_s, u"b c"_s));
+    EXPECT_FALSE(lines.isElided());
 }
 
 TEST_F(LabelTest, RightToLeftAndSurrogatesStayWholeAroundTheGap)
