@@ -1,5 +1,6 @@
 #include "Components/PatternsEditor.h"
 
+#include "Components/DocumentText.h"
 #include "Components/Tokens.h"
 #include "Components/TouchScrolling.h"
 
@@ -15,38 +16,11 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 
 namespace
 {
-
-// Characters that a document takes for the end of a line, though a line ends at a line feed only. Inside the
-// document each is a low surrogate on its own, which no text has, and which is seen as an odd character.
-constexpr std::array<char16_t, 4> mistakenForLineEnds{u'\r', u'\u2029', u'\ufdd0', u'\ufdd1'};
-
-constexpr char16_t standIn(std::size_t index)
-{
-    return char16_t(0xdc00 + index);
-}
-
-QString inDocument(QString text)
-{
-    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
-        text.replace(QChar(mistakenForLineEnds[index]), QChar(standIn(index)));
-    return text;
-}
-
-/// The text of a document, or of a part of it. (toPlainText() would turn no-break spaces and line separators
-/// into others.)
-QString fromDocument(QString rawText)
-{
-    rawText.replace(QChar::ParagraphSeparator, u'\n');
-    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
-        rawText.replace(QChar(standIn(index)), QChar(mistakenForLineEnds[index]));
-    return rawText;
-}
 
 int heightOf(qreal lines, int lineSpacing)
 {
@@ -84,7 +58,12 @@ void PatternsEditor::setText(const QString &text)
         return;
     const QSignalBlocker ours(this); // a change of the program's, not the user's
     m_text = text;
-    setPlainText(inDocument(text));
+    clear();
+    QTextCursor start = textCursor();
+    document()->setUndoRedoEnabled(false);
+    DocumentText::insert(start, text);
+    document()->setUndoRedoEnabled(true);
+    moveCursor(QTextCursor::Start);
     fitHeight();
 }
 
@@ -173,21 +152,24 @@ void PatternsEditor::insertFromMimeData(const QMimeData *source)
     const QString text = source->text();
     if (text.isEmpty())
         return; // a picture, say: it must not replace the selection by nothing
-    insertPlainText(inDocument(text));
+    QTextCursor place = textCursor();
+    DocumentText::insert(place, text);
+    setTextCursor(place);
     ensureCursorVisible();
 }
 
 QMimeData *PatternsEditor::createMimeDataFromSelection() const
 {
     auto copied = std::make_unique<QMimeData>();
-    copied->setText(fromDocument(textCursor().selectedText()));
+    const QTextCursor selection = textCursor();
+    copied->setText(DocumentText::text(*document(), selection.selectionStart(), selection.selectionEnd()));
     return copied.release();
 }
 
 void PatternsEditor::readText()
 {
     fitHeight();
-    QString text = fromDocument(document()->toRawText());
+    QString text = DocumentText::text(*document());
     if (text == m_text)
         return;
     m_text = std::move(text);

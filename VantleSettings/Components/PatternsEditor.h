@@ -7,7 +7,8 @@
 #include <memory>
 
 /// A small editor for a list with one entry per line. It grows with its text between two heights and scrolls
-/// beyond; Tab moves on. Everything put into it is plain text.
+/// beyond; Tab moves on. Everything put into it is plain text. The middle of a text that would take too long
+/// to lay out is folded: shown as "…", and copied, deleted and brought back as one.
 class PatternsEditor : public QPlainTextEdit
 {
     Q_OBJECT

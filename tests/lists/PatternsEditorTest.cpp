@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextBlock>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -262,6 +263,111 @@ TEST_F(PatternsEditorTest, AFingerScrollsIt)
     EXPECT_TRUE(QTest::qWaitFor([this] { return editor->verticalScrollBar()->value() > 0; }));
     QTest::touchEvent(editor->viewport(), screen.get()).release(0, start - QPoint(0, 40));
     EXPECT_FALSE(editor->textCursor().hasSelection());
+}
+
+/// Texts of millions of characters. Laid out whole, each would keep the window busy for minutes.
+class EndlessPatternsTest : public PatternsEditorTest, public testing::WithParamInterface<QString>
+{
+protected:
+    /// That the document holds no more than can be laid out at once.
+    void expectSmallDocument() const
+    {
+        EXPECT_LT(editor->document()->characterCount(), 250000);
+        EXPECT_LT(editor->document()->blockCount(), 4000);
+        for (QTextBlock block = editor->document()->begin(); block.isValid(); block = block.next())
+            EXPECT_LT(block.length(), 10000);
+    }
+
+    const QString text = GetParam();
+};
+
+TEST_P(EndlessPatternsTest, AreFoldedInTheMiddleAndStayWhole)
+{
+    editor->setText(text);
+    editor->grab();
+    expectSmallDocument();
+    EXPECT_EQ(editor->text(), text);
+    EXPECT_TRUE(edits.isEmpty());
+    EXPECT_FALSE(editor->document()->isUndoAvailable());
+}
+
+TEST_P(EndlessPatternsTest, AreEditedAtBothEnds)
+{
+    editor->setText(text);
+    QTest::keyClicks(editor, u"ab"_s);
+    EXPECT_EQ(edits.takeLast(), u"ab"_s + text);
+    QTest::keyClick(editor, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(editor, u"c"_s);
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_EQ(edits.takeLast(), u"ab"_s + text + u"c\n"_s);
+    editor->undo();
+    EXPECT_EQ(editor->text(), u"ab"_s + text + u'c');
+    editor->grab();
+}
+
+TEST_P(EndlessPatternsTest, AreCopiedDeletedAndBroughtBackWhole)
+{
+    editor->setText(text);
+    editor->selectAll();
+    editor->cut();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
+    EXPECT_EQ(editor->text(), QString());
+    editor->undo();
+    EXPECT_EQ(editor->text(), text);
+    editor->redo();
+    editor->paste();
+    EXPECT_EQ(editor->text(), text);
+    expectSmallDocument();
+}
+
+TEST_P(EndlessPatternsTest, ArePastedAgainAndAgainIntoOneLine)
+{
+    QGuiApplication::clipboard()->setText(text);
+    for (int time = 0; time < 5; ++time)
+        editor->paste();
+    EXPECT_EQ(editor->text(), text.repeated(5));
+    expectSmallDocument();
+    editor->undo();
+    EXPECT_EQ(editor->text(), text.repeated(4));
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, EndlessPatternsTest,
+                         testing::Values(u"w"_s.repeated(1000000), u"host/*\n"_s.repeated(1000000),
+                                         u"\n"_s.repeated(1000000), u'e' + u"\u0301"_s.repeated(1000000),
+                                         u"\u2029\r\ufffc"_s.repeated(300000)));
+
+TEST_F(PatternsEditorTest, TheTextsOwnObjectCharacterIsNoFold)
+{
+    editor->setText(u"a\ufffcb"_s);
+    QTest::keyClicks(editor, u"x"_s);
+    EXPECT_EQ(editor->text(), u"xa\ufffcb"_s);
+}
+
+TEST_F(PatternsEditorTest, OfAFoldedTextBothEndsOfEachLineAreShown)
+{
+    editor->setText(u"first\n"_s + u"w"_s.repeated(100000) + u"/end\nlast"_s);
+    const QStringList shown = editor->document()->toRawText().split(QChar::ParagraphSeparator);
+    ASSERT_EQ(shown.size(), 3);
+    EXPECT_EQ(shown[0], u"first"_s);
+    EXPECT_TRUE(shown[1].startsWith(u"www"_s));
+    EXPECT_EQ(shown[1].count(u'\ufffc'), 1);
+    EXPECT_TRUE(shown[1].endsWith(u"w/end"_s));
+    EXPECT_EQ(shown[2], u"last"_s);
+}
+
+TEST_F(PatternsEditorTest, AFoldIsDrawn)
+{
+    editor->setText(u"w"_s.repeated(100000));
+    QTextCursor mark = editor->textCursor();
+    mark.setPosition(int(editor->document()->toRawText().indexOf(u'\ufffc')));
+    editor->setTextCursor(mark);
+    const QRect before = editor->cursorRect(mark);
+    const int ellipsis = QFontMetrics(editor->font()).horizontalAdvance(u'…');
+    const QTextLine line = mark.block().layout()->lineForTextPosition(mark.positionInBlock());
+    EXPECT_GT(line.cursorToX(mark.positionInBlock() + 1), line.cursorToX(mark.positionInBlock()) + ellipsis);
+    const QImage picture = editor->viewport()->grab().toImage();
+    EXPECT_NE(picture.pixel(before.left() + 4, before.center().y()),
+              picture.pixel(picture.width() - 1, before.center().y()));
 }
 
 } // namespace

@@ -84,8 +84,9 @@ void PlanningPathRow::render()
     const std::optional<QString> &root = m_model.planningRoot;
     m_path->setText(displayPath(root));
     m_path->setTextColor(root ? TextColor::primary : TextColor::secondary);
-    m_subtitle->setText(subtitle(root).value_or(QString()));
-    m_subtitle->setVisible(subtitle(root).has_value());
+    const std::optional<QString> below = subtitle(root);
+    m_subtitle->setText(below.value_or(QString()));
+    m_subtitle->setVisible(below.has_value());
     m_reveal->setVisible(isSet(root));
     m_clear->setVisible(isSet(root));
 }

@@ -10,6 +10,7 @@
 #include "Platform/Desktop/Workspace.h"
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/AccessibleText.h"
 #include "SettingsWindow/Sections/MissingLabel.h"
 
 #include <QFontMetrics>
@@ -35,7 +36,7 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
       m_missing(new MissingLabel)
 {
     setAccessibleRole(this, QAccessible::Grouping);
-    setAccessibleName(project.name);
+    setAccessibleName(accessibleText(project.name));
 
     auto *name = new QHBoxLayout;
     name->setSpacing(nameGap);
@@ -49,7 +50,7 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
     texts->addWidget(new ElidedLabel(project.path, TextStyle::size11, TextColor::secondary));
 
     auto *actions = new MenuButton({u"ellipsis.circle"_s, actionsSymbolSize});
-    actions->setAccessibleName(u"Actions for "_s + project.name);
+    actions->setAccessibleName(accessibleText(u"Actions for "_s + project.name));
     connect(actions, &MenuButton::menuNeeded, this, &PlanningProjectRow::fillActionMenu);
 
     auto *layout = new QHBoxLayout(this);
@@ -81,7 +82,7 @@ void PlanningProjectRow::render()
     m_icon->setSymbol(there ? u"folder.fill"_s : u"folder.badge.questionmark"_s,
                       there ? SystemColor::green : SystemColor::gray);
     m_missing->setVisible(!there);
-    setAccessibleDescription(there ? m_project.path : m_project.path + u", missing"_s);
+    setAccessibleDescription(accessibleText(there ? m_project.path : m_project.path + u", missing"_s));
 }
 
 /// The items that make sense at this moment; what they name may be gone when one is chosen.

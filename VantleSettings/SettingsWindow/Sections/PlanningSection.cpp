@@ -10,7 +10,6 @@
 #include "PlanningProjects/PlanningProjects.h"
 #include "Platform/Desktop/Symbol.h"
 #include "Platform/Files/FileSystem.h"
-#include "Platform/Files/Path.h"
 #include "SettingsWindow/Sections/EmptyProjectsRow.h"
 #include "SettingsWindow/Sections/PlanningPathRow.h"
 #include "SettingsWindow/Sections/PlanningProjectRow.h"
@@ -91,9 +90,11 @@ void PlanningSection::render()
 {
     const std::vector<PlanningProject> &projects = m_model.planningProjects;
     m_projects->setVisible(m_model.planningRoot->has_value());
-    m_projects->setFooter(footerForProjects());
+    const std::optional<QString> path = PlanningProjects::tomlPath(m_model.planningRoot);
+    const bool exists = tomlExists(path);
+    m_projects->setFooter(footerForProjects(exists, path));
     m_empty->setVisible(projects.empty());
-    m_empty->setManifest(tomlExists(), tomlPath());
+    m_empty->setManifest(exists, path);
     m_rows->setVisible(!projects.empty());
     m_summary->setVisible(!projects.empty());
     m_summaryLine->setText(summaryLine());
@@ -103,25 +104,19 @@ void PlanningSection::render()
     m_rows->setIds(std::move(ids));
 }
 
-std::optional<QString> PlanningSection::tomlPath() const
-{
-    return PlanningProjects::tomlPath(m_model.planningRoot);
-}
-
 /// Whether anything is at the manifest's place under the root, even under an empty one.
-bool PlanningSection::tomlExists() const
+bool PlanningSection::tomlExists(const std::optional<QString> &path) const
 {
-    const std::optional<QString> &root = m_model.planningRoot;
-    return root && Seam<FileSystem>::current().exists(Path::appending(*root, u"projects.toml"_s));
+    return m_model.planningRoot->has_value() &&
+           Seam<FileSystem>::current().exists(path.value_or(u"projects.toml"_s));
 }
 
-std::optional<QString> PlanningSection::footerForProjects() const
+std::optional<QString> PlanningSection::footerForProjects(bool exists, const std::optional<QString> &path)
 {
-    const std::optional<QString> path = tomlPath();
     if (!path)
         return std::nullopt;
-    return tomlExists() ? u"Reads "_s + *path + u". Session counts come from ~/.vantle/sessions.json."_s
-                        : u"Expected projects.toml at "_s + *path + u'.';
+    return exists ? u"Reads "_s + *path + u". Session counts come from ~/.vantle/sessions.json."_s
+                  : u"Expected projects.toml at "_s + *path + u'.';
 }
 
 QString PlanningSection::summaryLine() const

@@ -22,9 +22,8 @@ private:
     RowList *projectRows();
     QWidget *summary();
     void render();
-    bool tomlExists() const;
-    std::optional<QString> tomlPath() const;
-    std::optional<QString> footerForProjects() const;
+    bool tomlExists(const std::optional<QString> &path) const;
+    static std::optional<QString> footerForProjects(bool exists, const std::optional<QString> &path);
     QString summaryLine() const;
 
     SettingsModel &m_model;

@@ -7,6 +7,7 @@
 #include "Components/SidebarIcon.h"
 #include "Components/Tokens.h"
 #include "Platform/Files/Path.h"
+#include "Platform/Window/AccessibleText.h"
 
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -72,7 +73,7 @@ ProjectRow::ProjectRow(const BrowserConfigProject &project, QWidget *parent)
     layout->addWidget(new EditorBackground(m_editor));
 
     m_editor->setText(project.urls);
-    m_editor->setAccessibleName(u"URL patterns for "_s + project.root);
+    m_editor->setAccessibleName(accessibleText(u"URL patterns for "_s + project.root));
 }
 
 std::function<int(const BrowserConfigProject &)> ProjectRow::expectedHeight()

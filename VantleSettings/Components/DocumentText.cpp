@@ -1,0 +1,163 @@
+#include "Components/DocumentText.h"
+
+#include "Components/FoldMark.h"
+#include "Components/ShortenedText.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace
+{
+
+// Characters that a document takes for the end of a line, though a line ends at a line feed only. Inside the
+// document each is a low surrogate on its own, which no text has, and which is seen as an odd character.
+constexpr std::array<char16_t, 4> mistakenForLineEnds{u'\r', u'\u2029', u'\ufdd0', u'\ufdd1'};
+
+constexpr qsizetype longestLine = 4096;   ///< shown whole, in letters
+constexpr qsizetype longestText = 200000; ///< the same of all lines together
+constexpr qsizetype lineCost = 64;        ///< what a line takes besides its letters, in letters
+constexpr qsizetype leastRoom = 256;      ///< for what is put into a line that is full, in letters
+
+constexpr char16_t standIn(std::size_t index)
+{
+    return char16_t(0xdc00 + index);
+}
+
+QString inDocument(QString text)
+{
+    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
+        text.replace(QChar(mistakenForLineEnds[index]), QChar(standIn(index)));
+    return text;
+}
+
+/// The text of a part of a document without folds. (toPlainText() would turn no-break spaces and line
+/// separators into others.)
+QString fromDocument(QString rawText)
+{
+    rawText.replace(QChar::ParagraphSeparator, u'\n');
+    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
+        rawText.replace(QChar(standIn(index)), QChar(mistakenForLineEnds[index]));
+    return rawText;
+}
+
+struct Part {
+    QStringView text;
+    bool isFolded = false;
+};
+
+/// Divides a text into what is shown of it and what is folded.
+class Folding
+{
+public:
+    /// `firstLine` and `letters` are the most that is shown of the first line and of all lines.
+    Folding(QStringView text, qsizetype firstLine, qsizetype letters) : m_text(text)
+    {
+        qsizetype head = 0;
+        for (qsizetype cost = 0; head < text.size() && cost < letters / 2;) {
+            const qsizetype end = lineEnd(head);
+            addLine(head, end, head == 0 ? firstLine : longestLine);
+            cost += std::min(end - head, longestLine) + lineCost;
+            head = end;
+        }
+        qsizetype tail = text.size();
+        for (qsizetype cost = 0; tail > head && cost < letters / 2;) {
+            const qsizetype start = lineStart(tail);
+            cost += std::min(tail - start, longestLine) + lineCost;
+            tail = start;
+        }
+        if (tail > head) {
+            add(head, tail - 1, true);
+            add(tail - 1, tail, false);
+        }
+        for (; tail < text.size(); tail = lineEnd(tail))
+            addLine(tail, lineEnd(tail), longestLine);
+    }
+
+    const std::vector<Part> &parts() const { return m_parts; }
+
+private:
+    /// Behind the line feed of the line that begins here.
+    qsizetype lineEnd(qsizetype start) const
+    {
+        const qsizetype lineFeed = m_text.indexOf(u'\n', start);
+        return lineFeed < 0 ? m_text.size() : lineFeed + 1;
+    }
+
+    /// Where the line begins that ends here.
+    qsizetype lineStart(qsizetype end) const { return m_text.first(end - 1).lastIndexOf(u'\n') + 1; }
+
+    void addLine(qsizetype start, qsizetype end, qsizetype limit)
+    {
+        const QStringView line = m_text.sliced(start, end - start);
+        const auto ends = textEnds(line.endsWith(u'\n') ? line.chopped(1) : line, limit);
+        const qsizetype lineFeed = line.endsWith(u'\n') ? 1 : 0;
+        if (!ends) {
+            add(start, end, false);
+            return;
+        }
+        add(start, start + ends->head, false);
+        add(start + ends->head, end - lineFeed - ends->tail, true);
+        add(end - lineFeed - ends->tail, end, false);
+    }
+
+    void add(qsizetype start, qsizetype end, bool isFolded)
+    {
+        if (start == end)
+            return;
+        if (!isFolded && !m_parts.empty() && !m_parts.back().isFolded)
+            m_parts.back().text = QStringView(m_parts.back().text.begin(), m_text.begin() + end);
+        else
+            m_parts.push_back({m_text.sliced(start, end - start), isFolded});
+    }
+
+    QStringView m_text;
+    std::vector<Part> m_parts;
+};
+
+} // namespace
+
+void DocumentText::insert(QTextCursor &cursor, const QString &text)
+{
+    QTextDocument &document = *cursor.document();
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    const qsizetype firstLine = std::max<qsizetype>(longestLine - cursor.block().length(), leastRoom);
+    const qsizetype present = document.characterCount() + document.blockCount() * lineCost;
+    const qsizetype letters = std::max<qsizetype>(longestText - present, longestLine);
+    const Folding folding(text, firstLine, letters);
+    for (const Part &part : folding.parts()) {
+        if (part.isFolded)
+            cursor.insertText(FoldMark::character, FoldMark::format(document, part.text.toString()));
+        else
+            cursor.insertText(inDocument(part.text.toString()), QTextCharFormat());
+    }
+    cursor.endEditBlock();
+}
+
+QString DocumentText::text(const QTextDocument &document)
+{
+    return text(document, 0, document.characterCount() - 1);
+}
+
+QString DocumentText::text(const QTextDocument &document, int from, int to)
+{
+    const QString raw = document.toRawText().sliced(from, to - from);
+    QString text;
+    qsizetype start = 0;
+    for (qsizetype mark = raw.indexOf(FoldMark::character); mark >= 0;
+         mark = raw.indexOf(FoldMark::character, mark + 1)) {
+        const auto folded = FoldMark::foldedText(document, int(from + mark));
+        if (!folded)
+            continue;
+        text += fromDocument(raw.sliced(start, mark - start));
+        text += *folded;
+        start = mark + 1;
+    }
+    text += fromDocument(raw.sliced(start));
+    return text;
+}

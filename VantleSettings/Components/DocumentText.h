@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+class QTextCursor;
+class QTextDocument;
+
+/// A text in an editor's document, which holds other characters where it would take the text's own for the
+/// end of a line, and one character in the place of each part that would take too long to lay out: there the
+/// text is folded.
+namespace DocumentText
+{
+
+/// Puts a text at the cursor, in the place of what is selected.
+void insert(QTextCursor &cursor, const QString &text);
+
+/// The document's text, or that between two positions, with what is folded there.
+QString text(const QTextDocument &document);
+QString text(const QTextDocument &document, int from, int to);
+
+} // namespace DocumentText
