@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLibraryInfo>
 #include <QPainter>
+#include <QVersionNumber>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +18,9 @@ namespace
 {
 
 constexpr int tolerance = 10;
+
+/// The toolkit that the stored pictures are of.
+const QVersionNumber storedToolkit(6, 4);
 const QString howToRenew =
     u"When the change of the look is meant: build/asan/bin/screenshots --stored docs/screenshots"_s;
 
@@ -46,6 +51,27 @@ QDir pictureFolder()
     return QDir(QStringLiteral(VANTLE_PICTURES));
 }
 
+bool isStoredToolkit()
+{
+    const QVersionNumber here = QLibraryInfo::version();
+    return here.majorVersion() == storedToolkit.majorVersion() &&
+           here.minorVersion() == storedToolkit.minorVersion();
+}
+
+/// The difference from the stored picture, in all that may not differ. Under another toolkit, with another
+/// release of the text face, letters have other shapes and lie some pixels elsewhere, which larger squares do
+/// not see. And the subtitle of General fits into one line, which moves what is below: of these only the
+/// sidebar is compared.
+int difference(const Picture &picture, const QImage &stored, const QImage &now)
+{
+    if (isStoredToolkit())
+        return perceivedDifference(stored, now);
+    QRect area = stored.rect();
+    if (picture.screenshot.name.startsWith(u"general"_s))
+        area.setWidth(214 * picture.scale);
+    return perceivedDifference(stored.copy(area), now.copy(area), 32 * picture.scale);
+}
+
 class StoredPicture : public testing::TestWithParam<Picture>
 {
 };
@@ -58,11 +84,11 @@ TEST_P(StoredPicture, LooksAsTheWindowDoes)
     ASSERT_FALSE(stored.isNull()) << qPrintable(howToRenew);
     const QImage now = rendered(screenshot, scale);
     EXPECT_EQ(now.size(), stored.size()) << qPrintable(howToRenew);
-    const int difference = perceivedDifference(stored, now);
-    if (difference > tolerance) {
+    const int found = difference(GetParam(), stored, now);
+    if (found > tolerance) {
         const QString file = QDir(QStringLiteral(VANTLE_FAILURES)).filePath(fileName(screenshot, scale));
         EXPECT_TRUE(now.save(file));
-        ADD_FAILURE() << "differs by " << difference << ", see " << qPrintable(file) << ". "
+        ADD_FAILURE() << "differs by " << found << ", see " << qPrintable(file) << ". "
                       << qPrintable(howToRenew);
     }
 }
@@ -114,6 +140,18 @@ TEST(PerceivedDifference, OfAMovedLineOrAnotherColourIsNot)
     QImage lighter = blank();
     lighter.fill(QColor(16, 16, 16));
     EXPECT_GT(perceivedDifference(blank(), lighter), tolerance);
+}
+
+TEST(PerceivedDifference, OfLettersElsewhereIsToleratedInLargerSquares)
+{
+    QImage here = blank();
+    QPainter(&here).fillRect(4, 20, 40, 2, Qt::white);
+    QImage there = blank();
+    QPainter(&there).fillRect(7, 22, 40, 2, Qt::white);
+    EXPECT_GT(perceivedDifference(here, there), tolerance);
+    EXPECT_LE(perceivedDifference(here, there, 32), tolerance);
+    QPainter(&there).fillRect(8, 32, 16, 16, Qt::white);
+    EXPECT_GT(perceivedDifference(here, there, 32), tolerance);
 }
 
 TEST(PerceivedDifference, OfPicturesOfDifferentSizesIsTotal)

@@ -7,7 +7,6 @@
 namespace
 {
 
-constexpr int side = 8;
 constexpr int most = 255;
 
 std::array<int, 3> averageColor(const QImage &picture, const QRect &square)
@@ -28,7 +27,7 @@ std::array<int, 3> averageColor(const QImage &picture, const QRect &square)
 
 } // namespace
 
-int perceivedDifference(const QImage &one, const QImage &other)
+int perceivedDifference(const QImage &one, const QImage &other, int side)
 {
     if (one.size() != other.size())
         return most;
