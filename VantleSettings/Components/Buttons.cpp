@@ -3,6 +3,7 @@
 #include "Components/Painting.h"
 #include "Components/Tokens.h"
 #include "Platform/Desktop/Palette.h"
+#include "Platform/Window/AccessibleWidget.h"
 
 #include <QPainter>
 #include <QShortcut>
@@ -20,6 +21,13 @@ qreal opacity(const QPushButton &button)
     return button.isDown() ? 0.6 : 1;
 }
 
+QAccessibleInterface *buttonFactory(const QString &, QObject *object)
+{
+    const bool ours = qobject_cast<PushButton *>(object) || qobject_cast<IconButton *>(object) ||
+                      qobject_cast<LinkButton *>(object);
+    return ours ? new AccessibleButton(static_cast<QWidget *>(object)) : nullptr;
+}
+
 QString withoutMnemonics(QString text)
 {
     return text.replace(u'&', QStringLiteral("&&"));
@@ -30,6 +38,7 @@ QString withoutMnemonics(QString text)
 PushButton::PushButton(const QString &text, Size size, QWidget *parent)
     : QPushButton(withoutMnemonics(text), parent), m_size(size)
 {
+    QAccessible::installFactory(buttonFactory); // once, however often it is asked to
     setFont(textFont(size == Size::small ? TextStyle::size12 : TextStyle::size13));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
@@ -39,6 +48,7 @@ PushButton::PushButton(const QString &text, Size size, QWidget *parent)
 IconButton::IconButton(Symbol symbol, const QString &toolTip, QWidget *parent)
     : QPushButton(parent), m_symbol(std::move(symbol))
 {
+    QAccessible::installFactory(buttonFactory);
     setFixedSize(Tokens::iconTile, Tokens::iconTile);
     setFlat(true);
     setAttribute(Qt::WA_Hover);
@@ -70,6 +80,7 @@ void clickOn(const QKeySequence &keys, QPushButton *button)
 
 LinkButton::LinkButton(const QString &text, QWidget *parent) : QPushButton(withoutMnemonics(text), parent)
 {
+    QAccessible::installFactory(buttonFactory);
     setFont(textFont(TextStyle::size13));
     setFlat(true);
     setAttribute(Qt::WA_Hover);

@@ -1,6 +1,7 @@
 #include "Components/Label.h"
 
 #include "Components/ShortenedText.h"
+#include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/AccessibleText.h"
 
 #include <QEvent>
@@ -40,6 +41,7 @@ Label::Label(const QString &text, TextStyle style, TextColor textColor, QWidget 
 Label::Label(const QString &text, TextStyle style, TextColor textColor, TextFlow flow, QWidget *parent)
     : QLabel(parent), m_textColor(textColor), m_flow(flow)
 {
+    setAccessibleRole(this, QAccessible::StaticText);
     setFont(textFont(style));
     // A fixed height would be that of the hint's width.
     QSizePolicy policy(QSizePolicy::Preferred, wraps() ? QSizePolicy::Minimum : QSizePolicy::Fixed);

@@ -1,20 +1,21 @@
 #include "Components/MenuButton.h"
 
-#include <QAccessibleWidget>
+#include "Platform/Window/AccessibleWidget.h"
+
 #include <QMenu>
 
 namespace
 {
 
-/// The toolkit hears a button with a menu as something else than a push button.
-class HeardMenuButton : public QAccessibleWidget
+/// The toolkit exposes a button with a menu as something else than a push button.
+class AccessibleMenuButton : public AccessibleButton
 {
 public:
-    explicit HeardMenuButton(MenuButton *button) : QAccessibleWidget(button, QAccessible::Button) {}
+    explicit AccessibleMenuButton(MenuButton *button) : AccessibleButton(button) {}
 
     QAccessible::State state() const override
     {
-        QAccessible::State state = QAccessibleWidget::state();
+        QAccessible::State state = AccessibleButton::state();
         state.hasPopup = true;
         return state;
     }
@@ -29,26 +30,14 @@ public:
         return child && child->object() == &button()->menu() ? 0 : -1;
     }
 
-    QStringList actionNames() const override
-    {
-        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
-    }
-    void doAction(const QString &action) override
-    {
-        if (action == pressAction())
-            button()->click();
-        else
-            QAccessibleWidget::doAction(action);
-    }
-
 private:
     MenuButton *button() const { return static_cast<MenuButton *>(widget()); }
 };
 
-QAccessibleInterface *heardMenuButton(const QString &, QObject *object)
+QAccessibleInterface *menuButtonFactory(const QString &, QObject *object)
 {
     auto *button = qobject_cast<MenuButton *>(object);
-    return button ? new HeardMenuButton(button) : nullptr;
+    return button ? new AccessibleMenuButton(button) : nullptr;
 }
 
 } // namespace
@@ -56,7 +45,7 @@ QAccessibleInterface *heardMenuButton(const QString &, QObject *object)
 MenuButton::MenuButton(const Symbol &symbol, QWidget *parent)
     : IconButton(symbol, {}, parent), m_menu(new QMenu(this))
 {
-    QAccessible::installFactory(heardMenuButton); // once, however often it is asked to
+    QAccessible::installFactory(menuButtonFactory); // once, however often it is asked to
     // Not as the button's own menu, which would hold the program up in a nested event loop while it is open.
     connect(this, &QPushButton::clicked, this, [this] {
         m_menu->clear();

@@ -2,7 +2,7 @@
 
 #include "Components/Buttons.h"
 
-/// A symbol that opens a menu, which is filled anew each time. Heard as a push button; the menu with its
+/// A symbol that opens a menu, which is filled anew each time. Exposed as a push button; the menu with its
 /// items is below it in the tree.
 class MenuButton : public IconButton
 {

@@ -5,6 +5,8 @@
 #include "Components/Tokens.h"
 #include "Foundation/Seam.h"
 #include "Platform/Desktop/Pasteboard.h"
+#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Announcement.h"
 
 #include <QHBoxLayout>
 
@@ -26,12 +28,19 @@ PathRow::PathRow(const QString &label, const QString &path, QWidget *parent) : Q
     caption->setFixedWidth(labelColumn);
     auto *copy = new IconButton({u"doc.on.doc"_s, copySymbolSize}, u"Copy path"_s);
     copy->setAccessibleName(u"Copy path of %1"_s.arg(label));
-    connect(copy, &IconButton::clicked, this, [path] { Seam<Pasteboard>::current().setText(path); });
+    copy->setAccessibleDescription(path);
+    connect(copy, &IconButton::clicked, this, [this, path] {
+        Seam<Pasteboard>::current().setText(path);
+        announce(this, u"Path copied"_s);
+    });
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(Tokens::rowPadding, paddingVertical, Tokens::rowPadding, paddingVertical);
     layout->setSpacing(columnGap);
+    auto *pathLabel = new ElidedLabel(path, TextStyle::size11, TextColor::primary80);
+    setDescribes(caption, copy);
+    setDescribes(pathLabel, copy);
     layout->addWidget(caption);
-    layout->addWidget(new ElidedLabel(path, TextStyle::size11, TextColor::primary80), 1);
+    layout->addWidget(pathLabel, 1);
     layout->addWidget(copy);
 }

@@ -1,12 +1,26 @@
 #include "Components/Picker.h"
 
 #include "Components/Tokens.h"
+#include "Platform/Window/AccessibleComboBox.h"
 
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
+namespace
+{
+
+QAccessibleInterface *pickerFactory(const QString &, QObject *object)
+{
+    auto *picker = qobject_cast<Picker *>(object);
+    return picker ? new AccessibleComboBox(picker) : nullptr;
+}
+
+} // namespace
+
 Picker::Picker(QWidget *parent) : QComboBox(parent)
 {
+    QAccessible::installFactory(pickerFactory); // once, however often it is asked to
+    connect(this, &QComboBox::currentIndexChanged, this, [this] { AccessibleComboBox::notifyChanged(this); });
     setFont(textFont(TextStyle::size12));
     setMinimumWidth(Tokens::pickerMinimumWidth);
     setMaximumWidth(Tokens::pickerMaximumWidth);

@@ -4,6 +4,7 @@
 #include "Components/Painting.h"
 #include "Components/SettingsRow.h"
 #include "Components/Tokens.h"
+#include "Foundation/KeyNames.h"
 #include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/AccessibleText.h"
 
@@ -59,6 +60,7 @@ SettingsGroup::SettingsGroup(const Texts &texts, const std::vector<QWidget *> &r
     m_rows->setSpacing(0);
     layout->addWidget(card);
     m_footer = new WrappedLabel({}, TextStyle::size11, TextColor::secondary);
+    setDescribes(m_footer, this);
     m_footer->setContentsMargins(captionPadding, 0, captionPadding, 0);
     layout->addWidget(m_footer);
     setFooter(texts.footer);
@@ -69,7 +71,8 @@ void SettingsGroup::setFooter(const std::optional<QString> &footer)
 {
     m_footer->setVisible(footer.has_value());
     m_footer->setText(footer.value_or(QString()));
-    setAccessibleDescription(accessibleText(footer.value_or(QString())));
+    changeAccessibleName(m_footer, accessibleText(withKeyNames(m_footer->text())));
+    changeAccessibleDescription(this, accessibleText(footer.value_or(QString())));
 }
 
 void SettingsGroup::setRows(const std::vector<QWidget *> &rows)

@@ -42,16 +42,19 @@ SettingsRow::SettingsRow(const Content &content, QWidget *parent)
         title->setBuddy(m_accessory);
         if (m_accessory->accessibleName().isEmpty() && m_accessory->focusPolicy() != Qt::NoFocus)
             m_accessory->setAccessibleName(content.title);
+        setDescribes(m_subtitle, m_accessory);
     }
     setSubtitle(content.subtitle);
 }
 
-void SettingsRow::setSubtitle(const std::optional<QString> &subtitle)
+void SettingsRow::setSubtitle(const std::optional<QString> &subtitle, const QString &spoken)
 {
     m_subtitle->setVisible(subtitle.has_value());
     m_subtitle->setText(subtitle.value_or(QString()));
+    if (!spoken.isEmpty())
+        changeAccessibleName(m_subtitle, spoken);
     if (m_accessory != nullptr && m_accessory->focusPolicy() != Qt::NoFocus)
-        m_accessory->setAccessibleDescription(accessibleText(subtitle.value_or(QString())));
+        changeAccessibleDescription(m_accessory, accessibleText(subtitle.value_or(QString())));
 }
 
 SettingsRowDivider::SettingsRowDivider(QWidget *parent) : QWidget(parent)

@@ -25,7 +25,8 @@ public:
 
     explicit SettingsRow(const Content &content, QWidget *parent = nullptr);
 
-    void setSubtitle(const std::optional<QString> &subtitle);
+    /// `spoken` says the subtitle in words where it has signs of keys.
+    void setSubtitle(const std::optional<QString> &subtitle, const QString &spoken = {});
 
 private:
     ElidedLabel *m_subtitle;

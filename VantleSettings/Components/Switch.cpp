@@ -3,12 +3,15 @@
 #include "Components/Painting.h"
 #include "Components/Tokens.h"
 #include "Platform/Desktop/Palette.h"
+#include "Platform/Window/AccessibleWidget.h"
+#include "Platform/Window/Announcement.h"
 
-#include <QAccessibleWidget>
 #include <QPainter>
 #include <QPen>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -28,14 +31,14 @@ void announceChange(QWidget *control, const QAccessible::State &changed)
 }
 
 /// A check box that is toggled as a click does it: its owner decides.
-class AccessibleSwitch : public QAccessibleWidget
+class AccessibleSwitch : public AccessibleWidget
 {
 public:
-    explicit AccessibleSwitch(Switch *control) : QAccessibleWidget(control, QAccessible::CheckBox) {}
+    explicit AccessibleSwitch(Switch *control) : AccessibleWidget(control, QAccessible::CheckBox) {}
 
     QAccessible::State state() const override
     {
-        QAccessible::State state = QAccessibleWidget::state();
+        QAccessible::State state = AccessibleWidget::state();
         state.checkable = true;
         state.checked = control()->isChecked();
         state.busy = control()->isPending();
@@ -46,8 +49,8 @@ public:
     QStringList actionNames() const override
     {
         return control()->isEnabled() && !control()->isPending()
-                   ? QStringList(toggleAction()) + QAccessibleWidget::actionNames()
-                   : QAccessibleWidget::actionNames();
+                   ? QStringList(toggleAction()) + AccessibleWidget::actionNames()
+                   : AccessibleWidget::actionNames();
     }
 
     void doAction(const QString &name) override
@@ -55,14 +58,14 @@ public:
         if (name == toggleAction())
             control()->click();
         else
-            QAccessibleWidget::doAction(name);
+            AccessibleWidget::doAction(name);
     }
 
 private:
     Switch *control() const { return static_cast<Switch *>(widget()); }
 };
 
-QAccessibleInterface *heardAsSwitch(const QString &, QObject *object)
+QAccessibleInterface *switchFactory(const QString &, QObject *object)
 {
     auto *control = qobject_cast<Switch *>(object);
     return control ? new AccessibleSwitch(control) : nullptr;
@@ -72,7 +75,7 @@ QAccessibleInterface *heardAsSwitch(const QString &, QObject *object)
 
 Switch::Switch(QWidget *parent) : QCheckBox(parent)
 {
-    QAccessible::installFactory(heardAsSwitch); // once, however often it is asked to
+    QAccessible::installFactory(switchFactory); // once, however often it is asked to
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
 }
@@ -146,6 +149,7 @@ void Switch::fallBack()
     QAccessible::State changed;
     changed.checked = true;
     announceChange(this, changed);
+    announce(this, u"%1 could not be changed"_s.arg(accessibleName()));
 
     const qreal rest = isChecked() ? 1 : 0;
     if (!isVisible() || reducedMotion()) {

@@ -3,6 +3,7 @@
 #include "Components/Label.h"
 #include "Components/Painting.h"
 #include "Components/Tokens.h"
+#include "Foundation/KeyNames.h"
 #include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/Symbol.h"
 #include "Platform/Window/AccessibleRole.h"
@@ -53,6 +54,7 @@ DetailHero::DetailHero(SettingsSection section, QWidget *parent) : QWidget(paren
     setAccessibleRole(title, QAccessible::Heading);
     auto *purpose = new WrappedLabel(subtitle(section), TextStyle::size13, TextColor::secondary,
                                      WrappedLabel::Lines::balancedCentred);
+    purpose->setAccessibleName(withKeyNames(subtitle(section)));
     purpose->setMaximumWidth(subtitleMaximumWidth);
     auto *centred = new QHBoxLayout;
     centred->addStretch(1);

@@ -2,6 +2,7 @@
 
 #include "Components/Tokens.h"
 #include "Model/SettingsModel.h"
+#include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/WindowChrome.h"
 #include "Platform/Window/WindowFrame.h"
 #include "SettingsWindow/SettingsRootView.h"
@@ -26,6 +27,7 @@ constexpr QLatin1String frameName("VantleSettingsWindow");
 
 SettingsNSWindow::SettingsNSWindow(QWidget *parent) : QMainWindow(parent)
 {
+    setAccessibleRole(this, QAccessible::Window);
 }
 
 // A layout that grows tells the one around it by an event, level by level, and would be drawn half way.

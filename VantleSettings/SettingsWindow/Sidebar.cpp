@@ -5,6 +5,7 @@
 #include "Components/Tokens.h"
 #include "Platform/Desktop/Palette.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -145,6 +146,18 @@ void Sidebar::focusInEvent(QFocusEvent *event)
 {
     selectionModel()->setCurrentIndex(selectedIndexes().value(0), QItemSelectionModel::NoUpdate);
     QListWidget::focusInEvent(event);
+    QMetaObject::invokeMethod(this, &Sidebar::announceCurrentEntry, Qt::QueuedConnection);
+}
+
+// The toolkit tells of the entry first and of the list behind it, so that screen readers read out the list
+// alone.
+void Sidebar::announceCurrentEntry()
+{
+    if (!hasFocus() || !currentIndex().isValid())
+        return;
+    QAccessibleEvent event(this, QAccessible::Focus);
+    event.setChild(currentRow());
+    QAccessible::updateAccessibility(&event);
 }
 
 void Sidebar::focusOutEvent(QFocusEvent *event)

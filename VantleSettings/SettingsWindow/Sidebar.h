@@ -31,5 +31,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    void announceCurrentEntry();
+
     bool m_isPressedBesideEntries = false;
 };

@@ -2,7 +2,11 @@
 
 #include "Components/Painting.h"
 #include "Components/Tokens.h"
+#include "Foundation/KeyNames.h"
 #include "Platform/Desktop/Palette.h"
+#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/AccessibleWidget.h"
+#include "Platform/Window/Announcement.h"
 
 #include <QHideEvent>
 #include <QPainter>
@@ -34,11 +38,39 @@ QString shown(const KeyCombo &combo)
     return combo.display();
 }
 
+QString spoken(const KeyCombo &combo)
+{
+    if (combo.keyCode > std::numeric_limits<std::uint16_t>::max())
+        return combinationInWords(combo.modifierGlyphs(), KeyCombo::bracketed(combo.keyCode));
+    return combo.spoken();
+}
+
+/// What is shown is described in words: screen readers have none for the signs of keys.
+class AccessibleRecorder : public AccessibleButton
+{
+public:
+    explicit AccessibleRecorder(ShortcutRecorder *recorder) : AccessibleButton(recorder) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Description)
+            return static_cast<const ShortcutRecorder *>(widget())->spokenText();
+        return AccessibleButton::text(kind);
+    }
+};
+
+QAccessibleInterface *recorderFactory(const QString &, QObject *object)
+{
+    auto *recorder = qobject_cast<ShortcutRecorder *>(object);
+    return recorder ? new AccessibleRecorder(recorder) : nullptr;
+}
+
 } // namespace
 
 ShortcutRecorder::ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWidget *parent)
     : QPushButton(parent)
 {
+    QAccessible::installFactory(recorderFactory); // once, however often it is asked to
     setFont(textFont(TextStyle::size12SemiboldMono));
     setFlat(true);
     setAttribute(Qt::WA_Hover);
@@ -49,6 +81,7 @@ ShortcutRecorder::ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWi
     connect(&m_change, &QVariantAnimation::valueChanged, this,
             [this](const QVariant &share) { setShare(share.toReal()); });
     connect(this, &QPushButton::clicked, &m_recording, &ShortcutRecording::toggleRecording);
+    connect(&m_recording, &ShortcutRecording::recorded, this, [this] { m_isRecorded = true; });
     connect(&m_recording, &ShortcutRecording::recorded, this, std::move(onRecord));
     connect(&m_recording, &ShortcutRecording::recordingChanged, this, &ShortcutRecorder::changeOver);
     setCombo(combo);
@@ -58,7 +91,8 @@ void ShortcutRecorder::setCombo(const KeyCombo &combo)
 {
     m_combo = combo;
     m_comboText = shown(combo);
-    setAccessibleDescription(shownText());
+    m_spokenCombo = spoken(combo);
+    changeAccessibleDescription(this, shownText());
     updateGeometry();
     update();
 }
@@ -106,11 +140,26 @@ int ShortcutRecorder::widthOf(const QString &text) const
     return std::max(minimumTextWidth, fontMetrics().horizontalAdvance(text));
 }
 
+QString ShortcutRecorder::spokenText() const
+{
+    return isRecording() ? pressShortcut : m_spokenCombo;
+}
+
+void ShortcutRecorder::announceState()
+{
+    changeAccessibleDescription(this, shownText());
+    if (!isVisible())
+        return;
+    const bool isCancelled = !isRecording() && !m_isRecorded;
+    announce(this, isCancelled ? u"Cancelled, "_s + spokenText() : spokenText());
+}
+
 void ShortcutRecorder::changeOver()
 {
+    if (isRecording())
+        m_isRecorded = false;
     // A new combination is handed over in the next turn: until then the old one would be heard once more.
-    QMetaObject::invokeMethod(
-        this, [this] { setAccessibleDescription(shownText()); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &ShortcutRecorder::announceState, Qt::QueuedConnection);
     const qreal target = isRecording() ? 1 : 0;
     m_change.stop();
     if (!isVisible() || reducedMotion()) {

@@ -26,6 +26,9 @@ public:
     void stopRecording() { m_recording.stopRecording(); }
     bool isRecording() const { return m_recording.isRecording(); }
 
+    /// What the button shows now, in words.
+    QString spokenText() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -37,12 +40,15 @@ private:
     QString shownText() const;
     QColor fillColor() const;
     int widthOf(const QString &text) const;
+    void announceState();
     void changeOver();
     void setShare(qreal recordingShare);
 
     KeyCombo m_combo;
     QString m_comboText;
+    QString m_spokenCombo;
     ShortcutRecording m_recording;
+    bool m_isRecorded = false; ///< whether the last recording has ended with a combination
     QVariantAnimation m_change{this};
     qreal m_recordingShare = 0; ///< how much of the recording look is on view: 0 idle, 1 recording
 };

@@ -5,6 +5,8 @@
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Keyboard/KeyboardLayout.h"
+#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Announcement.h"
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
 #include <QHBoxLayout>
@@ -70,13 +72,18 @@ ShortcutSettingsRow::ShortcutSettingsRow(ShortcutAction action, SettingsModel &m
                    .accessory = sideBySide(recorder, reset)},
                   parent)
 {
-    connect(reset, &IconButton::clicked, this, [action, &model] { resetShortcut(model, action); });
+    connect(reset, &IconButton::clicked, this, [this, action, &model] {
+        resetShortcut(model, action);
+        announce(this, u"%1 reset to %2"_s.arg(title(action), defaultCombo(action).spoken()));
+    });
     const auto draw = [this, action, recorder, reset, &model] {
         const QString byDefault = defaultCombo(action).display();
-        setSubtitle(u"Default "_s + byDefault);
+        const QString spokenDefault = defaultCombo(action).spoken();
+        setSubtitle(u"Default "_s + byDefault, u"Default "_s + spokenDefault);
         recorder->setCombo(currentCombo(model, action));
         reset->setToolTip(u"Reset to default (%1)"_s.arg(byDefault));
-        reset->setAccessibleName(u"Reset %1 to default (%2)"_s.arg(title(action), byDefault));
+        changeAccessibleName(reset, u"Reset %1 to default (%2)"_s.arg(title(action), byDefault));
+        setSpokenName(reset, u"Reset %1 to default (%2)"_s.arg(title(action), spokenDefault));
     };
     ::render(this, model, draw);
     ::render(this, model.shortcuts(), draw);

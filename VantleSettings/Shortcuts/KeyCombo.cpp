@@ -1,5 +1,6 @@
 #include "Shortcuts/KeyCombo.h"
 
+#include "Foundation/KeyNames.h"
 #include "Foundation/Seam.h"
 #include "Platform/Keyboard/KeyboardLayout.h"
 #include "Platform/Keyboard/ModifierFlags.h"
@@ -46,6 +47,11 @@ QString keyCodeString(std::uint32_t keyCode)
 QString KeyCombo::display() const
 {
     return modifierGlyphs() + keyCodeString(keyCode);
+}
+
+QString KeyCombo::spoken() const
+{
+    return combinationInWords(modifierGlyphs(), keyCodeString(keyCode));
 }
 
 QString KeyCombo::modifierGlyphs() const

@@ -20,6 +20,9 @@ struct KeyCombo {
     /// stops the program.
     QString display() const;
 
+    /// The same in words, as it is spoken, e.g. Shift Command J.
+    QString spoken() const;
+
     /// The first half of `display`: the modifiers in menu order, e.g. ⇧⌘.
     QString modifierGlyphs() const;
 

@@ -43,6 +43,8 @@ class LaunchAtLogin(DesktopCase):
         switch = program.click("check box", self.SWITCH)
         self.expect(lambda: self.jobs.asked == self.LOADING, "it was not tried")
         self.expect(lambda: (switch, False) in self.desktop.accessibility.switched, "it does not say that it fell back")
+        self.expect(lambda: f"{self.SWITCH} could not be changed" in self.desktop.accessibility.announced,
+                    lambda: self.desktop.accessibility.announced)
         program.click("check box", "Marketing Recording Mode")
         self.expect_requests("/settings/reload-green-screen")
         self.assertFalse(switch.has("checked"))

@@ -5,6 +5,7 @@ import json
 import subprocess
 
 from harness.case import DesktopCase
+from harness.keys import in_words
 
 FILE = ".vantle/shortcuts.json"
 NEXT, PREVIOUS, PLAN = (f"{title} shortcut" for title in (
@@ -68,7 +69,7 @@ class ShortcutCase(DesktopCase):
         self.desktop.hands.strike(KEYS[key][0] if key in KEYS else key, *modifiers)
 
     def expect_shown(self, recorder, text):
-        self.expect(lambda: recorder.description == text,
+        self.expect(lambda: recorder.description == in_words(text),
                     lambda: f"{recorder} shows {recorder.description} instead of {text}")
 
     def record(self, recorder, key, *modifiers):
@@ -148,7 +149,7 @@ class Recording(ShortcutCase):
 
     def expect_swallowed(self, key, *modifiers):
         """The recorder goes on waiting: the next key is the one that it records."""
-        next_key, shown = ("Home", "⌘↖") if self.recorder.description == "⌘↑" else ("Up", "⌘↑")
+        next_key, shown = ("Home", "⌘↖") if self.recorder.description == in_words("⌘↑") else ("Up", "⌘↑")
         self.begin()
         self.strike(key, *modifiers)
         self.strike(next_key, "super")

@@ -27,13 +27,22 @@ class Recording(DesktopCase):
         program.press("alt+shift+p")
         self.expect_file(FILE, file_of(focusLast=(35, 0x0A00)))
         self.expect_requests(RELOAD)
-        self.expect(lambda: recorder.description == "⌥⇧P", lambda: recorder.description)
+        self.expect(lambda: recorder.description == "Option Shift P", lambda: recorder.description)
+
+    def test_assistive_technology_is_told_of_the_recorder_alone_and_what_has_happened(self):
+        program, recorder = self.record()
+        bus = self.desktop.accessibility
+        bus.changed.clear()
+        program.press("alt+shift+p")
+        self.expect(lambda: "Option Shift P" in bus.announced, lambda: bus.announced)
+        changed = [control for control in bus.changed if control.role != "notification"]
+        self.assertEqual(changed, [recorder])
 
     def test_keys_of_the_menus_are_recorded_and_do_not_act(self):
         program, recorder = self.record()
         program.press("ctrl+w")
         self.expect_file(FILE, file_of(focusLast=(13, 0x1000)))
-        self.expect(lambda: recorder.description == "⌃W", lambda: recorder.description)
+        self.expect(lambda: recorder.description == "Control W", lambda: recorder.description)
         self.finish(program)
 
     def test_a_key_alone_or_with_shift_changes_nothing_and_escape_ends_it(self):
@@ -41,7 +50,7 @@ class Recording(DesktopCase):
         program.press("j", "shift+j", "Tab", "space")
         self.assertEqual(recorder.description, "Press shortcut…")
         program.press("Escape")
-        self.expect(lambda: recorder.description == "⇧⌘J", lambda: recorder.description)
+        self.expect(lambda: recorder.description == "Shift Command J", lambda: recorder.description)
         self.finish(program)
         self.expect_no_file(FILE)
         self.assertEqual(self.agent.requests, [])
@@ -49,7 +58,7 @@ class Recording(DesktopCase):
     def test_a_second_click_ends_it(self):
         program, recorder = self.record()
         program.click_on(recorder)
-        self.expect(lambda: recorder.description == "⇧⌘J", lambda: recorder.description)
+        self.expect(lambda: recorder.description == "Shift Command J", lambda: recorder.description)
         self.expect_no_file(FILE)
 
     def test_leaving_the_page_ends_it(self):

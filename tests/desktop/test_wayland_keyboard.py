@@ -5,6 +5,7 @@ import time
 
 from harness.case import DesktopCase
 from harness.compositor import Compositor, Keyboard
+from harness.keys import in_words
 from harness.program import Program
 
 FILE = ".vantle/shortcuts.json"
@@ -35,7 +36,7 @@ class WaylandKeyboard(DesktopCase):
         self.expect(lambda: self.program.frame.has("active"), "the window is not active")
 
     def expect_shown(self, text):
-        self.expect(lambda: self.recorder.description == text,
+        self.expect(lambda: self.recorder.description == in_words(text),
                     lambda: f"{self.recorder.description} is shown instead of {text}")
 
     def expect_recorded(self, place, modifiers, code, mask, shown):

@@ -205,6 +205,8 @@ TEST_F(PlanningProjectRowTest, IsHeardAsAPanelNamedLikeTheProject)
     QAccessibleInterface *button = QAccessible::queryAccessibleInterface(actions);
     EXPECT_EQ(button->text(QAccessible::Name), u"Actions for App");
     EXPECT_EQ(button->role(), QAccessible::Button);
+    EXPECT_EQ(button->text(QAccessible::Description),
+              homePath(u"gone"_s) + u", missing, No notch sessions"_s);
     ASSERT_EQ(button->childCount(), 1);
     EXPECT_EQ(button->child(0)->role(), QAccessible::PopupMenu);
 

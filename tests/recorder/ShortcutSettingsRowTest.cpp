@@ -9,6 +9,7 @@
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QSignalSpy>
 
@@ -96,6 +97,17 @@ TEST_F(ShortcutRows, DrawTheResetSymbolOfMediumWeight)
     EXPECT_EQ(symbol.name, u"arrow.counterclockwise"_s);
     EXPECT_EQ(symbol.pointSize, 11);
     EXPECT_EQ(symbol.weight, QFont::Medium);
+}
+
+TEST_F(ShortcutRows, AreDescribedInWords)
+{
+    ShortcutSettingsRow row(ShortcutAction::focusPrevious, model());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&recorder(row))->text(QAccessible::Description),
+              u"Shift Command K");
+    const auto labels = QAccessible::queryAccessibleInterface(&reset(row))->relations(QAccessible::Label);
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels.first().first->text(QAccessible::Name),
+              u"Reset Focus previous notification to default (Shift Command K)");
 }
 
 TEST_F(ShortcutRows, ARecordedComboIsBoundWrittenAndPosted)

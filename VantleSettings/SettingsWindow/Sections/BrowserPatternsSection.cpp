@@ -5,6 +5,7 @@
 #include "Components/SettingsGroup.h"
 #include "Components/Tokens.h"
 #include "Model/SettingsModel.h"
+#include "Platform/Window/Announcement.h"
 #include "SettingsWindow/Sections/NoBrowserProjectsRow.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 
@@ -114,4 +115,5 @@ void BrowserPatternsSection::edit(const QUuid &id, const QString &urls)
 void BrowserPatternsSection::save()
 {
     m_model.saveBrowserPatterns(Persistence::browserPatterns(m_model.projects));
+    announce(this, u"Patterns saved"_s);
 }

@@ -9,6 +9,8 @@
 #include "Platform/Desktop/Dialogs.h"
 #include "Platform/Desktop/Workspace.h"
 #include "Platform/Files/Path.h"
+#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/AccessibleText.h"
 
 #include <QHBoxLayout>
 #include <QPointer>
@@ -56,6 +58,9 @@ PlanningPathRow::PlanningPathRow(SettingsModel &model, QWidget *parent)
     clickOn(Qt::CTRL | Qt::Key_O, choose);
     m_reveal = reveal;
     m_clear = clear;
+    m_choose = choose;
+    setDescribes(m_path, choose);
+    setDescribes(m_subtitle, choose);
 
     auto *texts = new QVBoxLayout;
     texts->setSpacing(lineGap);
@@ -87,6 +92,8 @@ void PlanningPathRow::render()
     const std::optional<QString> below = subtitle(root);
     m_subtitle->setText(below.value_or(QString()));
     m_subtitle->setVisible(below.has_value());
+    changeAccessibleDescription(m_reveal, accessibleText(displayPath(root)));
+    changeAccessibleDescription(m_choose, isSet(root) ? QString() : displayPath(root));
     m_reveal->setVisible(isSet(root));
     m_clear->setVisible(isSet(root));
 }

@@ -22,4 +22,5 @@ private:
     ElidedLabel *m_subtitle;
     QWidget *m_reveal;
     QWidget *m_clear;
+    QWidget *m_choose;
 };

@@ -11,6 +11,7 @@
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/AccessibleText.h"
+#include "Platform/Window/Announcement.h"
 #include "SettingsWindow/Sections/MissingLabel.h"
 
 #include <QFontMetrics>
@@ -40,17 +41,24 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
 
     auto *name = new QHBoxLayout;
     name->setSpacing(nameGap);
-    name->addWidget(new ElidedLabel(project.name, TextStyle::size13));
+    auto *nameLabel = new ElidedLabel(project.name, TextStyle::size13);
+    auto *pathLabel = new ElidedLabel(project.path, TextStyle::size11, TextColor::secondary);
+    auto *badge = new SessionCountBadge(project.sessionCount);
+    name->addWidget(nameLabel);
     name->addWidget(m_missing);
     name->addStretch();
 
     auto *texts = new QVBoxLayout;
     texts->setSpacing(lineGap);
     texts->addLayout(name);
-    texts->addWidget(new ElidedLabel(project.path, TextStyle::size11, TextColor::secondary));
+    texts->addWidget(pathLabel);
 
     auto *actions = new MenuButton({u"ellipsis.circle"_s, actionsSymbolSize});
     actions->setAccessibleName(accessibleText(u"Actions for "_s + project.name));
+    m_actions = actions;
+    m_badge = badge;
+    for (QWidget *text : std::initializer_list<QWidget *>{nameLabel, m_missing, pathLabel, badge})
+        setDescribes(text, actions);
     connect(actions, &MenuButton::menuNeeded, this, &PlanningProjectRow::fillActionMenu);
 
     auto *layout = new QHBoxLayout(this);
@@ -59,7 +67,7 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
     layout->setSpacing(Tokens::rowSpacing);
     layout->addWidget(m_icon, 0, Qt::AlignVCenter);
     layout->addLayout(texts, 1);
-    layout->addWidget(new SessionCountBadge(project.sessionCount), 0, Qt::AlignVCenter);
+    layout->addWidget(badge, 0, Qt::AlignVCenter);
     layout->addWidget(actions, 0, Qt::AlignVCenter);
     render();
 }
@@ -82,7 +90,9 @@ void PlanningProjectRow::render()
     m_icon->setSymbol(there ? u"folder.fill"_s : u"folder.badge.questionmark"_s,
                       there ? SystemColor::green : SystemColor::gray);
     m_missing->setVisible(!there);
-    setAccessibleDescription(accessibleText(there ? m_project.path : m_project.path + u", missing"_s));
+    const QString place = there ? m_project.path : m_project.path + u", missing"_s;
+    changeAccessibleDescription(this, accessibleText(place));
+    changeAccessibleDescription(m_actions, accessibleText(place + u", "_s + m_badge->accessibleName()));
 }
 
 /// The items that make sense at this moment; what they name may be gone when one is chosen.
@@ -97,5 +107,8 @@ void PlanningProjectRow::fillActionMenu(QMenu &menu)
         menu.addAction(u"Open TODO.toml"_s, [todo] { Seam<Workspace>::current().open(todo); });
         menu.addAction(u"Reveal TODO in Finder"_s, [todo] { Seam<Workspace>::current().reveal(todo); });
     }
-    menu.addAction(u"Copy Path"_s, [path] { Seam<Pasteboard>::current().setText(path); });
+    menu.addAction(u"Copy Path"_s, this, [this, path] {
+        Seam<Pasteboard>::current().setText(path);
+        announce(this, u"Path copied"_s);
+    });
 }

@@ -29,4 +29,6 @@ private:
     PlanningProject m_project;
     SidebarIcon *m_icon;
     QWidget *m_missing;
+    QWidget *m_badge;
+    QWidget *m_actions;
 };

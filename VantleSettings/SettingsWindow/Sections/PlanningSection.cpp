@@ -10,6 +10,8 @@
 #include "PlanningProjects/PlanningProjects.h"
 #include "Platform/Desktop/Symbol.h"
 #include "Platform/Files/FileSystem.h"
+#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Announcement.h"
 #include "SettingsWindow/Sections/EmptyProjectsRow.h"
 #include "SettingsWindow/Sections/PlanningPathRow.h"
 #include "SettingsWindow/Sections/PlanningProjectRow.h"
@@ -73,7 +75,12 @@ QWidget *PlanningSection::summary()
 {
     auto *refresh = new PushButton(u"Refresh"_s);
     refresh->setIcon(symbolIcon({u"arrow.clockwise"_s, refreshSymbolSize}, textColor(TextColor::primary)));
-    connect(refresh, &QPushButton::clicked, this, [this] { m_model.refreshPlanningProjects(); });
+    connect(refresh, &QPushButton::clicked, this, [this] {
+        m_model.refreshPlanningProjects();
+        announce(this, u"Refreshed, "_s + summaryLine());
+    });
+    setDescribes(m_summaryLine, refresh);
+    m_refresh = refresh;
 
     auto *line = new QWidget;
     auto *layout = new QHBoxLayout(line);
@@ -98,6 +105,7 @@ void PlanningSection::render()
     m_rows->setVisible(!projects.empty());
     m_summary->setVisible(!projects.empty());
     m_summaryLine->setText(summaryLine());
+    changeAccessibleDescription(m_refresh, summaryLine());
 
     std::vector<QUuid> ids(projects.size());
     std::transform(projects.begin(), projects.end(), ids.begin(), std::mem_fn(&PlanningProject::id));

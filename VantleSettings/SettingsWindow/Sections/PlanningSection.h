@@ -30,6 +30,7 @@ private:
     EmptyProjectsRow *m_empty;
     RowList *m_rows;
     Label *m_summaryLine;
+    QWidget *m_refresh = nullptr;
     QWidget *m_summary;
     SettingsGroup *m_projects;
 };

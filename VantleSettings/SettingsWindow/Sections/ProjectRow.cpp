@@ -7,6 +7,7 @@
 #include "Components/SidebarIcon.h"
 #include "Components/Tokens.h"
 #include "Platform/Files/Path.h"
+#include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/AccessibleText.h"
 
 #include <QFontMetrics>
@@ -57,8 +58,12 @@ ProjectRow::ProjectRow(const BrowserConfigProject &project, QWidget *parent)
 {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(lineGap);
-    texts->addWidget(new ElidedLabel(Path::lastComponent(project.root), TextStyle::size13Semibold));
-    texts->addWidget(new ElidedLabel(project.root, TextStyle::size11, TextColor::secondary));
+    auto *name = new ElidedLabel(Path::lastComponent(project.root), TextStyle::size13Semibold);
+    auto *root = new ElidedLabel(project.root, TextStyle::size11, TextColor::secondary);
+    setDescribes(name, m_editor);
+    setDescribes(root, m_editor);
+    texts->addWidget(name);
+    texts->addWidget(root);
 
     auto *header = new QHBoxLayout;
     header->setSpacing(Tokens::rowSpacing);

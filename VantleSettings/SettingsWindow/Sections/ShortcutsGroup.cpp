@@ -2,6 +2,7 @@
 
 #include "Components/Buttons.h"
 #include "Components/SettingsRow.h"
+#include "Platform/Window/Announcement.h"
 #include "ShortcutRecorder/ShortcutSettingsRow.h"
 
 #include <QHBoxLayout>
@@ -24,9 +25,10 @@ QWidget *resetAllRow(SettingsModel &model)
                                resetPaddingVertical);
     layout->addStretch();
     layout->addWidget(resetAll);
-    QObject::connect(resetAll, &LinkButton::clicked, row, [&model] {
+    QObject::connect(resetAll, &LinkButton::clicked, row, [row, &model] {
         for (const ShortcutAction action : allShortcutActions)
             resetShortcut(model, action);
+        announce(row, u"All shortcuts reset"_s);
     });
     return row;
 }

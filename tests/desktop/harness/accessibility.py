@@ -21,7 +21,8 @@ STATES = {
 class AccessibilityBus:
     """The bus on which programs show their controls. `heard` is what a screen reader would have read out last: the
     control to which the focus went, also where the tree does not show it, as in a context menu. `switched` is every
-    control that said whether it is checked, and what it said."""
+    control that said whether it is checked, and what it said. `announced` is every message that tells of something
+    without a control changing, and `changed` every control that told of another name or description."""
 
     def __init__(self):
         session = Gio.bus_get_sync(Gio.BusType.SESSION)
@@ -32,8 +33,15 @@ class AccessibilityBus:
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
         self.heard = None
         self.switched = []
+        self.announced = []
+        self.changed = []
         self._listen("focused", self._hear_focus)
         self._listen("checked", self._hear_switch)
+        self._listen("showing", self._hear_notification)
+        self._subscribe("Announcement", "object:announcement",
+                        lambda _control, details: self.announced.append(details[3]))
+        self._subscribe("PropertyChange", "object:property-change",
+                        lambda control, _details: self.changed.append(control))
 
     def _listen(self, state, hear):
         self._connection.signal_subscribe(
@@ -42,6 +50,18 @@ class AccessibilityBus:
                 hear(Control(self, owner, path), bool(details.unpack()[1])))
         self.call("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry", "RegisterEvent",
                   GLib.Variant("(sass)", (f"object:state-changed:{state}", [], "")))
+
+    def _subscribe(self, signal, event, hear):
+        self._connection.signal_subscribe(
+            None, "org.a11y.atspi.Event.Object", signal, None, None, Gio.DBusSignalFlags.NONE,
+            lambda _connection, owner, path, _interface, _signal, details:
+                hear(Control(self, owner, path), details.unpack()))
+        self.call("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry", "RegisterEvent",
+                  GLib.Variant("(sass)", (event, [], "")))
+
+    def _hear_notification(self, control, showing):
+        if showing and control.role == "notification":
+            self.announced.append(control.name)
 
     def _hear_focus(self, control, focused):
         if focused:

@@ -35,6 +35,9 @@ QLabel *paragraph(const QString &text, int pointSize, QFont::Weight weight, QWid
     auto *label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     label->setText(text);
+    setAccessibleRole(label, QAccessible::StaticText);
+    label->setAccessibleName(text);
+    setDescribes(label, parent);
     label->setWordWrap(true);
     label->setFixedWidth(textWidth);
     QFont font = label->font();

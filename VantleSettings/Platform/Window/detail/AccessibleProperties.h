@@ -1,0 +1,14 @@
+#pragma once
+
+/// The dynamic properties by which a widget tells its accessible interface more than the toolkit has words
+/// for.
+namespace AccessibleProperties
+{
+
+constexpr auto role = "vantleAccessibleRole";   ///< int, a QAccessible::Role
+constexpr auto decoration = "vantleDecoration"; ///< bool: not in the tree
+constexpr auto describes =
+    "vantleDescribes"; ///< QPointer<QObject>: the control whose description the text is
+constexpr auto spokenName = "vantleSpokenName"; ///< QPointer<QObject>: a hidden label with the name in words
+
+} // namespace AccessibleProperties

@@ -1,0 +1,19 @@
+"""The words for the signs of keys: what a recorder's description says of the combination that it shows."""
+
+_NAMES = {
+    "⌃": "Control", "⌥": "Option", "⇧": "Shift", "⌘": "Command", "↩": "Return", "⇥": "Tab", "␣": "Space",
+    "⌫": "Delete", "⎋": "Escape", "↖": "Home", "⇞": "Page Up", "⌦": "Forward Delete", "↘": "End", "⇟": "Page Down",
+    "←": "Left Arrow", "→": "Right Arrow", "↓": "Down Arrow", "↑": "Up Arrow",
+    "`": "grave accent", "-": "minus", "=": "equals", "[": "left bracket", "]": "right bracket", "\\": "backslash",
+    ";": "semicolon", "'": "apostrophe", ",": "comma", ".": "period", "/": "slash", "+": "plus", "*": "asterisk",
+    "#": "number sign", "<": "less than", "^": "caret",
+}
+
+
+def in_words(shown):
+    """⇧⌘J is Shift Command J; a text without signs stays."""
+    modifiers = shown[:len(shown) - len(shown.lstrip("⌃⌥⇧⌘"))]
+    key = shown[len(modifiers):]
+    if key.startswith("⟨"):
+        key = f"key {key[1:-1]}"
+    return " ".join([*(_NAMES[sign] for sign in modifiers), _NAMES.get(key, key)])
