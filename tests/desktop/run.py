@@ -1,8 +1,9 @@
 #!/usr/bin/python3
-"""Runs one file of desktop tests, here or at an absolute path: run.py PROGRAM FILE [CASE…]
+"""Runs one file of desktop tests, here or at an absolute path: run.py [--as-user] PROGRAM FILE [CASE…]
 
 The file runs on a desktop of its own and, where the system allows it, in a network of its own, so that the agent's
-port is free and nobody outside is ever asked. Where it does not, nothing else may listen on that port.
+port is free and nobody outside is ever asked. Where it does not, nothing else may listen on that port. With
+--as-user all of it runs as an ordinary user, also where root runs the tests.
 """
 
 import fcntl
@@ -16,6 +17,7 @@ import tempfile
 import unittest
 
 _INSIDE = "VANTLE_DESKTOP_TEST_NETWORK"
+_AS_USER = "--as-user"
 _SIOCGIFFLAGS, _SIOCSIFFLAGS, _IFF_UP = 0x8913, 0x8914, 1
 
 
@@ -50,12 +52,26 @@ def refuse_if_somebody_listens():
             sys.exit("Something listens on the agent's port, 18484: end it, and try again.")
 
 
+def become_ordinary_user():
+    """Starts over as nobody, if this is a root that may do so."""
+    ordinary = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
+    sys.argv.remove(_AS_USER)
+    if os.getuid() == 0 and subprocess.run([*ordinary, "true"], stderr=subprocess.DEVNULL).returncode == 0:
+        os.environ[_INSIDE] = "ready"
+        pictures = pathlib.Path(sys.argv[1]).resolve().parent / "../desktop-tests"
+        pictures.mkdir(exist_ok=True)
+        pictures.chmod(0o1777)
+        os.execvp("setpriv", [*ordinary, sys.executable, *sys.argv])
+
+
 def main():
     if _INSIDE not in os.environ:
         enter_own_network()
     if os.environ[_INSIDE] == "own":
         raise_loopback()
         hide_other_screens()
+    if _AS_USER in sys.argv:
+        become_ordinary_user()
     refuse_if_somebody_listens()
 
     program, file, *names = sys.argv[1:]

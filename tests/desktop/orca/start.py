@@ -1,0 +1,33 @@
+#!/usr/bin/python3
+"""Starts the installed Orca with the preferences of a folder: start.py FOLDER
+
+As its own command does it, but beside an Orca that the same person may be using. It writes what it says to its
+standard output (recorded.py), and answers each line on its standard input with "done" when it has nothing left to do.
+"""
+
+import sys
+
+from gi.repository import GLib
+from orca import event_manager, orca
+
+
+def answer(channel, _condition):
+    line = channel.readline()
+    if not line:
+        return GLib.SOURCE_REMOVE
+
+    def done():
+        if event_manager.getManager()._eventQueue.empty():
+            print("done", line.strip(), flush=True)
+            return GLib.SOURCE_REMOVE
+        return GLib.SOURCE_CONTINUE
+    GLib.idle_add(done, priority=GLib.PRIORITY_LOW)
+    return GLib.SOURCE_CONTINUE
+
+
+preferences = sys.argv[1]
+manager = orca.getSettingsManager()
+manager.activate(preferences, {})
+sys.path.insert(0, manager.getPrefsDir())
+GLib.io_add_watch(sys.stdin, GLib.IO_IN | GLib.IO_HUP, answer)
+sys.exit(orca.main())
