@@ -75,6 +75,7 @@ class LaunchAtLogin(DesktopCase):
         self.expect_end(program)
         self.assertEqual(self.jobs.asked[2:], [f"--user enable --now --no-block {self.UNIT}"])
         self.jobs.go_on()
+        self.expect(lambda: len(self.jobs.ended) == len(self.jobs.asked), "the tool does not end by itself")
 
     def test_without_a_job_nothing_is_run_and_the_switch_stays_off(self):
         program = self.start()

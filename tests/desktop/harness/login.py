@@ -14,6 +14,7 @@ _INTERFACE = """<node><interface name="org.freedesktop.systemd1.Unit">
 <property name="ActiveState" type="s" access="read"/></interface></node>"""
 _SCRIPT = """#!/bin/sh
 echo "$*" >>{folder}/asked
+trap 'echo "$*" >>{folder}/ended' EXIT
 case "$*" in *" start "*|*" stop "*) until ! test -e {folder}/slow; do sleep 0.01; done;; esac
 test -e {folder}/unwilling && exit 1
 case "$*" in *--now*|*" start "*) echo active >{folder}/state;; *" stop "*) echo inactive >{folder}/state;; esac
@@ -45,14 +46,22 @@ class LoginJobs:
 
     def forget(self):
         """As at the start: the job is not loaded, and nobody asked."""
-        for name in ("asked", "unwilling", "slow"):
+        for name in ("asked", "ended", "unwilling", "slow"):
             (self._folder / name).unlink(missing_ok=True)
         self.state = "inactive"
 
     @property
     def asked(self):
         """The arguments of each call of the tool."""
-        file = self._folder / "asked"
+        return self._lines("asked")
+
+    @property
+    def ended(self):
+        """The arguments of each call that has ended."""
+        return self._lines("ended")
+
+    def _lines(self, name):
+        file = self._folder / name
         return file.read_text().splitlines() if file.exists() else []
 
     @property
