@@ -2,8 +2,8 @@
 
 #include "Foundation/Seam.h"
 #include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Files/Path.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <utility>
@@ -23,9 +23,10 @@ QStringList candidateFontDirectories(const Bundle &bundle)
 {
     QStringList directories;
     if (bundle.resourceDirectory)
-        directories << *bundle.resourceDirectory + u"/Fonts"_s;
+        directories << Path::appending(*bundle.resourceDirectory, u"Fonts"_s);
     if (bundle.executablePath)
-        directories << QFileInfo(*bundle.executablePath).path() + u"/Vantle_VantleSettings.bundle/Fonts"_s;
+        directories << Path::appending(Path::parent(*bundle.executablePath),
+                                       u"Vantle_VantleSettings.bundle/Fonts"_s);
     directories << QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts");
     return directories;
 }
@@ -35,7 +36,7 @@ void registerFonts(const QStringList &directories, FontRegistry &registry)
     QStringList files;
     for (const QString &name : names()) {
         for (const QString &directory : directories) {
-            const QString file = QDir(directory).filePath(name + u".ttf"_s);
+            const QString file = Path::appending(directory, name + u".ttf"_s);
             if (QFileInfo::exists(file)) {
                 files << file;
                 break;

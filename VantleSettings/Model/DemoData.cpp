@@ -1,5 +1,7 @@
 #include "Model/DemoData.h"
 
+#include "Platform/Files/Path.h"
+
 using namespace Qt::StringLiterals;
 
 const Persistence::BrowserPatterns &DemoData::browserPatterns()
@@ -20,7 +22,7 @@ std::vector<PlanningProject> DemoData::planningProjects()
     const auto project = [](const QString &name, const QString &path, std::int64_t sessionCount) {
         return PlanningProject{.name = name,
                                .path = path,
-                               .todoPath = path + u"/TODO.toml"_s,
+                               .todoPath = Path::appending(path, u"TODO.toml"_s),
                                .sessionCount = sessionCount,
                                .existsOverride = true};
     };

@@ -1,11 +1,13 @@
 #include "SettingsWindow/Sections/AboutSection.h"
 
+#include "ChildProcess.h"
 #include "Components/Label.h"
 #include "Components/PathRow.h"
 #include "Finding.h"
 #include "Foundation/Seam.h"
 #include "HomeFiles.h"
 #include "Platform/Desktop/Pasteboard.h"
+#include "Platform/Files/Home.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -65,6 +67,40 @@ TEST(AboutSection, ListsThePathsInOrder)
                          {u"Automatic Updates"_s, home + u"/.vantle/updates.json"_s},
                          {u"LaunchAgent"_s, home + u"/Library/LaunchAgents/com.vantle.agent.plist"_s},
                      }));
+}
+
+QStringList lastPaths()
+{
+    AboutSection page(Bundle{});
+    QStringList paths;
+    for (const PathRow *row : page.findChildren<PathRow *>())
+        paths << texts(*row).last();
+    return paths.sliced(paths.size() - 2);
+}
+
+TEST(AboutSection, JoinsEveryPathWithOneSlash)
+{
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", "/");
+    const QStringList atTheRoot = lastPaths();
+    qputenv("HOME", "/home/me/");
+    const QStringList behindASlash = lastPaths();
+    qputenv("HOME", home);
+    EXPECT_EQ(atTheRoot,
+              (QStringList{u"/.vantle/updates.json"_s, u"/Library/LaunchAgents/com.vantle.agent.plist"_s}));
+    EXPECT_EQ(behindASlash, (QStringList{u"/home/me/.vantle/updates.json"_s,
+                                         u"/home/me/Library/LaunchAgents/com.vantle.agent.plist"_s}));
+}
+
+TEST(AboutSection, WithoutAHomeThePathsAreThoseBelowIt)
+{
+    EXPECT_TRUE(asStranger([] {
+        ::unsetenv("HOME");
+        const auto home = homeDirectory(); // which who isn't a stranger still has
+        const QString start = home ? *home + u'/' : QString();
+        return lastPaths() == QStringList{start + u".vantle/updates.json"_s,
+                                          start + u"Library/LaunchAgents/com.vantle.agent.plist"_s};
+    }));
 }
 
 TEST(AboutSection, AnUnknownExecutableIsSaid)

@@ -2,6 +2,7 @@
 
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Home.h"
+#include "Platform/Files/Path.h"
 
 #include <QMap>
 
@@ -59,7 +60,7 @@ QString Notification::description() const
     const auto home = homeDirectory();
     if (!file || !home)
         return text;
-    const auto content = FileSystem::system().read(*home + u'/' + *file);
+    const auto content = FileSystem::system().read(Path::appending(*home, *file));
     return text + indented(u"~/"_s + *file + (content ? u":"_s : u" is not there"_s)) +
            (content ? indented(printable(*content)) : QString());
 }

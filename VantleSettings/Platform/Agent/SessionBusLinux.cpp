@@ -1,6 +1,7 @@
 #include "Foundation/Seam.h"
 #include "Platform/Agent/SessionBus.h"
 #include "Platform/Files/FileSystem.h"
+#include "Platform/Files/Path.h"
 
 #include <QByteArray>
 #include <QString>
@@ -25,7 +26,7 @@ constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 QString usualSocket()
 {
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QString path = folder + u"/bus"_s;
+    const QString path = Path::appending(folder, u"bus"_s);
     return folder.startsWith(u'/') && Seam<FileSystem>::current().exists(path) ? path : QString();
 }
 

@@ -1,5 +1,7 @@
 #include "Platform/Files/Bundle.h"
 
+#include "Platform/Files/Path.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,12 +11,12 @@ Bundle installedBundle(const QString &executablePath)
     if (executablePath.isEmpty())
         return {};
     Bundle bundle{.executablePath = executablePath, .resourceDirectory = {}, .version = {}};
-    const QDir resources(QDir::cleanPath(
-        QFileInfo(executablePath).dir().filePath(QStringLiteral(VANTLE_DATA_FROM_EXECUTABLE))));
-    if (!resources.exists())
+    const QString resources = QDir::cleanPath(
+        Path::appending(Path::parent(executablePath), QStringLiteral(VANTLE_DATA_FROM_EXECUTABLE)));
+    if (!QDir(resources).exists())
         return bundle;
-    bundle.resourceDirectory = resources.path();
-    QFile version(resources.filePath(QStringLiteral("version")));
+    bundle.resourceDirectory = resources;
+    QFile version(Path::appending(resources, QStringLiteral("version")));
     if (QFileInfo(version).isFile() && version.open(QIODevice::ReadOnly)) {
         const QString text = QString::fromUtf8(version.read(64)).trimmed();
         if (!text.isEmpty())

@@ -4,6 +4,7 @@
 #include "Components/SettingsGroup.h"
 #include "Components/SettingsRow.h"
 #include "Platform/Files/Home.h"
+#include "Platform/Files/Path.h"
 #include "SettingsWindow/Sections/AboutHero.h"
 
 #include <array>
@@ -34,7 +35,7 @@ std::vector<QWidget *> pathRows(const Bundle &bundle)
     const QString home = homeDirectory().value_or(QString());
     for (const SharedFile &file : sharedFiles) {
         rows.push_back(new SettingsRowDivider);
-        rows.push_back(new PathRow(file.label.toString(), home + u"/"_s + file.pathInHome.toString()));
+        rows.push_back(new PathRow(file.label.toString(), Path::appending(home, file.pathInHome.toString())));
     }
     return rows;
 }

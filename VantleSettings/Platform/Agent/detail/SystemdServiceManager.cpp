@@ -5,6 +5,7 @@
 #include "Platform/Agent/detail/ToolRun.h"
 #include "Platform/Agent/detail/UnitFolders.h"
 #include "Platform/Files/FileSystem.h"
+#include "Platform/Files/Path.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -34,7 +35,7 @@ QString unit()
 bool hasJobFile()
 {
     return std::ranges::any_of(unitFolders(), [](const QString &folder) {
-        return Seam<FileSystem>::current().exists(folder + u'/' + unit());
+        return Seam<FileSystem>::current().exists(Path::appending(folder, unit()));
     });
 }
 

@@ -1,6 +1,7 @@
 #include "Platform/Agent/detail/UnitFolders.h"
 
 #include "Platform/Files/Home.h"
+#include "Platform/Files/Path.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +30,7 @@ QStringList below(const QStringList &bases, const QString &path)
 {
     QStringList folders;
     for (const QString &base : bases)
-        folders << base + path;
+        folders << Path::appending(base, path);
     return folders;
 }
 
@@ -38,17 +39,17 @@ QStringList below(const QStringList &bases, const QString &path)
 QStringList unitFolders()
 {
     const auto home = homeDirectory();
-    const auto inHome = [&](const QString &path) { return home ? QStringList{*home + path} : QStringList(); };
-    const QStringList config = folder("XDG_CONFIG_HOME", inHome(u"/.config"_s));
-    const QStringList data = folder("XDG_DATA_HOME", inHome(u"/.local/share"_s));
+    const QStringList homes = home ? QStringList{*home} : QStringList();
+    const QStringList config = folder("XDG_CONFIG_HOME", below(homes, u".config"_s));
+    const QStringList data = folder("XDG_DATA_HOME", below(homes, u".local/share"_s));
     const QStringList runtime = folder("XDG_RUNTIME_DIR", {});
     const QStringList everybody{u"/etc"_s, u"/run"_s, u"/usr/local/lib"_s, u"/usr/lib"_s, u"/lib"_s};
 
-    QStringList found = below(config + runtime, u"/systemd/user.control"_s);
-    for (const auto &name : {u"/transient"_s, u"/generator.early"_s, u"/generator"_s, u"/generator.late"_s})
-        found += below(runtime, u"/systemd"_s + name);
+    QStringList found = below(config + runtime, u"systemd/user.control"_s);
+    for (const auto &name : {u"transient"_s, u"generator.early"_s, u"generator"_s, u"generator.late"_s})
+        found += below(below(runtime, u"systemd"_s), name);
     found += below(config + folders("XDG_CONFIG_DIRS", {u"/etc/xdg"_s}) + runtime + data +
                        folders("XDG_DATA_DIRS", {u"/usr/local/share"_s, u"/usr/share"_s}) + everybody,
-                   u"/systemd/user"_s);
+                   u"systemd/user"_s);
     return found;
 }

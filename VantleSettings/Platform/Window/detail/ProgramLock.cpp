@@ -1,5 +1,6 @@
 #include "Platform/Window/detail/ProgramLock.h"
 
+#include "Platform/Files/Path.h"
 #include "Platform/Window/detail/HomeMark.h"
 
 #include <QCoreApplication>
@@ -92,7 +93,7 @@ bool takeProgramLock(std::function<void()> reopen)
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!folder.startsWith(u'/') || !catchRequests()) // caught before there is a lock that makes others ask
         return true;
-    const QString path = folder + u"/vantle-settings-"_s + homeMark() + u".lock"_s;
+    const QString path = Path::appending(folder, u"vantle-settings-"_s + homeMark() + u".lock"_s);
     static std::unique_ptr<QLockFile> lock; // until the process ends
     lock = std::make_unique<QLockFile>(path);
     lock->setStaleLockTime(0); // however old: a lock counts as long as its process runs
