@@ -83,6 +83,7 @@ SettingsWindowController::SettingsWindowController(SettingsSection initialSectio
     m_window->setPalette(palette);
     prepareWindow(*m_window);
     restoreWindowFrame(*m_window, frameName);
+    keepWindowFrame(*m_window, frameName);
     connect(m_window.get(), &SettingsNSWindow::willClose, this, &SettingsWindowController::windowWillClose);
     m_window->setCentralWidget(new SettingsRootView(model, titleBarHeight(*m_window)));
 }

@@ -169,6 +169,29 @@ class OneAtATime(DesktopCase):
 
 
 class Resizing(DesktopCase):
+    def test_a_killed_program_comes_back_where_it_was_put(self):
+        first = self.start()
+        first.window.place(140, 160, 900, 700)
+        self.expect_file(FRAME_FILE, "VantleSettingsWindow=900x700+140+160\n")
+        first.signal(signal.SIGKILL)
+        first.ended()
+        self.expect_at(140, 160, 900, 700)
+
+    def test_a_program_that_loses_its_screen_comes_back_where_it_was_put(self):
+        screen = self.desktop.another_screen()
+        self.addCleanup(screen.close)
+        first = self.launch(environment={"DISPLAY": screen.name})
+        window = self.expect(lambda: screen.windows.of(first.process), "the window does not appear")[0]
+        window.place(140, 160, 900, 700)
+        self.expect_file(FRAME_FILE, "VantleSettingsWindow=900x700+140+160\n")
+        screen.break_down()
+        self.assertNotEqual(first.ended(), 0)
+        self.expect_at(140, 160, 900, 700)
+
+    def expect_at(self, *box):
+        window = self.start().window
+        self.expect(lambda: window.box == box, lambda: f"it is at {window.box}")
+
     def test_the_window_never_gets_smaller_than_its_least_size(self):
         window = self.start().window
         self.assertEqual(window.minimum, LEAST_SIZE)

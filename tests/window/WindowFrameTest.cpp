@@ -1,9 +1,11 @@
 #include "Platform/Window/WindowFrame.h"
 
 #include "HomeFiles.h"
+#include "RecordingFileSystem.h"
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTest>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -47,6 +49,44 @@ TEST(WindowFrame, ComesBackAsItWasLeft)
     restoreWindowFrame(window, name);
     window.show();
     EXPECT_EQ(window.geometry(), QRect(60, 40, 790, 560));
+}
+
+TEST(WindowFrame, IsWrittenWhenAMoveOrAResizeHasEnded)
+{
+    FramedWindow window;
+    restoreWindowFrame(window, name);
+    keepWindowFrame(window, name);
+    window.show();
+    window.setGeometry(60, 40, 860, 640);
+    EXPECT_TRUE(QTest::qWaitFor([] { return homeFile(file).has_value(); }));
+    EXPECT_EQ(homeFile(file), "VantleSettingsWindow=860x640+60+40\n");
+    window.resize(790, 560);
+    EXPECT_TRUE(QTest::qWaitFor([] { return homeFile(file) == "VantleSettingsWindow=790x560+60+40\n"; }));
+}
+
+TEST(WindowFrame, IsWrittenOnceForAWholeMove)
+{
+    FramedWindow window;
+    restoreWindowFrame(window, name);
+    keepWindowFrame(window, name);
+    window.show();
+    RecordingFileSystem files;
+    for (int step = 1; step <= 50; ++step)
+        window.setGeometry(10 + step, 20 + step, 860, 640);
+    EXPECT_TRUE(QTest::qWaitFor([] { return homeFile(file).has_value(); }));
+    EXPECT_EQ(homeFile(file), "VantleSettingsWindow=860x640+60+70\n");
+    EXPECT_EQ(files.notes.filter(u"write "_s).size(), 1);
+}
+
+TEST(WindowFrame, IsWrittenWhenTheWindowIsMaximised)
+{
+    FramedWindow window;
+    window.setGeometry(60, 40, 790, 560);
+    keepWindowFrame(window, name);
+    window.show();
+    window.showMaximized();
+    EXPECT_TRUE(QTest::qWaitFor([] { return homeFile(file).has_value(); }));
+    EXPECT_EQ(homeFile(file), "VantleSettingsWindow=790x560+60+40 maximized\n");
 }
 
 TEST(WindowFrame, IsKeptInTheChosenStateDirectory)

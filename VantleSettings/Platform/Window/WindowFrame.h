@@ -12,3 +12,8 @@ void restoreWindowFrame(QWidget &window, const QString &name);
 
 /// Remembers where the window is now, before it goes away.
 void saveWindowFrame(const QWidget &window, const QString &name);
+
+/// Remembers from now on where the window is each time a move, a resize or a change of its state has ended,
+/// so that its place outlives a program that ends without closing it. After it was restored, before it is
+/// shown.
+void keepWindowFrame(QWidget &window, const QString &name);

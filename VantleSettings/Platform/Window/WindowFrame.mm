@@ -19,3 +19,5 @@ void restoreWindowFrame(QWidget &window, const QString &name)
 
 /// AppKit remembers the frame by itself as long as it has an autosave name.
 void saveWindowFrame(const QWidget &, const QString &) {}
+
+void keepWindowFrame(QWidget &, const QString &) {}

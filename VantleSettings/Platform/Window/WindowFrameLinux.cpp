@@ -1,26 +1,33 @@
 #include "Foundation/Seam.h"
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Home.h"
+#include "Platform/Files/Path.h"
 #include "Platform/Window/WindowFrame.h"
 #include "Platform/Window/detail/SavedFrame.h"
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
+
+#include <chrono>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-std::optional<QString> stateDirectory()
+/// The file that holds the frame; nothing without a home.
+std::optional<QString> frameFile()
 {
     const QString chosen = qEnvironmentVariable("XDG_STATE_HOME");
     if (chosen.startsWith(u'/'))
-        return chosen + u"/vantle-settings"_s;
+        return Path::appending(chosen, u"vantle-settings/window"_s);
     const std::optional<QString> home = homeDirectory();
-    return home ? std::optional(*home + u"/.local/state/vantle-settings"_s) : std::nullopt;
+    return home ? std::optional(Path::appending(*home, u".local/state/vantle-settings/window"_s))
+                : std::nullopt;
 }
 
 QList<QRect> availableScreens()
@@ -42,13 +49,74 @@ bool windowsHaveOrigins()
     return !QGuiApplication::platformName().startsWith(u"wayland");
 }
 
+/// The line that remembers the window as it is.
+QByteArray frameLine(const QWidget &window, const QString &name)
+{
+    SavedFrame frame{.size = window.size(), .origin = window.geometry().topLeft()};
+    if (window.isMaximized() || window.isFullScreen())
+        frame = {.size = window.normalGeometry().size(),
+                 .origin = window.normalGeometry().topLeft(),
+                 .maximized = window.isMaximized()};
+    if (!windowsHaveOrigins())
+        frame.origin.reset();
+    return frame.line(name);
+}
+
+void writeLine(const QByteArray &line)
+{
+    const std::optional<QString> file = frameFile();
+    if (!file)
+        return;
+    FileSystem &files = Seam<FileSystem>::current();
+    files.createDirectory(Path::parent(*file));
+    files.write(*file, line);
+}
+
+/// Writes a window's frame once it has rested for a moment after a change.
+class FrameKeeper : public QObject
+{
+public:
+    FrameKeeper(QWidget &window, const QString &name)
+        : QObject(&window), m_window(window), m_name(name), m_line(frameLine(window, name))
+    {
+        constexpr std::chrono::milliseconds rest{300}; // within which a hand that drags moves on
+        m_rest.setSingleShot(true);
+        m_rest.setInterval(rest);
+        connect(&m_rest, &QTimer::timeout, this, &FrameKeeper::write);
+        window.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Move || event->type() == QEvent::Resize ||
+            event->type() == QEvent::WindowStateChange)
+            m_rest.start();
+        return false;
+    }
+
+private:
+    void write()
+    {
+        if (!m_window.isVisible() || m_window.isMinimized())
+            return;
+        const QByteArray line = frameLine(m_window, m_name);
+        if (line != std::exchange(m_line, line))
+            writeLine(line);
+    }
+
+    const QWidget &m_window;
+    const QString m_name;
+    QByteArray m_line; ///< what is remembered
+    QTimer m_rest;
+};
+
 } // namespace
 
 void restoreWindowFrame(QWidget &window, const QString &name)
 {
     SavedFrame frame{.size = window.size()};
-    if (const std::optional<QString> directory = stateDirectory()) {
-        const auto bytes = Seam<FileSystem>::current().read(*directory + u"/window"_s);
+    if (const std::optional<QString> file = frameFile()) {
+        const auto bytes = Seam<FileSystem>::current().read(*file);
         frame = SavedFrame::find(bytes.value_or(QByteArray()), name).value_or(frame);
     }
     frame.size = frame.size.expandedTo(window.minimumSize());
@@ -62,17 +130,10 @@ void restoreWindowFrame(QWidget &window, const QString &name)
 
 void saveWindowFrame(const QWidget &window, const QString &name)
 {
-    const std::optional<QString> directory = stateDirectory();
-    if (!directory)
-        return;
-    SavedFrame frame{.size = window.size(), .origin = window.geometry().topLeft()};
-    if (window.isMaximized() || window.isFullScreen())
-        frame = {.size = window.normalGeometry().size(),
-                 .origin = window.normalGeometry().topLeft(),
-                 .maximized = window.isMaximized()};
-    if (!windowsHaveOrigins())
-        frame.origin.reset();
-    FileSystem &files = Seam<FileSystem>::current();
-    files.createDirectory(*directory);
-    files.write(*directory + u"/window"_s, frame.line(name));
+    writeLine(frameLine(window, name));
+}
+
+void keepWindowFrame(QWidget &window, const QString &name)
+{
+    new FrameKeeper(window, name); // which the window owns
 }

@@ -59,8 +59,8 @@ class Desktop:
         os.environ.update(HOME=str(self.folder / "home"), XDG_RUNTIME_DIR=str(self.folder / "runtime"),
                           LANG="C.UTF-8")
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
-        os.environ["DISPLAY"] = self._start_screen(width, height)
-        self._start_window_manager()
+        os.environ["DISPLAY"], _ = self._start_screen()
+        self._start_window_manager(os.environ["DISPLAY"])
 
         # These connect to the desktop when they are loaded or made, so not before it is there.
         from .accessibility import AccessibilityBus
@@ -71,6 +71,16 @@ class Desktop:
         self.hands = Hands()
         self.windows = Windows()
         eventually(lambda: self.windows.manager, "the window manager does not start")
+
+    def another_screen(self):
+        """A screen of the same size with a window manager, which a case may break down."""
+        from .waiting import eventually
+        from .windows import Windows
+        name, server = self._start_screen()
+        self._start_window_manager(name)
+        windows = Windows(name)
+        eventually(lambda: windows.manager, "the window manager does not start")
+        return Screen(name, server, windows)
 
     def close(self):
         for process in reversed(self._running):
@@ -90,16 +100,17 @@ class Desktop:
         self._running.append(process)
         return process
 
-    def _start_screen(self, width, height):
+    def _start_screen(self):
+        width, height = self.size
         reading, writing = os.pipe()
-        self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-dpi", "96",
-                    "-nolisten", "tcp", "-noreset", "-ac", stdout=self._log, pass_fds=[writing])
+        server = self._start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-dpi", "96",
+                             "-nolisten", "tcp", "-noreset", "-ac", stdout=self._log, pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as answer:
             number = answer.readline().strip()
         if not number:
             raise RuntimeError("the X server did not start")
-        return f":{number}"
+        return f":{number}", server
 
     def _start_bus(self):
         services = self.folder / "services"
@@ -114,7 +125,25 @@ class Desktop:
             raise RuntimeError("the session bus did not start")
         return address
 
-    def _start_window_manager(self):
+    def _start_window_manager(self, screen):
         configuration = self.folder / "window-manager.xml"
         configuration.write_text(_WINDOW_MANAGER)
-        self._start("openbox", "--sm-disable", "--config-file", str(configuration), stdout=self._log)
+        self._start("openbox", "--sm-disable", "--config-file", str(configuration), stdout=self._log,
+                    env=dict(os.environ, DISPLAY=screen))
+
+
+class Screen:
+    """A screen beside the desktop's own: its name as DISPLAY has it, and its windows."""
+
+    def __init__(self, name, server, windows):
+        self.name = name
+        self.windows = windows
+        self._server = server
+
+    def break_down(self):
+        """Ends the screen without a word to those who show windows on it."""
+        self._server.kill()
+        self._server.wait()
+
+    def close(self):
+        processes.end(self._server)

@@ -4,10 +4,10 @@ from Xlib import X, Xutil, display, error, protocol
 
 
 class Windows:
-    """The windows of the screen of DISPLAY."""
+    """The windows of a screen, that of DISPLAY if not said otherwise."""
 
-    def __init__(self):
-        self._display = display.Display()
+    def __init__(self, screen=None):
+        self._display = display.Display(screen)
         self._root = self._display.screen().root
 
     def of(self, process):
