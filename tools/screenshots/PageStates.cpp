@@ -99,7 +99,7 @@ std::function<void(QWidget &)> openMenu(const QString &title)
         QMenuBar &bar = *static_cast<QMainWindow &>(window).menuBar();
         for (QAction *action : bar.actions()) {
             if (action->text() == title)
-                action->menu()->popup(bar.mapToGlobal(bar.actionGeometry(action).bottomLeft()));
+                bar.setActiveAction(action);
         }
     };
 }
