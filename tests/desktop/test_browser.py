@@ -107,6 +107,31 @@ class BrowserPatterns(DesktopCase):
         self.expect_file(FILE, '{"/work/beta":["https://b.example/*"]}')
 
 
+class Unreadable(DesktopCase):
+    def test_what_was_typed_wrong_is_kept_beside_what_is_saved(self):
+        slip = '{"/work/beta":["https://b.example/*",]}'
+        self.write(FILE, slip)
+        self.write(".vantle/sessions.json", '[{"cwd":"/work/beta"}]')
+        program = self.start()
+        program.show("Browser Patterns")
+        self.assertEqual(program.find("text", "URL patterns for /work/beta").text, "")
+        self.save(program, "*beta*", "*beta*")
+        self.expect_file(f"{FILE}.unreadable", slip)
+        self.save(program, "s", "*beta*s")
+        self.finish(program)
+        files = sorted(file.name for file in (self.home / FILE).parent.iterdir())
+        self.assertEqual(files, ["browser-patterns.json", "browser-patterns.json.unreadable"])
+        self.expect_file(f"{FILE}.unreadable", slip)
+        self.assertEqual(self.agent.requests, [])
+
+    def save(self, program, typed, text):
+        editor = program.click("text", "URL patterns for /work/beta")
+        program.type(typed)
+        self.expect(lambda: editor.text == text, lambda: f"the text is {editor.text!r}")
+        program.click("push button", "Save Patterns")
+        self.expect_file(FILE, f'{{\n  "\\/work\\/beta" : [\n    "{text}"\n  ]\n}}')
+
+
 class Without(DesktopCase):
     def test_without_projects_nothing_can_be_saved(self):
         program = self.start()
