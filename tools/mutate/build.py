@@ -1,5 +1,6 @@
 """The build tree of the mutants: one object is compiled and one program linked for each."""
 
+import fcntl
 import json
 import os
 import pathlib
@@ -21,13 +22,25 @@ CONFIGURATION = ["-G", "Ninja", f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/cmake/Clang.cmak
                  "-DVANTLE_WARNINGS_ARE_ERRORS=OFF", "-DCMAKE_CXX_FLAGS=-w"]
 MEMORY = 4 << 30
 # A mutant may write to any path. In its mount namespace everything but its own folder is read-only, and that folder
-# is also the user's home.
-GUARD = 'mount --bind "$0" "$0"; mount --bind "$0" "$1"; mount -o remount,bind,ro /; shift; exec "$@"'
+# is also the user's home and /tmp, where the test library keeps what a program prints at its death.
+GUARD = ('mount --bind "$0" "$0"; mount --bind "$0" "$1"; mount --bind "$0" /tmp; mount -o remount,bind,ro /; '
+         'shift; exec "$@"')
+
+
+def lock():
+    """Keeps the build tree for this run, as long as the file that it gives is open. Two runs would delete each other's
+    folders."""
+    TREE.mkdir(parents=True, exist_ok=True)
+    file = open(TREE / "lock", "w", encoding="utf-8")
+    try:
+        fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
+    except BlockingIOError:
+        sys.exit("another run is under way in build/mutate")
+    return file
 
 
 def prepare(programs):
     """Builds the test programs as they are."""
-    TREE.mkdir(parents=True, exist_ok=True)
     if not (TREE / "build.ninja").exists():
         subprocess.run(["cmake", "-S", ROOT, "-B", TREE, *CONFIGURATION], check=True, stdout=subprocess.DEVNULL)
     subprocess.run(["ninja", "-C", TREE, "--quiet", *programs], check=True)
@@ -118,8 +131,10 @@ class Slot:
         with self._measuring:
             if name not in self._limits:
                 status, seconds = self.test(name, [], 600)
+                if status is None:
+                    sys.exit(f"{name} takes more than ten minutes without any change")
                 if status != 0:
-                    sys.exit(f"{name} fails without any change")
+                    sys.exit(f"{name} fails without any change: {status}")
                 self._limits[name] = 20 + 10 * seconds
             return self._limits[name]
 
@@ -160,6 +175,8 @@ def run(command, limit, **options):
     """Exit status, or None after the limit, and the seconds that it took."""
     def restrain():
         resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
+        # An endless loop ends even where this tool was killed meanwhile.
+        resource.setrlimit(resource.RLIMIT_CPU, (int(limit) + 1, int(limit) + 1))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
         resource.setrlimit(resource.RLIMIT_FSIZE, (2 * MEMORY, 2 * MEMORY))
     start = time.monotonic()
