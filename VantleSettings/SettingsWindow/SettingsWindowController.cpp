@@ -23,6 +23,15 @@ constexpr QSize initialSize(860, 640);
 constexpr QSize minimumSize(780, 540);
 constexpr QLatin1String frameName("VantleSettingsWindow");
 
+/// Not a finger or a pen, of which the toolkit or the window system makes a mouse where nothing else takes
+/// them.
+bool isOfMouse(const QMouseEvent &event)
+{
+    const QInputDevice::DeviceType device = event.deviceType();
+    return event.source() == Qt::MouseEventNotSynthesized &&
+           (device == QInputDevice::DeviceType::Mouse || device == QInputDevice::DeviceType::TouchPad);
+}
+
 } // namespace
 
 SettingsNSWindow::SettingsNSWindow(QWidget *parent) : QMainWindow(parent)
@@ -49,9 +58,7 @@ void SettingsNSWindow::closeEvent(QCloseEvent *event)
 void SettingsNSWindow::mousePressEvent(QMouseEvent *event)
 {
     m_pressed.reset();
-    // A finger scrolls; where nothing can be scrolled, the toolkit makes a mouse of it.
-    const bool isFinger = event->deviceType() == QInputDevice::DeviceType::TouchScreen;
-    if (event->button() == Qt::LeftButton && !isFinger)
+    if (event->button() == Qt::LeftButton && isOfMouse(*event))
         m_pressed = event->globalPosition().toPoint();
 }
 
@@ -63,12 +70,17 @@ void SettingsNSWindow::mouseMoveEvent(QMouseEvent *event)
     if (way.manhattanLength() < QApplication::startDragDistance())
         return;
     m_pressed.reset();
-    windowHandle()->startSystemMove();
+    startMove();
 }
 
 void SettingsNSWindow::mouseReleaseEvent(QMouseEvent *)
 {
     m_pressed.reset();
+}
+
+void SettingsNSWindow::startMove()
+{
+    windowHandle()->startSystemMove();
 }
 
 SettingsWindowController::SettingsWindowController(SettingsSection initialSection, SettingsModel &model)

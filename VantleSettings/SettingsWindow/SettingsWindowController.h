@@ -11,7 +11,7 @@
 
 class SettingsModel;
 
-/// The window itself: dragging its empty background moves it, and it tells when it closes.
+/// The window itself: dragging its empty background with a mouse moves it, and it tells when it closes.
 class SettingsNSWindow : public QMainWindow
 {
     Q_OBJECT
@@ -29,6 +29,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+
+    /// Hands the window to the window system, which moves it until the button is released.
+    virtual void startMove();
 
 private:
     std::optional<QPoint> m_pressed; ///< where empty background was pressed, on the screen

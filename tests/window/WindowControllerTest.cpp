@@ -9,11 +9,15 @@
 #include "SettingsWindow/Sidebar.h"
 
 #include <QAccessible>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPointingDevice>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -152,6 +156,74 @@ TEST_F(WindowController, ShownAgainItComesBeforeOtherWindowsAndGetsTheKeys)
 TEST_F(WindowController, GivesTheKeysToTheSidebarAtFirst)
 {
     EXPECT_EQ(window.focusWidget(), window.findChild<Sidebar *>());
+}
+
+/// A window that counts how often it is handed over to be moved.
+class DraggedWindow : public SettingsNSWindow
+{
+public:
+    DraggedWindow()
+    {
+        resize(300, 300);
+        show();
+    }
+
+    void drag(Qt::MouseEventSource source, const QPointingDevice &device)
+    {
+        const QPointF start(100, 100);
+        const QPointF end = start + QPointF(QApplication::startDragDistance(), 0);
+        send(QEvent::MouseButtonPress, start, Qt::LeftButton, source, device);
+        send(QEvent::MouseMove, end, Qt::NoButton, source, device);
+        send(QEvent::MouseButtonRelease, end, Qt::LeftButton, source, device);
+    }
+
+    int moves = 0;
+
+protected:
+    void startMove() override { ++moves; }
+
+private:
+    void send(QEvent::Type type, const QPointF &place, Qt::MouseButton button, Qt::MouseEventSource source,
+              const QPointingDevice &device)
+    {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, place, place, mapToGlobal(place), button, held, Qt::NoModifier, source,
+                          &device);
+        QCoreApplication::sendEvent(this, &event);
+    }
+};
+
+TEST(SettingsWindow, IsMovedByDraggingWithAMouse)
+{
+    DraggedWindow window;
+    const QPointingDevice &mouse = *QPointingDevice::primaryPointingDevice();
+    window.drag(Qt::MouseEventNotSynthesized, mouse);
+    EXPECT_EQ(window.moves, 1);
+}
+
+TEST(SettingsWindow, IsNotMovedByAMouseThatIsMadeOfAFingerOrAPen)
+{
+    DraggedWindow window;
+    const QPointingDevice &mouse = *QPointingDevice::primaryPointingDevice();
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    const std::unique_ptr<QPointingDevice> pen(
+        QTest::createTouchDevice(QInputDevice::DeviceType::Stylus, QInputDevice::Capability::Position));
+    window.drag(Qt::MouseEventSynthesizedBySystem, mouse);
+    window.drag(Qt::MouseEventSynthesizedByQt, mouse);
+    window.drag(Qt::MouseEventNotSynthesized, *screen);
+    window.drag(Qt::MouseEventNotSynthesized, *pen);
+    EXPECT_EQ(window.moves, 0);
+}
+
+TEST(SettingsWindow, IsNotMovedByAFinger)
+{
+    DraggedWindow window;
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    const QPoint start(100, 100);
+    QTest::touchEvent(window.windowHandle(), screen.get()).press(0, start);
+    QTest::touchEvent(window.windowHandle(), screen.get()).move(0, start + QPoint(50, 0));
+    QTest::touchEvent(window.windowHandle(), screen.get()).release(0, start + QPoint(50, 0));
+    EXPECT_EQ(window.moves, 0);
 }
 
 TEST(WindowControllerStart, OpensWithTheFrameThatItWasClosedWith)
