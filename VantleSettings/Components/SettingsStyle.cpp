@@ -24,6 +24,12 @@ constexpr int menuRadius = 9;
 constexpr int menuBarItemPadding = 8;
 constexpr int scrollBarExtent = Tokens::scrollBarWidth + 4;
 
+/// The rounded corners of a window of its own are black where it cannot be seen through: square ones, then.
+void drawPanel(QPainter &painter, const QRect &rect, qreal radius)
+{
+    StyleDrawing::drawPanel(painter, rect, windowsAreComposited() ? radius : 0);
+}
+
 void usePalette()
 {
     QPalette palette = QApplication::style()->standardPalette();
@@ -221,9 +227,9 @@ void SettingsStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *
         return QProxyStyle::drawPrimitive(element, option, painter, widget);
     switch (element) {
     case PE_PanelMenu:
-        return StyleDrawing::drawPanel(*painter, option->rect, menuRadius);
+        return drawPanel(*painter, option->rect, menuRadius);
     case PE_PanelTipLabel:
-        return StyleDrawing::drawPanel(*painter, option->rect, Tokens::toolTipRadius);
+        return drawPanel(*painter, option->rect, Tokens::toolTipRadius);
     case PE_Frame:
         if (qobject_cast<const QPlainTextEdit *>(widget))
             return StyleDrawing::drawEditorFrame(*painter, option->rect);

@@ -27,3 +27,29 @@ class Accent(DesktopCase):
         self.expect(lambda: self.desktop.windows.pixel(x - 8, y) == (255, 128, 0), "it has not the desktop's colour")
         portal.tell("SettingChanged", GLib.Variant("(ssv)", (_GROUP, _NAME, colour(0, 1, 0))))
         self.expect(lambda: self.desktop.windows.pixel(x - 8, y) == (0, 255, 0), "it keeps the old colour")
+
+
+class Corners(DesktopCase):
+    """The desktop of the tests has no compositing manager, without which nothing is seen through a window."""
+
+    def test_a_menu_has_no_black_corners(self):
+        program = self.start()
+        program.click_here(program.find("menu bar").find("menu item", "Edit"))
+        self.expect_filled_corners(program, program.find_in_menu("Edit", "Paste", showing=True))
+
+    def test_a_pickers_popup_has_no_black_corners(self):
+        program = self.start()
+        picker = program.click("combo box", "Terminal")
+        self.expect_filled_corners(program, picker.find_all("list item")[0])
+
+    def expect_filled_corners(self, program, item):
+        windows = self.desktop.windows
+        place = program.middle(item)
+        self.expect(lambda: windows.popup_at(program.process, *place), "nothing opens")
+        left, top, width, height = windows.popup_box(*place)
+        right, bottom = left + width - 1, top + height - 1
+        corners = [(x, y) for x in (left + 1, right - 1) for y in (top + 1, bottom - 1)]
+        ground = left + width // 2, top + 2
+        self.expect(lambda: {windows.pixel(*corner) for corner in corners} == {windows.pixel(*ground)},
+                    lambda: f"{[windows.pixel(*corner) for corner in corners]} instead of {windows.pixel(*ground)}")
+        self.assertNotEqual(windows.pixel(*ground), (0, 0, 0))

@@ -15,5 +15,8 @@ void extendUnderTitleBar(QWidget &widget);
 /// where they stand on a frame of their own.
 int titleBarHeight(const QWidget &window);
 
+/// Whether windows can have pixels that are seen through. Where they cannot, those are black.
+bool windowsAreComposited();
+
 /// Brings the window to the front, makes it the one that gets the keys, and its program the active one.
 void bringToFront(QWidget &window);

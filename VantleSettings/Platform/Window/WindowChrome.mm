@@ -72,6 +72,8 @@ int titleBarHeight(const QWidget &window)
     return int(NSHeight(native.contentView.frame) - NSHeight(native.contentLayoutRect));
 }
 
+bool windowsAreComposited() { return true; }
+
 void bringToFront(QWidget &window)
 {
     [nativeWindow(window) makeKeyAndOrderFront:nil];

@@ -29,6 +29,13 @@ xcb_atom_t atom(xcb_connection_t *connection, xcb_intern_atom_cookie_t asked)
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
+/// The connection to the X server; null under other window systems.
+xcb_connection_t *x11Connection()
+{
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr; // the offscreen platform has the one without the other
+}
+
 /// Window managers that draw light and dark frames read this property to choose.
 void askForDarkFrame(xcb_connection_t *connection, xcb_window_t window)
 {
@@ -65,10 +72,10 @@ void showIcon(QWidget &window)
 
 void prepareWindow(QWidget &window)
 {
-    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || !x11->connection()) // the offscreen platform has the one without the other
+    xcb_connection_t *connection = x11Connection();
+    if (!connection)
         return;
-    askForDarkFrame(x11->connection(), xcb_window_t(window.winId()));
+    askForDarkFrame(connection, xcb_window_t(window.winId()));
     afterFirstFrame(window, [&window] { showIcon(window); });
 }
 
@@ -79,6 +86,19 @@ void extendUnderTitleBar(QWidget &)
 int titleBarHeight(const QWidget &)
 {
     return 0;
+}
+
+// On X11 a compositing manager owns the selection of this name.
+bool windowsAreComposited()
+{
+    xcb_connection_t *connection = x11Connection();
+    if (!connection)
+        return true;
+    const xcb_atom_t selection = atom(connection, askForAtom(connection, "_NET_WM_CM_S0"));
+    const std::unique_ptr<xcb_get_selection_owner_reply_t, decltype(&std::free)> reply(
+        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr),
+        &std::free);
+    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 void bringToFront(QWidget &window)

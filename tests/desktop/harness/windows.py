@@ -31,6 +31,11 @@ class Windows:
         child = self._root.translate_coords(self._root, round(x), round(y)).child
         return bool(child) and process in self._property(child, "_NET_WM_PID")
 
+    def popup_box(self, x, y):
+        """x, y, width and height of the window without a frame that is at this pixel."""
+        shape = self._root.translate_coords(self._root, round(x), round(y)).child.get_geometry()
+        return shape.x, shape.y, shape.width, shape.height
+
     def pixel(self, x, y):
         """The colour on the screen there: red, green and blue from 0 to 255."""
         image = self._root.get_image(int(x), int(y), 1, 1, X.ZPixmap, 0xffffffff)
