@@ -4,6 +4,7 @@
 #include "FontRegistration/FontRegistration.h"
 #include "LaunchAgent/LaunchAgent.h"
 #include "Platform/Agent/SessionBus.h"
+#include "Platform/Desktop/Pasteboard.h"
 #include "Platform/Window/Application.h"
 #include "Platform/Window/OnlyProgram.h"
 #include "Platform/Window/QuitSignals.h"
@@ -38,5 +39,6 @@ int main()
     Application::exec();
     LaunchAgent::finish();
     AgentBridge::finish();
+    Pasteboard::finish();
     return 0;
 }

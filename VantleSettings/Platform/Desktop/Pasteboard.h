@@ -14,6 +14,10 @@ public:
 
     static Pasteboard &system();
 
+    /// For the end of the program: what was copied is handed to the desktop's clipboard manager. Waits for
+    /// half a second at most, and not at all where there is nothing to hand over or nobody to take it.
+    static void finish();
+
 protected:
     Pasteboard() = default;
 };

@@ -1,7 +1,12 @@
 #include "Platform/Desktop/Pasteboard.h"
+#include "Platform/Desktop/detail/ClipboardManager.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -18,4 +23,24 @@ Pasteboard &Pasteboard::system()
 {
     static DesktopPasteboard pasteboard;
     return pasteboard;
+}
+
+// On X11 a copied text is its program's, until a manager has fetched it. The toolkit would ask for that
+// itself, for a mere selection too, and wait for five seconds: what is still owned after the first try is
+// given up.
+void Pasteboard::finish()
+{
+    QClipboard &clipboard = *QGuiApplication::clipboard();
+    if (QGuiApplication::platformName() != QStringLiteral("xcb") ||
+        (!clipboard.ownsClipboard() && !clipboard.ownsSelection()))
+        return;
+    ClipboardManager manager;
+    if (!manager.exists())
+        return;
+    if (clipboard.ownsClipboard())
+        manager.save(500ms);
+    if (clipboard.ownsClipboard())
+        clipboard.clear(QClipboard::Clipboard);
+    if (clipboard.ownsSelection())
+        clipboard.clear(QClipboard::Selection);
 }

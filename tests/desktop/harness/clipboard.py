@@ -76,3 +76,55 @@ class Picture:
             time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,
             property=place))
         self._display.flush()
+
+
+class Manager:
+    """A clipboard manager, which takes over what is on the clipboard when it is asked to; one that is not `quick` never
+    answers."""
+
+    def __init__(self, quick=True):
+        self.requests = 0
+        self._quick = quick
+        self._text = b""
+        self._display = display.Display()
+        self._window = self._display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        self._clipboard, self._format, self._place = (
+            self._display.intern_atom(name) for name in ("CLIPBOARD", "UTF8_STRING", "VANTLE_TEST_MANAGER"))
+        self._manager = self._display.intern_atom("CLIPBOARD_MANAGER")
+        self._window.set_selection_owner(self._manager, X.CurrentTime)
+        self._display.sync()
+        self._ends = threading.Event()
+        self._thread = threading.Thread(target=self._serve, daemon=True)
+        self._thread.start()
+
+    def close(self):
+        self._ends.set()
+        self._thread.join()
+        self._display.close()
+
+    def _serve(self):
+        while not self._ends.is_set():
+            select.select([self._display.fileno()], [], [], 0.05)
+            while self._display.pending_events():
+                self._take(self._display.next_event())
+
+    def _take(self, happened):
+        if happened.type == X.SelectionRequest and happened.selection == self._manager:
+            self.requests += 1
+            self._asked = happened
+            if self._quick:
+                self._window.convert_selection(self._clipboard, self._format, self._place, X.CurrentTime)
+        elif happened.type == X.SelectionNotify:
+            self._text = self._window.get_full_property(self._place, X.AnyPropertyType).value
+            self._window.set_selection_owner(self._clipboard, X.CurrentTime)
+            self._answer(self._asked)
+        elif happened.type == X.SelectionRequest:
+            happened.requestor.change_property(happened.property, self._format, 8, self._text)
+            self._answer(happened)
+        self._display.flush()
+
+    @staticmethod
+    def _answer(request):
+        request.requestor.send_event(event.SelectionNotify(
+            time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,
+            property=request.property))
