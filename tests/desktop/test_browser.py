@@ -1,7 +1,7 @@
 """The Browser Patterns page: rows edited in place, written only when they are saved."""
 
 from harness.case import DesktopCase
-from harness.clipboard import Picture
+from harness.clipboard import Picture, pasted
 
 FILE = ".claude/browser-patterns.json"
 BOTH = '{\n  "\\/work\\/alpha" : [\n    "*alpha*"\n  ],\n  "\\/work\\/beta" : [\n    "https:\\/\\/b.example\\/*"\n  ]\n}'
@@ -69,6 +69,22 @@ class BrowserPatterns(DesktopCase):
         self.addCleanup(picture.close)
         program.press("ctrl+v")
         self.expect_still_selected(program, editor)
+
+    def test_a_middle_click_without_a_text_does_nothing(self):
+        program = self.open()
+        editor = program.click_on(self.editor(program, "/work/beta"))
+        for is_offered in (True, False):
+            program.press("ctrl+a")
+            self.expect(lambda: pasted("PRIMARY") == "https://b.example/*", "the selection is not offered")
+            picture = Picture()  # takes the editor's place
+            try:
+                if not is_offered:
+                    picture.close()
+                self.desktop.hands.click(*program.middle(editor), 2)
+                self.expect_still_selected(program, editor)
+            finally:
+                if is_offered:
+                    picture.close()
 
     def expect_still_selected(self, program, editor):
         program.press("x")
