@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
+#include <QMap>
 #include <QPushButton>
 #include <QTest>
 
@@ -68,6 +69,30 @@ TEST(ConfirmationDialog, ClickingCancelDoesNot)
 TEST(ConfirmationDialog, ClosingItsWindowDoesNot)
 {
     EXPECT_FALSE(answered([](QWidget *dialog) { dialog->close(); }));
+}
+
+TEST(ConfirmationDialog, ItsTextsAreLargerWithTheApplicationsFont)
+{
+    const QFont before = QApplication::font();
+    for (const int percent : {100, 110, 120, 125, 130, 140, 150}) {
+        QFont font = before;
+        font.setPixelSize(qRound(13 * percent / 100.0));
+        QApplication::setFont(font);
+        answered([&](QWidget *dialog) {
+            QMap<QString, int> sizes;
+            for (const QLabel *label : dialog->findChildren<QLabel *>()) {
+                if (label->text().isEmpty())
+                    continue;
+                sizes[label->text()] = label->font().pixelSize();
+                EXPECT_GE(label->height(), label->heightForWidth(label->width())) << "at " << percent;
+            }
+            EXPECT_EQ(sizes[question.message], font.pixelSize());
+            EXPECT_NEAR(sizes[question.informative], 12 * percent / 100.0, 0.5 + 12 * 0.5 / 13);
+            EXPECT_EQ(button(dialog, u"Clear"_s)->font().pixelSize(), font.pixelSize());
+            dialog->close();
+        });
+    }
+    QApplication::setFont(before);
 }
 
 TEST(ConfirmationDialog, TheActionIsTheDefaultButtonAndHasTheKeyboard)

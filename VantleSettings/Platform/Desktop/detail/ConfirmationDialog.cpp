@@ -4,10 +4,14 @@
 #include "Platform/Desktop/Symbol.h"
 #include "Platform/Window/AccessibleRole.h"
 
+#include <QApplication>
+#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +21,14 @@ namespace
 constexpr int margin = 20;
 constexpr qreal iconPointSize = 30;
 constexpr int textWidth = 340;
+constexpr int usualFontSize = 13;
+
+/// A number of points that grows with the application's font.
+int scaledWithText(int points)
+{
+    const qreal scale = QFontInfo(QApplication::font()).pixelSize() / qreal(usualFontSize);
+    return qRound(points * std::max(1.0, scale));
+}
 
 QLabel *icon(Confirmation::Style style, QWidget *parent)
 {
@@ -39,9 +51,9 @@ QLabel *paragraph(const QString &text, int pointSize, QFont::Weight weight, QWid
     label->setAccessibleName(text);
     setDescribes(label, parent);
     label->setWordWrap(true);
-    label->setFixedWidth(textWidth);
+    label->setFixedWidth(scaledWithText(textWidth));
     QFont font = label->font();
-    font.setPixelSize(pointSize);
+    font.setPixelSize(scaledWithText(pointSize));
     font.setWeight(weight);
     label->setFont(font);
     return label;
