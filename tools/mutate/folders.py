@@ -1,5 +1,4 @@
-"""What can be mutated, and which test programs hold it: the quickest first. Tests whose waits are measured, and the
-whole corpus of JSON files for what only reads a record, take too long to run for each mutant."""
+"""What can be mutated, and which test programs hold it: the quickest first. docs/mutation.md says which are left out."""
 
 SOURCES = "VantleSettings/"
 
