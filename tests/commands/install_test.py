@@ -209,6 +209,15 @@ class EverySystem(unittest.TestCase):
                 (here.state / "network").unlink()
                 self.fails_saying(here, r"^The package servers cannot be reached: .*\.$")
 
+    def test_apt_gives_up_at_the_first_failure_and_a_silent_server_soon(self):
+        with machine("debian") as here:
+            (here.state / "network").unlink()
+            here.install()
+            self.assertEqual(len(here.get("calls")), 2)
+            for call in here.get("calls"):
+                for option in ("Retries=0", "http::Timeout=10", "https::Timeout=10"):
+                    self.assertIn(f"-oAcquire::{option} ", call)
+
     def test_a_package_that_the_servers_do_not_have_is_named(self):
         for system in INSTALLERS:
             with self.subTest(system=system), machine(system) as here:

@@ -14,10 +14,16 @@ offeredPackages() {
         awk '/^[^ ]/ { name = $1 } $1 == "Candidate:" && $2 != "(none)" { sub(":$", "", name); print name }'
 }
 
+# Without a network apt would try each file four times, with pauses. What fails is tried once more after a refresh.
+aptGet() {
+    asRoot env DEBIAN_FRONTEND=noninteractive apt-get -y -q -oAcquire::Retries=0 -oAcquire::http::Timeout=10 \
+        -oAcquire::https::Timeout=10 "$@"
+}
+
 refreshSources() {
-    asRoot apt-get update -q
+    aptGet update
 }
 
 installPackages() {
-    asRoot env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "$@"
+    aptGet install --no-install-recommends "$@"
 }
