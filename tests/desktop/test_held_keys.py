@@ -190,3 +190,14 @@ class KeysThatRepeat(HeldKeyCase):
                 with self.desktop.hands.holding(X):
                     self.expect(lambda: len(editor.text) > before + 2, lambda: f"only {editor.text} is typed")
                 self.assertEqual(set(editor.text), {"x"})
+
+    def test_a_held_arrow_walks_through_the_pages(self):
+        program = self.start()
+        pages = program.pages()
+        self.assertGreater(len(pages), 3)
+        program.focus("list", "Sections")
+        for rate in RATES:
+            with self.repeating(rate):
+                for key, page in ((DOWN, pages[-1]), (UP, pages[0])):
+                    with self.desktop.hands.holding(key):
+                        self.expect(lambda: program.shows("panel", page), f"the arrow does not get to {page}")
