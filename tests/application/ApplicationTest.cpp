@@ -1,5 +1,7 @@
 #include "Platform/Window/Application.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QMenu>
@@ -181,6 +183,19 @@ TEST_F(HeldKey, ChoosesNoMenuItem)
     EXPECT_TRUE(menu.isVisible());
     press(Qt::Key_Return);
     EXPECT_EQ(chosen, 1);
+}
+
+TEST_F(HeldKey, WalksThroughAPickersEntries)
+{
+    auto *picker = new QComboBox(&window);
+    picker->addItems({u"1"_s, u"2"_s, u"3"_s, u"4"_s});
+    picker->show();
+    picker->setFocus();
+    picker->showPopup();
+    press(Qt::Key_Down);
+    repeat(Qt::Key_Down);
+    repeat(Qt::Key_Down);
+    EXPECT_EQ(picker->view()->currentIndex().row(), 3);
 }
 
 TEST_F(HeldKey, IsNoneWithoutATime)
