@@ -1,9 +1,12 @@
 #include "Components/PatternsEditor.h"
 
+#include "Components/DocumentText.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
 #include <QPushButton>
+#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
@@ -335,6 +338,100 @@ INSTANTIATE_TEST_SUITE_P(Texts, EndlessPatternsTest,
                          testing::Values(u"w"_s.repeated(1000000), u"host/*\n"_s.repeated(1000000),
                                          u"\n"_s.repeated(1000000), u'e' + u"\u0301"_s.repeated(1000000),
                                          u"\u2029\r\ufffc"_s.repeated(300000)));
+
+/// Edits of a text with folds, each compared with the same edit of the text itself.
+class FoldedEditsTest : public PatternsEditorTest
+{
+protected:
+    /// The length of the text before a position of the document.
+    qsizetype offset(int position) const
+    {
+        return DocumentText::text(*editor->document(), 0, position).size();
+    }
+
+    int anyOf(int count) { return int(m_random.bounded(count)); }
+
+    /// Selects any part, often one that ends at a fold.
+    void select()
+    {
+        const QString raw = editor->document()->toRawText();
+        const auto place = [&] {
+            const int fold = int(raw.indexOf(u'\ufffc', anyOf(int(raw.size()) + 1)));
+            return fold < 0 || anyOf(2) == 0 ? anyOf(int(raw.size()) + 1) : fold + anyOf(2);
+        };
+        QTextCursor cursor = editor->textCursor();
+        cursor.setPosition(place());
+        cursor.setPosition(anyOf(3) == 0 ? cursor.position() : place(), QTextCursor::KeepAnchor);
+        editor->setTextCursor(cursor);
+        m_from = offset(cursor.selectionStart());
+        m_to = offset(cursor.selectionEnd());
+    }
+
+    /// Does one edit of the selection. Returns what it puts there.
+    QString edit()
+    {
+        switch (anyOf(4)) {
+        case 0:
+            QTest::keyClicks(editor, u"k"_s);
+            return u"k"_s;
+        case 1:
+            QTest::keyClick(editor, Qt::Key_Return);
+            return u"\n"_s;
+        case 2:
+            if (m_from == m_to)
+                return {};
+            editor->cut();
+            return {};
+        default:
+            editor->paste();
+            return QGuiApplication::clipboard()->text();
+        }
+    }
+
+    QString edited(const QString &text, const QString &inserted) const
+    {
+        return text.first(m_from) + inserted + text.sliced(m_to);
+    }
+
+    QString selected(const QString &text) const { return text.sliced(m_from, m_to - m_from); }
+
+private:
+    QRandomGenerator m_random{1};
+    qsizetype m_from = 0;
+    qsizetype m_to = 0;
+};
+
+TEST_F(FoldedEditsTest, ChangeTheSelectionAndNothingElse)
+{
+    const QString longLine = u"host.example/path\u00a0\r\u2029\ufffc"_s.repeated(400);
+    QString text = longLine + u"\nshort\n"_s + longLine + u"e"_s + u"\u0301"_s.repeated(9000) + u"\nlast"_s;
+    QGuiApplication::clipboard()->setText(longLine);
+    editor->setText(text);
+    ASSERT_LT(editor->document()->characterCount(), text.size() / 2);
+    std::vector<QString> history;
+    for (int step = 0; step < 200; ++step) {
+        select();
+        if (editor->textCursor().hasSelection() && step % 3 == 0) {
+            editor->copy();
+            ASSERT_EQ(QGuiApplication::clipboard()->text(), selected(text)) << step;
+        }
+        const QString before = text;
+        text = edited(text, edit());
+        ASSERT_EQ(editor->text(), text) << step;
+        if (text != before)
+            history.push_back(before);
+        if (text.size() > 200000) {
+            editor->undo();
+            text = editor->text();
+        }
+    }
+    while (editor->document()->isUndoAvailable())
+        editor->undo();
+    EXPECT_EQ(editor->text(), history.front());
+    while (editor->document()->isRedoAvailable())
+        editor->redo();
+    EXPECT_EQ(editor->text(), text);
+}
 
 TEST_F(PatternsEditorTest, TheTextsOwnObjectCharacterIsNoFold)
 {
