@@ -29,14 +29,20 @@ bool write(int connection, std::string_view text)
     return ::send(connection, text.data(), text.size(), sendFlags) > 0;
 }
 
-template <class Condition>
-bool turnEventLoopUntil(Condition condition)
+/// Turns the event loop until the number has grown to `count`; false when it has not grown for a minute. How
+/// long all of it takes is the machine's affair.
+template <class Number>
+bool turnEventLoopUntil(std::size_t count, Number number)
 {
-    const QDeadlineTimer deadline(60000);
-    while (!condition()) {
+    constexpr int patience = 60000; // ms
+    QDeadlineTimer deadline(patience);
+    for (std::size_t reached = number(); reached < count;) {
         if (deadline.hasExpired())
             return false;
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        const std::size_t now = number();
+        if (now != std::exchange(reached, now))
+            deadline.setRemainingTime(patience);
     }
     return true;
 }
@@ -91,12 +97,12 @@ std::size_t FakeAgent::connections() const
 
 bool FakeAgent::waitForRequests(std::size_t count) const
 {
-    return turnEventLoopUntil([&] { return requests().size() >= count; });
+    return turnEventLoopUntil(count, [&] { return requests().size(); });
 }
 
 bool FakeAgent::waitForConnections(std::size_t count) const
 {
-    return turnEventLoopUntil([&] { return connections() >= count; });
+    return turnEventLoopUntil(count, [&] { return connections(); });
 }
 
 /// False when the agent is to stop, or when this time is over.

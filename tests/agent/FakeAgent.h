@@ -38,7 +38,7 @@ public:
     /// The number of connections taken so far.
     std::size_t connections() const;
 
-    /// Turns the event loop until this many requests have been read; false when they don't come.
+    /// Turns the event loop until this many requests have been read; false when no more come.
     bool waitForRequests(std::size_t count) const;
     bool waitForConnections(std::size_t count) const;
 
