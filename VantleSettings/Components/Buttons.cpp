@@ -39,7 +39,7 @@ PushButton::PushButton(const QString &text, Size size, QWidget *parent)
     : QPushButton(withoutMnemonics(text), parent), m_size(size)
 {
     QAccessible::installFactory(buttonFactory); // once, however often it is asked to
-    setFont(textFont(size == Size::small ? TextStyle::size12 : TextStyle::size13));
+    setTextStyle(*this, size == Size::small ? TextStyle::size12 : TextStyle::size13);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(size == Size::small ? Qt::WA_MacSmallSize : Qt::WA_MacNormalSize);
@@ -81,7 +81,7 @@ void clickOn(const QKeySequence &keys, QPushButton *button)
 LinkButton::LinkButton(const QString &text, QWidget *parent) : QPushButton(withoutMnemonics(text), parent)
 {
     QAccessible::installFactory(buttonFactory);
-    setFont(textFont(TextStyle::size13));
+    setTextStyle(*this, TextStyle::size13);
     setFlat(true);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);

@@ -27,7 +27,7 @@ constexpr int widestLineHint = 640;        ///< a wrapped text never asks for mo
 
 QString plainToolTip(const QString &text)
 {
-    const QString shown = shortened(text, longestToolTip);
+    QString shown = shortened(text, longestToolTip);
     if (shown.size() < 80 && !Qt::mightBeRichText(shown))
         return shown;
     return QStringLiteral("<div style='white-space: pre-wrap'>%1</div>").arg(shown.toHtmlEscaped());
@@ -42,7 +42,7 @@ Label::Label(const QString &text, TextStyle style, TextColor textColor, TextFlow
     : QLabel(parent), m_textColor(textColor), m_flow(flow)
 {
     setAccessibleRole(this, QAccessible::StaticText);
-    setFont(textFont(style));
+    setTextStyle(*this, style);
     // A fixed height would be that of the hint's width.
     QSizePolicy policy(QSizePolicy::Preferred, wraps() ? QSizePolicy::Minimum : QSizePolicy::Fixed);
     policy.setHeightForWidth(wraps());

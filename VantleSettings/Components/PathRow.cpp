@@ -8,6 +8,7 @@
 #include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/Announcement.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -22,10 +23,10 @@ constexpr qreal copySymbolSize = 11;
 
 } // namespace
 
-PathRow::PathRow(const QString &label, const QString &path, QWidget *parent) : QWidget(parent)
+PathRow::PathRow(const QString &label, const QString &path, QWidget *parent)
+    : QWidget(parent), m_caption(new ElidedLabel(label, TextStyle::size12Medium, TextColor::secondary))
 {
-    auto *caption = new ElidedLabel(label, TextStyle::size12Medium, TextColor::secondary);
-    caption->setFixedWidth(labelColumn);
+    m_caption->setFixedWidth(scaledWithText(labelColumn));
     auto *copy = new IconButton({u"doc.on.doc"_s, copySymbolSize}, u"Copy path"_s);
     copy->setAccessibleName(u"Copy path of %1"_s.arg(label));
     copy->setAccessibleDescription(path);
@@ -38,9 +39,16 @@ PathRow::PathRow(const QString &label, const QString &path, QWidget *parent) : Q
     layout->setContentsMargins(Tokens::rowPadding, paddingVertical, Tokens::rowPadding, paddingVertical);
     layout->setSpacing(columnGap);
     auto *pathLabel = new ElidedLabel(path, TextStyle::size11, TextColor::primary80);
-    setDescribes(caption, copy);
+    setDescribes(m_caption, copy);
     setDescribes(pathLabel, copy);
-    layout->addWidget(caption);
+    layout->addWidget(m_caption);
     layout->addWidget(pathLabel, 1);
     layout->addWidget(copy);
+}
+
+void PathRow::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        m_caption->setFixedWidth(scaledWithText(labelColumn));
 }

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class ElidedLabel;
+
 /// A labelled path with a button that copies it.
 class PathRow : public QWidget
 {
@@ -9,4 +11,10 @@ class PathRow : public QWidget
 
 public:
     explicit PathRow(const QString &label, const QString &path, QWidget *parent = nullptr);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    ElidedLabel *m_caption;
 };

@@ -40,7 +40,7 @@ std::function<int(qsizetype lines)> PatternsEditor::expectedHeight()
 PatternsEditor::PatternsEditor(QWidget *parent) : QPlainTextEdit(parent)
 {
     setFrameShape(QFrame::NoFrame);
-    setFont(textFont(TextStyle::size12));
+    setTextStyle(*this, TextStyle::size12);
     setTabChangesFocus(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -119,6 +119,13 @@ void PatternsEditor::mouseReleaseEvent(QMouseEvent *event)
         return;
     }
     QPlainTextEdit::mouseReleaseEvent(event);
+}
+
+void PatternsEditor::changeEvent(QEvent *event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitHeight();
 }
 
 void PatternsEditor::resizeEvent(QResizeEvent *event)

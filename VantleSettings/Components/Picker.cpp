@@ -21,9 +21,8 @@ Picker::Picker(QWidget *parent) : QComboBox(parent)
 {
     QAccessible::installFactory(pickerFactory); // once, however often it is asked to
     connect(this, &QComboBox::currentIndexChanged, this, [this] { AccessibleComboBox::notifyChanged(this); });
-    setFont(textFont(TextStyle::size12));
-    setMinimumWidth(Tokens::pickerMinimumWidth);
-    setMaximumWidth(Tokens::pickerMaximumWidth);
+    setTextStyle(*this, TextStyle::size12);
+    fitWidth();
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
     setFocusPolicy(Qt::StrongFocus);
@@ -42,6 +41,19 @@ void Picker::setEntries(const QStringList &entries)
     clear();
     addItems(entries);
     setCurrentIndex(index < count() ? index : -1);
+}
+
+void Picker::changeEvent(QEvent *event)
+{
+    QComboBox::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitWidth();
+}
+
+void Picker::fitWidth()
+{
+    setMinimumWidth(scaledWithText(Tokens::pickerMinimumWidth));
+    setMaximumWidth(scaledWithText(Tokens::pickerMaximumWidth));
 }
 
 void Picker::wheelEvent(QWheelEvent *event)

@@ -15,5 +15,9 @@ public:
     void setEntries(const QStringList &entries);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void fitWidth();
 };

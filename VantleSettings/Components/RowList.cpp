@@ -97,9 +97,10 @@ void RowList::keepRows(const std::vector<QUuid> &ids)
 
 void RowList::expectHeights()
 {
+    const auto expectedHeight = m_make.expectedHeights();
     m_heights.resize(m_ids.size());
     for (qsizetype index = 0; index < count(); ++index)
-        m_heights[size_t(index)] = m_make.expectedHeight(index);
+        m_heights[size_t(index)] = expectedHeight(index);
     addUpTops();
 }
 
@@ -258,8 +259,10 @@ void RowList::chainFocus(std::map<qsizetype, Row>::iterator row)
 
 bool RowList::event(QEvent *event)
 {
-    if (event->type() == QEvent::LayoutRequest)
-        refresh(); // a row has another height now
+    if (event->type() == QEvent::FontChange)
+        expectHeights();
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::FontChange)
+        refresh(); // rows have other heights now
     return QWidget::event(event);
 }
 

@@ -24,8 +24,9 @@ public:
         std::function<QWidget *(qsizetype index, QWidget *parent)> make;
         /// Lets a row that exists show what is true now.
         std::function<void(QWidget *row, qsizetype index)> show;
-        /// The height that a row will probably have, in points.
-        std::function<int(qsizetype index)> expectedHeight;
+        /// Makes the function that says how high each row will probably be, in points; asked again after a
+        /// change of the text size.
+        std::function<std::function<int(qsizetype index)>()> expectedHeights;
         /// Tells a row that it goes although its id may come back into view; may be empty.
         std::function<void(QWidget *row)> leave;
     };

@@ -40,7 +40,7 @@ void SessionCountBadge::setCount(std::int64_t count)
         count == 1 ? u"session"_s : u"sessions"_s);
     setToolTip(count == 0 ? QString() : tip);
     setAccessibleName(count == 0 ? u"No notch sessions"_s : tip);
-    setFont(textFont(count == 0 ? TextStyle::size12Medium : TextStyle::size12Semibold));
+    setTextStyle(*this, count == 0 ? TextStyle::size12Medium : TextStyle::size12Semibold);
     updateGeometry();
     update();
 }

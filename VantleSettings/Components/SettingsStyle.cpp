@@ -39,6 +39,13 @@ void usePalette()
     QApplication::setPalette(palette, "QDialog");
 }
 
+void useFonts()
+{
+    QApplication::setFont(textFont(TextStyle::size13));
+    QToolTip::setFont(textFont(TextStyle::size11));
+    refreshTextStyles();
+}
+
 } // namespace
 
 void installLook(QApplication &application)
@@ -48,8 +55,7 @@ void installLook(QApplication &application)
     adoptSystemFont();
     QApplication::setStyle(new SettingsStyle);
     usePalette();
-    QApplication::setFont(textFont(TextStyle::size13));
-    QToolTip::setFont(textFont(TextStyle::size11));
+    useFonts();
     if (!application.findChild<FocusRing *>())
         new FocusRing(application);
 }
@@ -58,6 +64,8 @@ void followAppearance()
 {
     watchAppearance([] {
         usePalette();
+        if (QApplication::font().pixelSize() != textFont(TextStyle::size13).pixelSize())
+            useFonts();
         for (QWidget *widget : QApplication::allWidgets())
             widget->update();
     });

@@ -8,8 +8,8 @@ class QApplication;
 /// the application is made, before any window.
 void installLook(QApplication &application);
 
-/// Keeps the look in step with the system's accent colour, contrast and motion from here on. The program
-/// does; tests and pictures do not, so that they look the same everywhere.
+/// Keeps the look in step with the system's accent colour, text size, contrast and motion from here on. The
+/// program does; tests and pictures do not, so that they look the same everywhere.
 void followAppearance();
 
 /// Draws the standard controls the way the window wants them, where the system's own style does not.

@@ -80,7 +80,7 @@ bool isTooLong(QStringView text, qsizetype limit)
 {
     if (text.size() <= neverTooLong)
         return false;
-    return text.size() > limit || !(isPlain(text) || headWithin(text, limit) == text.size());
+    return text.size() > limit || (!isPlain(text) && headWithin(text, limit) != text.size());
 }
 
 } // namespace

@@ -18,6 +18,8 @@ constexpr qreal disabledOpacity = 0.4;
 constexpr int iconGap = 4;
 constexpr int pickerSlack = 4;    ///< the box measures a text less exactly than the label
 constexpr int chevronColumn = 22; ///< at the trailing end of a picker
+constexpr int tightPadding = 8;   ///< before the text of a picker that is as wide as may be
+constexpr int tightColumn = 15;
 
 QColor background(QStyle::State state)
 {
@@ -38,6 +40,20 @@ QColor accentBackground(QStyle::State state)
     if (state & QStyle::State_Sunken)
         return accentColor().darker(125);
     return state & QStyle::State_MouseOver ? accentColor().lighter(112) : accentColor();
+}
+
+/// What a picker keeps free of its text, which comes closer to both ends rather than be elided.
+struct PickerSides {
+    int padding;
+    int chevrons;
+};
+
+PickerSides pickerSides(const QStyleOptionComboBox &option)
+{
+    const int room = option.rect.width() - Tokens::smallButtonPadding - chevronColumn;
+    if (option.fontMetrics.horizontalAdvance(option.currentText) < room)
+        return {Tokens::smallButtonPadding, chevronColumn};
+    return {tightPadding, tightColumn};
 }
 
 void drawChevrons(QPainter &painter, const QRectF &column)
@@ -113,7 +129,8 @@ QSize StyleDrawing::pickerSize(const QStyleOptionComboBox &option, const QSize &
 
 QRect StyleDrawing::pickerText(const QStyleOptionComboBox &option)
 {
-    const QRect text = option.rect.adjusted(Tokens::smallButtonPadding, 0, -chevronColumn, 0);
+    const PickerSides sides = pickerSides(option);
+    const QRect text = option.rect.adjusted(sides.padding, 0, -sides.chevrons, 0);
     return QStyle::visualRect(option.direction, option.rect, text);
 }
 
@@ -131,8 +148,8 @@ void StyleDrawing::drawPicker(QPainter &painter, const QStyleOptionComboBox &opt
     const QStyle::State pressed = option.state & (QStyle::State_On | QStyle::State_Sunken);
     const QStyle::State state = option.state | (pressed ? QStyle::State_Sunken : QStyle::State_None);
     fill(painter, continuousRectangle(option.rect, Tokens::buttonRadius), background(state));
-    const QRect column(option.rect.right() + 1 - chevronColumn, option.rect.top(), chevronColumn,
-                       option.rect.height());
+    const int width = pickerSides(option).chevrons;
+    const QRect column(option.rect.right() + 1 - width, option.rect.top(), width, option.rect.height());
     drawChevrons(painter, QStyle::visualRect(option.direction, option.rect, column));
     painter.restore();
 }

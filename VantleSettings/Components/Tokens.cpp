@@ -3,10 +3,18 @@
 #include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/SystemFont.h"
 
+#include <QApplication>
+#include <QVariant>
+#include <QWidget>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
+
+constexpr auto styleProperty = "vantleTextStyle";
 
 struct Face {
     int size;
@@ -80,9 +88,34 @@ QFont textFont(TextStyle style)
         font.setFamilies(QStringList{u"JetBrains Mono"_s} + font.families());
     if (style == TextStyle::groupHeader)
         font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
-    font.setPixelSize(qRound(wanted.size * systemText().scale));
+    font.setPixelSize(scaledWithText(wanted.size));
     font.setWeight(wanted.weight);
     return font;
+}
+
+qreal textScale()
+{
+    return std::max(1.0, systemText().scale * textSizeFactor());
+}
+
+int scaledWithText(int points)
+{
+    return qRound(points * textScale());
+}
+
+void setTextStyle(QWidget &widget, TextStyle style)
+{
+    widget.setProperty(styleProperty, int(style));
+    widget.setFont(textFont(style));
+}
+
+void refreshTextStyles()
+{
+    for (QWidget *widget : QApplication::allWidgets()) {
+        const QVariant style = widget->property(styleProperty);
+        if (style.isValid())
+            widget->setFont(textFont(TextStyle(style.toInt())));
+    }
 }
 
 QColor textColor(TextColor level)

@@ -3,6 +3,8 @@
 #include <QColor>
 #include <QFont>
 
+class QWidget;
+
 /// The look in numbers. Sizes are points (device-independent pixels), durations milliseconds.
 namespace Tokens
 {
@@ -82,4 +84,17 @@ void adoptSystemFont();
 enum class TextColor { primary, primary80, secondary, secondary70, tertiary, white, accent };
 
 QFont textFont(TextStyle style);
+
+/// How much larger than usual the texts are: 1 or more.
+qreal textScale();
+
+/// A width or height that grows with the texts in it.
+int scaledWithText(int points);
+
+/// Gives a widget the font of this style, and again that of another size when the text size changes.
+void setTextStyle(QWidget &widget, TextStyle style);
+
+/// Gives all widgets with a style the font of the present text size.
+void refreshTextStyles();
+
 QColor textColor(TextColor level);

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QWindow>
 
 #include <utility>
@@ -32,6 +33,14 @@ bool isOfMouse(const QMouseEvent &event)
            (device == QInputDevice::DeviceType::Mouse || device == QInputDevice::DeviceType::TouchPad);
 }
 
+/// This size, larger as the texts are larger, as far as the screen allows.
+QSize sizeForText(QSize size)
+{
+    const QSize wanted(scaledWithText(size.width()), scaledWithText(size.height()));
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? wanted : wanted.boundedTo(screen->availableSize().expandedTo(size));
+}
+
 } // namespace
 
 SettingsNSWindow::SettingsNSWindow(QWidget *parent) : QMainWindow(parent)
@@ -44,7 +53,10 @@ bool SettingsNSWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::UpdateRequest)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    return QMainWindow::event(event);
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::ApplicationFontChange)
+        Q_EMIT textSizeChanged();
+    return handled;
 }
 
 void SettingsNSWindow::closeEvent(QCloseEvent *event)
@@ -88,14 +100,14 @@ SettingsWindowController::SettingsWindowController(SettingsSection initialSectio
 {
     model.section = initialSection;
     m_window->setWindowTitle(u"Vantle Settings"_s);
-    m_window->setMinimumSize(minimumSize);
-    m_window->resize(initialSize);
+    fitToText();
     QPalette palette = m_window->palette();
     palette.setColor(QPalette::Window, Tokens::windowBackground);
     m_window->setPalette(palette);
     prepareWindow(*m_window);
     restoreWindowFrame(*m_window, frameName);
     keepWindowFrame(*m_window, frameName);
+    connect(m_window.get(), &SettingsNSWindow::textSizeChanged, this, &SettingsWindowController::fitToText);
     connect(m_window.get(), &SettingsNSWindow::willClose, this, &SettingsWindowController::windowWillClose);
     m_window->setCentralWidget(new SettingsRootView(model, titleBarHeight(*m_window)));
 }
@@ -113,6 +125,16 @@ void SettingsWindowController::showWindow()
 bool SettingsWindowController::isVisible() const
 {
     return m_window->isVisible() && !m_window->isMinimized();
+}
+
+/// A window that still has its first size keeps having it.
+void SettingsWindowController::fitToText()
+{
+    const QSize before = std::exchange(m_firstSize, sizeForText(initialSize));
+    const bool hasFirstSize = !before.isValid() || m_window->size() == before;
+    m_window->setMinimumSize(sizeForText(minimumSize)); // which may resize the window
+    if (hasFirstSize)
+        m_window->resize(m_firstSize);
 }
 
 void SettingsWindowController::windowWillClose()

@@ -22,6 +22,8 @@ public:
 Q_SIGNALS:
     /// The window is about to close for good, by whatever way; sent once.
     void willClose();
+    /// Texts have another size from now on.
+    void textSizeChanged();
 
 protected:
     bool event(QEvent *event) override;
@@ -60,6 +62,8 @@ public:
 
 private:
     void windowWillClose();
+    void fitToText();
 
+    QSize m_firstSize;
     std::unique_ptr<SettingsNSWindow> m_window;
 };

@@ -85,7 +85,7 @@ Sidebar::Sidebar(int topMargin, QWidget *parent) : QListWidget(parent)
 {
     setAccessibleName(u"Sections"_s);
     setFrameShape(QFrame::NoFrame);
-    setFixedWidth(Tokens::sidebarWidth - 1); // the separator beside it is the last point
+    fitWidth();
     setViewportMargins(0, topMargin + Tokens::sidebarEntryInset, 0, 0);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
@@ -121,6 +121,18 @@ void Sidebar::select(SettingsSection section)
     const QModelIndex entry = model()->index(int(section), 0);
     selectionModel()->setCurrentIndex(hasFocus() ? entry : QModelIndex(), QItemSelectionModel::NoUpdate);
     selectionModel()->select(entry, QItemSelectionModel::ClearAndSelect);
+}
+
+void Sidebar::changeEvent(QEvent *event)
+{
+    QListWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitWidth();
+}
+
+void Sidebar::fitWidth()
+{
+    setFixedWidth(scaledWithText(Tokens::sidebarWidth) - 1); // the separator beside it is the last point
 }
 
 // With Control an entry could be deselected, but there is always a page.

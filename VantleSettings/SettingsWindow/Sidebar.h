@@ -23,6 +23,7 @@ Q_SIGNALS:
 protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                          const QEvent *event) const override;
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -32,6 +33,7 @@ protected:
 
 private:
     void announceCurrentEntry();
+    void fitWidth();
 
     bool m_isPressedBesideEntries = false;
 };

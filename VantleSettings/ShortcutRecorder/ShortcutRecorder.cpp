@@ -71,7 +71,7 @@ ShortcutRecorder::ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWi
     : QPushButton(parent)
 {
     QAccessible::installFactory(recorderFactory); // once, however often it is asked to
-    setFont(textFont(TextStyle::size12SemiboldMono));
+    setTextStyle(*this, TextStyle::size12SemiboldMono);
     setFlat(true);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);

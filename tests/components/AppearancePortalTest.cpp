@@ -34,6 +34,30 @@ TEST(AppearancePortal, LessMotionIsSaidInOneOfTwoWays)
     EXPECT_FALSE(appearance({{gnome, {{u"enable-animations"_s, u"false"_s}}}}).reducedMotion);
 }
 
+TEST(AppearancePortal, LargerTextIsAFactorInBounds)
+{
+    const auto scale = [](const QVariant &value) {
+        return appearance({{u"org.gnome.desktop.interface"_s, {{u"text-scaling-factor"_s, value}}}})
+            .textScale;
+    };
+    EXPECT_EQ(scale(1.5), 1.5);
+    EXPECT_EQ(scale(0.0), 1);
+    EXPECT_EQ(scale(-1.0), 1);
+    EXPECT_EQ(scale(100.0), 1);
+    EXPECT_EQ(scale(qQNaN()), 1);
+    EXPECT_EQ(scale(u"1.5"_s), 1) << "another type";
+}
+
+TEST(AppearancePortal, AScreenThatIsScaledWithTheTextSizeScalesNoTextTwice)
+{
+    EXPECT_EQ(textScaleBesides(1.5, 1), 1.5);
+    EXPECT_EQ(textScaleBesides(1.25, 2), 1.25) << "a dense screen alone";
+    EXPECT_EQ(textScaleBesides(1.5, 1.5), 1);
+    EXPECT_EQ(textScaleBesides(1.3, 1.302), 1) << "rounded to whole dots per inch";
+    EXPECT_EQ(textScaleBesides(1.25, 2.5), 1) << "a dense screen and the text size";
+    EXPECT_EQ(textScaleBesides(1, 2), 1);
+}
+
 TEST(AppearancePortal, AnAccentOfAnotherTypeIsNone)
 {
     EXPECT_FALSE(appearance(general(u"accent-color"_s, u"#ff0000"_s)).accent.has_value());

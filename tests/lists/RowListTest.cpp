@@ -113,6 +113,7 @@ protected:
 
     std::vector<QUuid> ids;
     std::map<QUuid, int> heights; ///< of rows that are not as high as expected
+    int expectedHeight = rowHeight;
     int made = 0;
     int left = 0;
     QPushButton *above = new QPushButton;
@@ -128,7 +129,7 @@ protected:
             [](QWidget *row, qsizetype index) {
                 static_cast<ButtonRow *>(row)->button->setText(QString::number(index));
             },
-        .expectedHeight = [](qsizetype) { return rowHeight; },
+        .expectedHeights = [this] { return [height = expectedHeight](qsizetype) { return height; }; },
         .leave = [this](QWidget *) { ++left; },
     });
     QScrollArea area;
@@ -191,6 +192,20 @@ TEST_F(RowListTest, TenThousandRowsTakeTheirWholePlace)
     ASSERT_NE(row(9999), nullptr);
     EXPECT_EQ(row(9999)->geometry().bottom(), list->rect().bottom());
     EXPECT_TRUE(inView(row(9999)));
+}
+
+TEST_F(RowListTest, RowsOutOfViewAreExpectedAnewWhenTheFontChanges)
+{
+    fill(1000);
+    show();
+    expectedHeight = 60;
+    QFont larger = list->font();
+    larger.setPixelSize(30);
+    list->setFont(larger);
+    turn();
+    const int measured = int(list->existing()) * (rowHeight + dividerHeight);
+    const int others = (1000 - int(list->existing())) * (expectedHeight + dividerHeight);
+    EXPECT_EQ(list->sizeHint().height(), measured + others - dividerHeight);
 }
 
 TEST_F(RowListTest, ARowIsKeptWhileItsIdStays)

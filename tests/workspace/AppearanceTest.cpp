@@ -1,9 +1,12 @@
+#include "Components/Label.h"
+#include "Components/SettingsStyle.h"
 #include "Components/Switch.h"
 #include "Components/Tokens.h"
 #include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/detail/AppearancePortal.h"
 #include "PrivateBus.h"
 
+#include <QApplication>
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusVariant>
@@ -104,6 +107,19 @@ TEST(Appearance, IsAskedOfTheDesktopAndFollowsItsChanges)
     EXPECT_EQ(Tokens::separator(), QColor::fromRgbF(1, 1, 1, 0.12F));
     EXPECT_EQ(textColor(TextColor::secondary), QColor::fromRgbF(1, 1, 1, 0.58F));
     EXPECT_NE(turnedOn(), alreadyOn.grab().toImage()) << "the knob is on its way";
+}
+
+TEST(Appearance, TextsOfWidgetsThatAreThereFollowTheDesktopsTextSize)
+{
+    const Label label(u"Launch at Login"_s, TextStyle::size12);
+    ASSERT_EQ(label.font().pixelSize(), 12);
+    SettingsPortal desktop({{gnome, {{u"text-scaling-factor"_s, 1.5}}}});
+    followAppearance();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return label.font().pixelSize() == 18; }));
+    EXPECT_EQ(QApplication::font().pixelSize(), 20);
+    Q_EMIT desktop.SettingChanged(gnome, u"text-scaling-factor"_s, QDBusVariant(1.0));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return label.font().pixelSize() == 12; }));
+    EXPECT_EQ(QApplication::font().pixelSize(), 13);
 }
 
 } // namespace

@@ -20,6 +20,9 @@ bool reducedMotion();
 /// Whether the user wants more contrast: separators and secondary texts are stronger then.
 bool increasedContrast();
 
+/// How much larger the user wants texts than the desktop's font says; 1 where the system has no such setting.
+qreal textSizeFactor();
+
 /// Calls `changed` on the main thread each time one of the answers above has changed, for as long as the
 /// program runs. Until the first call the answers may be the defaults, because asking can take a while.
 void watchAppearance(std::function<void()> changed);

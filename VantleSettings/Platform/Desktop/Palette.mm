@@ -23,6 +23,11 @@ bool reducedMotion() { return NSWorkspace.sharedWorkspace.accessibilityDisplaySh
 
 bool increasedContrast() { return NSWorkspace.sharedWorkspace.accessibilityDisplayShouldIncreaseContrast; }
 
+qreal textSizeFactor()
+{
+    return 1; // the system has no such setting for windows
+}
+
 void watchAppearance(std::function<void()> changed)
 {
     const auto announce = std::make_shared<std::function<void()>>(std::move(changed));

@@ -1,9 +1,12 @@
 #include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/detail/AppearancePortal.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -29,6 +32,15 @@ bool reducedMotion()
 bool increasedContrast()
 {
     return current().increasedContrast;
+}
+
+qreal textSizeFactor()
+{
+    const qreal wanted = current().textScale;
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    if (QGuiApplication::platformName() != "xcb"_L1 || screen == nullptr)
+        return wanted;
+    return textScaleBesides(wanted, screen->devicePixelRatio());
 }
 
 void watchAppearance(std::function<void()> changed)

@@ -54,8 +54,12 @@ RowList *BrowserPatternsSection::projectRows()
             [project](QWidget *row, qsizetype index) {
                 static_cast<ProjectRow *>(row)->editor().setText(project(index).urls);
             },
-        .expectedHeight = [project, height = ProjectRow::expectedHeight()](
-                              qsizetype index) { return height(project(index)); },
+        .expectedHeights =
+            [project] {
+                return [project, height = ProjectRow::expectedHeight()](qsizetype index) {
+                    return height(project(index));
+                };
+            },
         .leave =
             [this](QWidget *widget) {
                 auto *row = static_cast<ProjectRow *>(widget);

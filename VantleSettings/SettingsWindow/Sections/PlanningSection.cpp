@@ -66,7 +66,8 @@ RowList *PlanningSection::projectRows()
                 return new PlanningProjectRow(m_model.planningProjects.value()[size_t(index)], list);
             },
         .show = [](QWidget *row, qsizetype) { static_cast<PlanningProjectRow *>(row)->render(); },
-        .expectedHeight = [height = PlanningProjectRow::expectedHeight()](qsizetype) { return height; },
+        .expectedHeights =
+            [] { return [height = PlanningProjectRow::expectedHeight()](qsizetype) { return height; }; },
         .leave = {},
     });
 }

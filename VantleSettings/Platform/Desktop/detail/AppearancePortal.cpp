@@ -8,6 +8,7 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
+#include <cmath>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -46,6 +47,16 @@ bool isOne(const QVariant &value)
     return value.typeId() == QMetaType::UInt && value.toUInt() == 1;
 }
 
+/// A factor that texts can be drawn with; others count as none.
+qreal textScaleFrom(const QVariant &value)
+{
+    constexpr qreal smallest = 0.5; // the bounds of the desktop's own setting
+    constexpr qreal largest = 3;
+    const bool isFactor =
+        value.typeId() == QMetaType::Double && value.toDouble() >= smallest && value.toDouble() <= largest;
+    return isFactor ? value.toDouble() : 1;
+}
+
 } // namespace
 
 Appearance appearance(const PortalSettings &settings)
@@ -55,7 +66,16 @@ Appearance appearance(const PortalSettings &settings)
     const bool still = animations.typeId() == QMetaType::Bool && !animations.toBool();
     return {.accent = colorFrom(here.value(u"accent-color"_s)),
             .reducedMotion = still || isOne(here.value(u"reduced-motion"_s)),
-            .increasedContrast = isOne(here.value(u"contrast"_s))};
+            .increasedContrast = isOne(here.value(u"contrast"_s)),
+            .textScale = textScaleFrom(settings.value(gnome).value(u"text-scaling-factor"_s))};
+}
+
+qreal textScaleBesides(qreal textScale, qreal screenScale)
+{
+    constexpr qreal rounding = 0.01;
+    const qreal rest = screenScale / textScale;
+    const bool isPart = rest > 1 - rounding && std::abs(rest - std::round(rest)) < rounding;
+    return isPart ? 1 : textScale;
 }
 
 AppearancePortal::AppearancePortal(std::function<void(const Appearance &)> changed)

@@ -15,6 +15,7 @@ struct Appearance {
     std::optional<QColor> accent; ///< none where the desktop has no such notion
     bool reducedMotion = false;
     bool increasedContrast = false;
+    qreal textScale = 1; ///< how much larger than usual texts are wanted
 
     bool operator==(const Appearance &) const = default;
 };
@@ -24,6 +25,11 @@ using PortalSettings = QMap<QString, QVariantMap>;
 
 /// Reads the settings we know; values of another type or out of range count as absent.
 Appearance appearance(const PortalSettings &settings);
+
+/// What is left to do of a wanted text size on a screen whose whole contents are scaled. Under X11 desktops
+/// multiply the fonts' resolution by the text size as well, and the toolkit scales the window with that: by
+/// the text size alone, or by twice or three times that on dense screens.
+qreal textScaleBesides(qreal textScale, qreal screenScale);
 
 /// Asks the desktop's settings portal, without ever waiting, and hears of its changes. Where no portal
 /// answers the appearance stays the default.
