@@ -64,6 +64,7 @@ SettingsGroup::SettingsGroup(const Texts &texts, const std::vector<QWidget *> &r
     m_footer->setContentsMargins(captionPadding, 0, captionPadding, 0);
     layout->addWidget(m_footer);
     setFooter(texts.footer);
+    changeAccessibleName(m_footer, withKeyNames(m_footer->text()));
     setRows(rows);
 }
 
@@ -71,7 +72,6 @@ void SettingsGroup::setFooter(const std::optional<QString> &footer)
 {
     m_footer->setVisible(footer.has_value());
     m_footer->setText(footer.value_or(QString()));
-    changeAccessibleName(m_footer, accessibleText(withKeyNames(m_footer->text())));
     changeAccessibleDescription(this, accessibleText(footer.value_or(QString())));
 }
 

@@ -159,6 +159,15 @@ TEST_F(RowTest, AHeaderIsShownInUpperCaseWhateverItsOwn)
     EXPECT_EQ(partOf<Label>(group)->text(), u"KEYBOARD SHORTCUTS ÄSS"_s);
 }
 
+TEST_F(RowTest, AFootersKeySignsAreSpokenAsWordsButNotThoseOfAPath)
+{
+    SettingsGroup group({.footer = u"Record ⌘K."_s}, {});
+    const auto *footer = partOf<WrappedLabel>(group);
+    EXPECT_EQ(footer->accessibleName(), u"Record Command K."_s);
+    group.setFooter(u"Reads /home/⌘K/projects.toml."_s);
+    EXPECT_EQ(footer->accessibleName(), u"Reads /home/⌘K/projects.toml."_s);
+}
+
 TEST_F(RowTest, HeaderCardAndFooterStandSixApart)
 {
     auto *content = new QWidget;
