@@ -61,9 +61,21 @@ private:
     void writeText(const QByteArray &utf8)
     {
         m_out += '"';
-        for (const char byte : utf8)
-            writeEscaped(byte);
+        qsizetype written = 0;
+        for (qsizetype i = 0; i < utf8.size(); ++i) {
+            if (!mustBeEscaped(utf8[i]))
+                continue;
+            m_out.append(utf8.constData() + written, i - written);
+            writeEscaped(utf8[i]);
+            written = i + 1;
+        }
+        m_out.append(utf8.constData() + written, utf8.size() - written);
         m_out += '"';
+    }
+
+    static bool mustBeEscaped(char byte)
+    {
+        return static_cast<unsigned char>(byte) < 0x20 || byte == '"' || byte == '\\' || byte == '/';
     }
 
     void writeEscaped(char byte)
@@ -73,11 +85,9 @@ private:
         if (const auto which = plain.find(byte); which != std::string_view::npos) {
             m_out += '\\';
             m_out += letter[which];
-        } else if (static_cast<unsigned char>(byte) < 0x20) {
+        } else {
             m_out += "\\u00";
             m_out += QByteArray(1, byte).toHex();
-        } else {
-            m_out += byte;
         }
     }
 
