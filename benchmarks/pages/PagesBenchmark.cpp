@@ -2,14 +2,10 @@
 #include "Components/RowList.h"
 #include "Components/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
-#include "Foundation/Seam.h"
 #include "HeapInUse.h"
-#include "Model/SettingsModel.h"
-#include "Platform/Agent/LoopbackPost.h"
-#include "Platform/Agent/ServiceManager.h"
+#include "OpenPage.h"
 #include "Platform/Desktop/FontRegistry.h"
 #include "Ratios.h"
-#include "SettingsWindow/SectionPane.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/PlanningSection.h"
 
@@ -32,20 +28,7 @@ namespace
 
 constexpr int few = 10;
 constexpr int many = 10000;
-constexpr double frame = 1.0 / 60;  // seconds
-constexpr QSize paneSize(645, 640); // beside the sidebar of the window as it first opens
-
-struct NoService final : ServiceManager {
-    void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(false); }
-    void load(Answer answer) override { answer(false); }
-    void unload(Answer answer) override { answer(false); }
-    void finish(std::chrono::milliseconds) override {}
-};
-
-struct NoAgent final : LoopbackPost {
-    void post(const QUrl &) override {}
-    void finish(std::chrono::milliseconds) override {}
-};
+constexpr double frame = 1.0 / 60; // seconds
 
 /// A model with so many projects on either page.
 std::unique_ptr<SettingsModel> modelOf(int count)
@@ -62,17 +45,6 @@ std::unique_ptr<SettingsModel> modelOf(int count)
     model->planningRoot = u"/Users/someone/planning"_s;
     model->planningProjects = std::move(planning);
     return model;
-}
-
-template <class Section>
-std::unique_ptr<SectionPane> openPage(SettingsSection section, SettingsModel &model)
-{
-    auto pane = std::make_unique<SectionPane>(section, new Section(model));
-    pane->resize(paneSize);
-    pane->show();
-    QCoreApplication::processEvents();
-    pane->grab();
-    return pane;
 }
 
 /// From the wish to see a page to its first picture.
@@ -160,10 +132,7 @@ int main(int argc, char **argv)
     FontRegistration::registerBundledFonts();
     FontRegistry::system().finish();
     installLook(application);
-    NoService service;
-    NoAgent agent;
-    const Seam<ServiceManager>::Replacement noService(service);
-    const Seam<LoopbackPost>::Replacement noAgent(agent);
+    const NothingOutside nothingOutside;
 
     constexpr auto planning = SettingsSection::planning;
     constexpr auto browser = SettingsSection::browser;
