@@ -182,6 +182,20 @@ TEST(Path, StandardizingDropsPrivateWhereTheSystemHasLinksIntoIt)
               VANTLE_HAS_LINKS_INTO_PRIVATE ? u"/tmp/x" : u"/private/tmp/x");
 }
 
+TEST(Path, PrivateStaysBeforeEveryDirectoryThatTheRootReallyHas)
+{
+    Disk disk;
+    const Seam<FileSystem>::Replacement replacement(disk);
+    for (const QString &name :
+         {u"Applications"_s, u"Library"_s, u"System"_s, u"Users"_s, u"Volumes"_s, u"bin"_s, u"cores"_s,
+          u"dev"_s, u"opt"_s, u"private"_s, u"sbin"_s, u"usr"_s}) {
+        disk.paths = {u'/' + name, u'/' + name + u"/x"_s, u'/' + name + u"2/x"_s};
+        for (const QString &path : {u"/private/"_s + name, u"/private/"_s + name + u"/x"_s})
+            EXPECT_EQ(Path::withoutPrivate(path), path);
+        EXPECT_EQ(Path::withoutPrivate(u"/private/"_s + name + u"2/x"_s), u'/' + name + u"2/x"_s);
+    }
+}
+
 TEST(Path, PrivateIsDroppedWhereTheRestExistsAndIsALinkIntoIt)
 {
     Disk disk;

@@ -124,6 +124,13 @@ TEST(Text, ComposesEveryScalarAsTheToolkitDoes)
     }
 }
 
+TEST(Text, ComposesTheFirstOfTheMarks)
+{
+    EXPECT_EQ(Text::composed(u"a\u0300"_s), u"\u00e0"_s);
+    EXPECT_EQ(Text::composed(u"\u00ea\u0300"_s), u"\u1ec1"_s);
+    EXPECT_TRUE(Text::equal(u"a\u0300", u"\u00e0"));
+}
+
 TEST(Text, ComposingKeepsAByteOrderMark)
 {
     EXPECT_EQ(Text::composed(u"\ufeff"_s), u"\ufeff"_s);
