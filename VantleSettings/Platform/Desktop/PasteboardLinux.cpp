@@ -2,7 +2,9 @@
 #include "Platform/Desktop/detail/ClipboardManager.h"
 
 #include <QClipboard>
+#include <QEventLoop>
 #include <QGuiApplication>
+#include <QTimer>
 
 #include <chrono>
 
@@ -16,6 +18,19 @@ class DesktopPasteboard : public Pasteboard
 public:
     void setText(const QString &text) override { QGuiApplication::clipboard()->setText(text); }
 };
+
+constexpr auto managerTimeout = 500ms;
+
+/// Waits until the toolkit has seen that the clipboard has another owner. It complains when it is told to
+/// give up what it has lost already.
+void awaitLoss(const QClipboard &clipboard)
+{
+    QEventLoop loop;
+    QObject::connect(&clipboard, &QClipboard::changed, &loop, &QEventLoop::quit);
+    QTimer::singleShot(managerTimeout, &loop, &QEventLoop::quit);
+    if (clipboard.ownsClipboard())
+        loop.exec();
+}
 
 } // namespace
 
@@ -37,8 +52,8 @@ void Pasteboard::finish()
     ClipboardManager manager;
     if (!manager.exists())
         return;
-    if (clipboard.ownsClipboard())
-        manager.save(500ms);
+    if (clipboard.ownsClipboard() && manager.save(managerTimeout))
+        awaitLoss(clipboard);
     if (clipboard.ownsClipboard())
         clipboard.clear(QClipboard::Clipboard);
     if (clipboard.ownsSelection())

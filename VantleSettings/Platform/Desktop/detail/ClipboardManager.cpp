@@ -24,13 +24,13 @@ ClipboardManager::ClipboardManager()
 
 bool ClipboardManager::exists() const
 {
-    const auto reply = owned(xcb_get_selection_owner_reply(
-        m_connection.get(), xcb_get_selection_owner(m_connection.get(), m_selection), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
+    return owner(m_selection) != XCB_WINDOW_NONE;
 }
 
-void ClipboardManager::save(std::chrono::milliseconds timeout)
+bool ClipboardManager::save(std::chrono::milliseconds timeout)
 {
+    const xcb_atom_t clipboard = atom("CLIPBOARD");
+    const xcb_window_t before = owner(clipboard);
     requestSave();
     QEventLoop loop;
     QSocketNotifier notifier(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
@@ -40,6 +40,14 @@ void ClipboardManager::save(std::chrono::milliseconds timeout)
     });
     QTimer::singleShot(timeout, &loop, &QEventLoop::quit);
     loop.exec();
+    return owner(clipboard) != before;
+}
+
+xcb_window_t ClipboardManager::owner(xcb_atom_t selection) const
+{
+    const auto reply = owned(xcb_get_selection_owner_reply(
+        m_connection.get(), xcb_get_selection_owner(m_connection.get(), selection), nullptr));
+    return reply ? reply->owner : xcb_window_t(XCB_WINDOW_NONE);
 }
 
 xcb_atom_t ClipboardManager::atom(std::string_view name) const

@@ -17,11 +17,12 @@ public:
     bool exists() const;
 
     /// Asks it to fetch the clipboard from its owner. Runs the event loop, by which the toolkit delivers it,
-    /// until the manager has answered or the time is over.
-    void save(std::chrono::milliseconds timeout);
+    /// until the manager has answered or the time is over. True when the clipboard has another owner by then.
+    bool save(std::chrono::milliseconds timeout);
 
 private:
     xcb_atom_t atom(std::string_view name) const;
+    xcb_window_t owner(xcb_atom_t selection) const;
     void requestSave();
     bool hasAnswered() const;
 
