@@ -7,6 +7,7 @@ import subprocess
 
 from harness.case import DesktopCase
 from harness.clipboard import pasted
+from harness.keys import in_words
 from harness.repeats import Presses
 
 # Milliseconds until the first repeat, and repeats a second.
@@ -143,11 +144,11 @@ class HeldKeys(HeldKeyCase):
                         self.hold(RETURN)
                         self.assertEqual(recorder.description, WAITING)
                         self.hold(place, modifier)
-                        self.expect(lambda: recorder.description == shown, lambda: recorder.description)
+                        self.expect(lambda: recorder.description == in_words(shown), lambda: recorder.description)
                         self.expect_everything_done(program, recorder)
                         number += 1
                         self.expect_posted(*["/settings/reload-shortcuts"] * number)
-                        self.assertEqual(recorder.description, shown)
+                        self.assertEqual(recorder.description, in_words(shown))
 
 
 class HeldMenuButton(HeldKeyCase):

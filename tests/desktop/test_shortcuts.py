@@ -35,8 +35,8 @@ class Recording(DesktopCase):
         bus.changed.clear()
         program.press("alt+shift+p")
         self.expect(lambda: "Option Shift P" in bus.announced, lambda: bus.announced)
-        changed = [control for control in bus.changed if control.role != "notification"]
-        self.assertEqual(changed, [recorder])
+        self.expect(lambda: recorder in bus.changed, "the recorder's description does not change")
+        self.assertEqual([control for control in bus.changed if control.role != "notification"], [recorder])
 
     def test_keys_of_the_menus_are_recorded_and_do_not_act(self):
         program, recorder = self.record()

@@ -60,8 +60,18 @@ class AccessibilityBus:
                   GLib.Variant("(sass)", (event, [], "")))
 
     def _hear_notification(self, control, showing):
-        if showing and control.role == "notification":
-            self.announced.append(control.name)
+        """Asks for the role without waiting: a program that was stopped does not answer."""
+        def told(connection, answer):
+            try:
+                role, = connection.call_finish(answer).unpack()
+            except GLib.Error:
+                return
+            if role == "notification":
+                self.announced.append(control.name)
+
+        if showing:
+            self._connection.call(control.owner, control.path, _ACCESSIBLE, "GetRoleName", None, None,
+                                  Gio.DBusCallFlags.NONE, 20000, None, told)
 
     def _hear_focus(self, control, focused):
         if focused:
