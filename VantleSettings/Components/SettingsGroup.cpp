@@ -64,6 +64,7 @@ SettingsGroup::SettingsGroup(const Texts &texts, const std::vector<QWidget *> &r
     m_footer->setContentsMargins(captionPadding, 0, captionPadding, 0);
     layout->addWidget(m_footer);
     setFooter(texts.footer);
+    // The program's own footers name keys by their signs; those with paths from files never stand here.
     changeAccessibleName(m_footer, withKeyNames(m_footer->text()));
     setRows(rows);
 }

@@ -98,5 +98,6 @@ char32_t scalarBefore(QStringView text, qsizetype index)
 bool PlanningProjects::standsAlone(QStringView text, qsizetype index)
 {
     const bool isFollowed = index + 1 < text.size() && joinsWhatPrecedesIt(scalarFrom(text, index + 1));
-    return !isFollowed && !(index > 0 && joinsWhatFollowsIt(scalarBefore(text, index)));
+    const bool isPreceded = index > 0 && joinsWhatFollowsIt(scalarBefore(text, index));
+    return !isFollowed && !isPreceded;
 }
