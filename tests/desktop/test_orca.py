@@ -74,7 +74,7 @@ class Transcript(DesktopCase):
     def listen(self, expected):
         """What is said until nothing more comes; waits for as many utterances as are expected."""
         if _STORE:
-            time.sleep(2)
+            time.sleep(2)  # only while storing: nothing tells how much will be said
         else:
             try:
                 eventually(lambda: len(self.orca.spoken) >= len(expected), "too little is said")
