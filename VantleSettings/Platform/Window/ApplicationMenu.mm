@@ -33,8 +33,9 @@ void useStandardWindowItems(const StandardMenuItems &items, QMenu &windowMenu)
 /// and the system's while one of its panels has it.
 void useStandardUndoInPanels(const StandardMenuItems &items, QMenu &editMenu)
 {
-    NSMenuItem *undo = insertStandardItem(editMenu, 0, @"Undo", @selector(undo:), @"z");
-    NSMenuItem *redo = insertStandardItem(editMenu, 1, @"Redo", @selector(redo:), @"z");
+    // Text views answer to these two without declaring them.
+    NSMenuItem *undo = insertStandardItem(editMenu, 0, @"Undo", NSSelectorFromString(@"undo:"), @"z");
+    NSMenuItem *redo = insertStandardItem(editMenu, 1, @"Redo", NSSelectorFromString(@"redo:"), @"z");
     redo.keyEquivalentModifierMask = NSEventModifierFlagShift | NSEventModifierFlagCommand;
     const auto show = [=](bool ours) {
         items.undo->setVisible(ours);
