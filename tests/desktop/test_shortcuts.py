@@ -17,9 +17,13 @@ def file_of(**changes):
 
 class Recording(DesktopCase):
     def record(self):
+        """Starts a recording and waits for the announcement, the last of the events that tell of it."""
         program = self.start()
+        announced = self.desktop.accessibility.announced
+        announced.clear()
         recorder = program.click("push button", RECORDER)
-        self.expect(lambda: recorder.description == "Press shortcut…", lambda: recorder.description)
+        self.expect(lambda: "Press shortcut…" in announced, lambda: announced)
+        self.assertEqual(recorder.description, "Press shortcut…")
         return program, recorder
 
     def test_a_combination_is_recorded_shown_written_and_told(self):
