@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
@@ -44,6 +45,25 @@ TEST_F(DirectoryDialogTest, ShowsTitlePromptAndStartingFolder)
         EXPECT_EQ(dialog->directory().path(), plans);
         EXPECT_EQ(dialog->fileMode(), QFileDialog::Directory);
         EXPECT_EQ(dialog->supportedSchemes(), QStringList{u"file"_s});
+        dialog->reject();
+    });
+}
+
+TEST_F(DirectoryDialogTest, ShowsTheMessageAboveItsControls)
+{
+    choose(plans, [](QFileDialog *dialog) {
+        const QLabel *message = nullptr;
+        for (const QLabel *label : dialog->findChildren<QLabel *>()) {
+            if (label->text() == u"Select the folder.")
+                message = label;
+        }
+        ASSERT_NE(message, nullptr);
+        EXPECT_TRUE(message->isVisible());
+        for (const QWidget *other : dialog->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (other != message && other->isVisible())
+                EXPECT_FALSE(other->geometry().intersects(message->geometry()));
+        }
+        EXPECT_EQ(dialog->accessibleDescription(), u"Select the folder.");
         dialog->reject();
     });
 }

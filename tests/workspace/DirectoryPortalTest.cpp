@@ -4,14 +4,20 @@
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QDBusVirtualObject>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -21,6 +27,19 @@ namespace
 {
 
 const auto portalObject = u"/org/freedesktop/portal/desktop"_s;
+
+/// What stands for an open question at the portal.
+class Request : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Request")
+
+public:
+    int closed = 0;
+
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): marks slots, not access
+    void Close() { ++closed; }
+};
 
 /// Stands for the desktop's portal: it answers each question at once, as the case has told it to.
 class Portal : public QObject
@@ -44,7 +63,9 @@ public:
 
     QString title;
     QVariantMap options;
+    Request request;
     bool ownRequestPath = false; ///< ignores the token, as old portals do
+    bool refuses = false;        ///< answers the call with an error
 
 public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): marks slots, not access
     QDBusObjectPath OpenFile(const QString &, const QString &shownTitle, const QVariantMap &shownOptions,
@@ -52,21 +73,27 @@ public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): marks slots,
     {
         title = shownTitle;
         options = shownOptions;
+        if (refuses) {
+            call.setDelayedReply(true);
+            PrivateBus::services().send(call.createErrorReply(QDBusError::Failed, u"no dialog"_s));
+            return {};
+        }
         const QString caller = call.service().mid(1).replace(u'.', u'_');
         const QString token = ownRequestPath ? u"own"_s : options.value(u"handle_token"_s).toString();
-        const QString request = portalObject + u"/request/"_s + caller + u'/' + token;
+        const QString path = portalObject + u"/request/"_s + caller + u'/' + token;
+        PrivateBus::services().registerObject(path, &request, QDBusConnection::ExportAllSlots);
         if (m_response) {
             // Who learns the request's name only from the reply may listen too late for the first.
-            connect(&m_repeat, &QTimer::timeout, this, [this, request] { respond(request); });
+            connect(&m_repeat, &QTimer::timeout, this, [this, path] { respond(path); });
             m_repeat.start(1);
         }
-        return QDBusObjectPath(request);
+        return QDBusObjectPath(path);
     }
 
 private:
-    void respond(const QString &request)
+    void respond(const QString &path)
     {
-        auto signal = QDBusMessage::createSignal(request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
+        auto signal = QDBusMessage::createSignal(path, u"org.freedesktop.portal.Request"_s, u"Response"_s);
         signal << m_response->code << m_response->results;
         PrivateBus::services().send(signal);
     }
@@ -76,6 +103,67 @@ private:
     QTimer m_repeat;
     ServiceName m_name{u"org.freedesktop.portal.Desktop"_s};
 };
+
+/// A portal whose process is stopped: it takes calls and never answers.
+class StoppedPortal : public QDBusVirtualObject
+{
+    Q_OBJECT
+
+public:
+    StoppedPortal() { PrivateBus::services().registerVirtualObject(portalObject, this); }
+    ~StoppedPortal() override { PrivateBus::services().unregisterObject(portalObject); }
+    Q_DISABLE_COPY_MOVE(StoppedPortal)
+
+    bool handleMessage(const QDBusMessage &, const QDBusConnection &) override { return true; }
+    QString introspect(const QString &) const override { return {}; }
+
+private:
+    ServiceName m_name{u"org.freedesktop.portal.Desktop"_s};
+};
+
+/// A window whose button has the focus, and a question that is asked for it.
+class AskingWindow
+{
+public:
+    AskingWindow()
+    {
+        m_window->setCentralWidget(new QWidget);
+        button = new QPushButton(u"Ask"_s);
+        (new QVBoxLayout(m_window->centralWidget()))->addWidget(button);
+        m_window->resize(400, 300);
+        m_window->show();
+        button->setFocus();
+    }
+
+    QMainWindow &window() { return *m_window; }
+    QWidget &content() { return *m_window->centralWidget(); }
+    void close() { m_window.reset(); }
+
+    /// The button that gives the question up, once it is shown.
+    QPushButton *cancel()
+    {
+        QPushButton *found = nullptr;
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            for (QPushButton *each : m_window->findChildren<QPushButton *>()) {
+                if (each->text() == u"Cancel" && each->isVisible())
+                    found = each;
+            }
+            return found != nullptr;
+        }));
+        return found;
+    }
+
+    QPushButton *button;
+
+private:
+    std::unique_ptr<QMainWindow> m_window = std::make_unique<QMainWindow>();
+};
+
+/// Does something as soon as the event loop turns, as when a question waits for its answer.
+void meanwhile(std::function<void()> work)
+{
+    QTimer::singleShot(0, qApp, std::move(work));
+}
 
 QVariantMap chosen(const QString &folder)
 {
@@ -147,44 +235,131 @@ TEST(DirectoryPortal, OneTooOldForFoldersIsPassedOver)
     EXPECT_TRUE(portal.title.isEmpty());
 }
 
-TEST(DirectoryPortal, OneThatCannotShowDialogsIsPassedOver)
+TEST(DirectoryPortal, OneThatRefusesIsPassedOver)
 {
-    const Portal portal(Portal::Response{2});
+    Portal portal(Portal::Response{0, chosen(u"/plan"_s)});
+    portal.refuses = true;
     expectOwnDialog();
 }
 
-TEST(DirectoryPortal, TheProgramsWindowsTakeNoInputMeanwhile)
+// The desktop's dialog answers so when it is closed by Escape or by its frame.
+TEST(DirectoryPortal, ADialogThatEndsWithoutAnAnswerIsNotFollowedByAnother)
 {
-    const Portal portal(std::nullopt);
-    QWidget window;
-    window.show();
-    const auto asking = whenModal([&](QWidget *waiting) {
-        EXPECT_TRUE(waiting->testAttribute(Qt::WA_DontShowOnScreen));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !portal.title.isEmpty(); }));
-        waiting->close();
-    });
+    const Portal portal(Portal::Response{2});
     EXPECT_EQ(choose(), std::nullopt);
 }
 
 TEST(DirectoryPortal, OneThatEndsLeavesTheQuestionToTheProgramsOwnDialog)
 {
     auto portal = std::make_unique<Portal>(std::nullopt);
-    const auto asking = whenModal([&](QWidget *) {
+    meanwhile([&] {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !portal->title.isEmpty(); }));
         portal.reset();
     });
     expectOwnDialog();
 }
 
+TEST(DirectoryPortal, StartsAtHomeWithoutAFolder)
+{
+    const Portal portal(Portal::Response{1});
+    choose();
+    EXPECT_EQ(portal.options.value(u"current_folder"_s).toByteArray(),
+              QDir::homePath().toUtf8() + QByteArray(1, '\0'));
+}
+
+TEST(DirectoryPortal, TheContentTakesNoInputUntilTheAnswerAndHasTheFocusAgain)
+{
+    const Portal portal(std::nullopt);
+    AskingWindow asking;
+    meanwhile([&] {
+        QPushButton *cancel = asking.cancel();
+        ASSERT_NE(cancel, nullptr);
+        EXPECT_FALSE(asking.button->isEnabled());
+        EXPECT_TRUE(asking.window().isEnabled());
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "which keeps the window from being closed";
+        EXPECT_EQ(asking.window().focusWidget(), cancel);
+        cancel->click();
+    });
+    EXPECT_EQ(choose(), std::nullopt);
+    EXPECT_TRUE(asking.button->isEnabled());
+    EXPECT_EQ(asking.window().focusWidget(), asking.button);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return portal.request.closed == 1; }));
+}
+
+TEST(DirectoryPortal, TheContentSaysWhatIsAskedAndIsDimmed)
+{
+    const Portal portal(std::nullopt);
+    AskingWindow asking;
+    asking.content().setAutoFillBackground(true);
+    QPalette white;
+    white.setColor(QPalette::Window, Qt::white);
+    asking.content().setPalette(white);
+    meanwhile([&] {
+        QPushButton *cancel = asking.cancel();
+        ASSERT_NE(cancel, nullptr);
+        QWidget *cover = cancel->parentWidget();
+        EXPECT_EQ(cover->findChild<QLabel *>()->text(), u"Select the folder.");
+        EXPECT_EQ(cover->accessibleName(), u"Planning Project Folder");
+        EXPECT_EQ(cover->geometry(), asking.content().geometry());
+        EXPECT_LT(asking.window().grab().toImage().pixelColor(5, 5).lightness(), 128);
+        asking.window().resize(500, 350);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return cover->geometry() == asking.content().geometry(); }));
+        cancel->click();
+    });
+    choose();
+    EXPECT_EQ(asking.window().grab().toImage().pixelColor(5, 5), QColor(Qt::white));
+}
+
+TEST(DirectoryPortal, EscapeInTheWindowGivesTheQuestionUp)
+{
+    const Portal portal(std::nullopt);
+    AskingWindow asking;
+    meanwhile([&] { QTest::keyClick(asking.cancel(), Qt::Key_Escape); });
+    EXPECT_EQ(choose(), std::nullopt);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return portal.request.closed == 1; }));
+}
+
+TEST(DirectoryPortal, AnAnsweredRequestIsNotClosed)
+{
+    const Portal portal(Portal::Response{0, chosen(u"/plan"_s)});
+    EXPECT_EQ(choose(), u"/plan"_s);
+    auto later = QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s, portalObject,
+                                                u"org.freedesktop.DBus.Properties"_s, u"GetAll"_s);
+    later << u"org.freedesktop.portal.FileChooser"_s;
+    const QDBusMessage reply = QDBusConnection::sessionBus().call(later, QDBus::BlockWithGui);
+    ASSERT_EQ(reply.type(), QDBusMessage::ReplyMessage) << qPrintable(reply.errorMessage());
+    EXPECT_EQ(portal.request.closed, 0);
+}
+
+TEST(DirectoryPortal, OneThatIsStoppedIsGivenUpByTheUserAtOnce)
+{
+    const StoppedPortal portal;
+    AskingWindow asking;
+    bool otherDialog = false;
+    meanwhile([&] {
+        asking.cancel()->click();
+        otherDialog = QApplication::activeModalWidget() != nullptr;
+    });
+    EXPECT_EQ(choose(), std::nullopt);
+    EXPECT_FALSE(otherDialog);
+}
+
+TEST(DirectoryPortal, OneThatIsStoppedIsPassedOverAfterAWhile)
+{
+    const StoppedPortal portal;
+    expectOwnDialog();
+}
+
 TEST(DirectoryPortal, TheWindowMayGoWhileTheQuestionIsOpen)
 {
     const Portal portal(std::nullopt);
-    auto window = std::make_unique<QWidget>();
-    window->show();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    const auto asking = whenModal([&](QWidget *) { window.reset(); });
+    AskingWindow asking;
+    meanwhile([&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !portal.title.isEmpty(); }));
+        asking.close();
+    });
     EXPECT_EQ(choose(), std::nullopt);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return portal.request.closed == 1; }));
 }
 
 } // namespace

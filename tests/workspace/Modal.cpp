@@ -28,7 +28,7 @@ private:
         QWidget *dialog = QApplication::activeModalWidget();
         if (!dialog || !dialog->isVisible() || (m_counts && !m_counts(dialog)))
             return;
-        if (!dialog->isActiveWindow() && !dialog->testAttribute(Qt::WA_DontShowOnScreen))
+        if (!dialog->isActiveWindow())
             return; // the keyboard is not there yet
         m_timer.stop();
         m_answer(dialog);

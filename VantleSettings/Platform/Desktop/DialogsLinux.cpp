@@ -3,10 +3,14 @@
 #include "Platform/Desktop/detail/DirectoryPortal.h"
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Home.h"
+#include "Platform/Window/AccessibleRole.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
+#include <QLayout>
+#include <QMainWindow>
 #include <QPointer>
 #include <QSettings>
 
@@ -36,6 +40,23 @@ void keepNoRecord()
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
+/// Puts the message above the dialog's controls. The dialog of a theme has none of the toolkit's, nor a place
+/// for a message.
+void showMessage(QFileDialog &dialog, const QString &message)
+{
+    dialog.setAccessibleDescription(message);
+    if (!dialog.layout())
+        return;
+    auto *label = new QLabel(message, &dialog);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setContentsMargins(dialog.layout()->contentsMargins());
+    setAccessibleRole(label, QAccessible::StaticText);
+    label->setAccessibleName(message);
+    setDescribes(label, &dialog);
+    dialog.layout()->setMenuBar(label); // the one place above all rows that a layout has
+}
+
 /// The toolkit's dialog, or the one that its theme for this desktop brings along.
 std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
 {
@@ -46,12 +67,25 @@ std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setSupportedSchemes({QStringLiteral("file")}); // a desktop's dialog may offer the network, too
     dialog->setLabelText(QFileDialog::Accept, question.prompt);
-    dialog->setAccessibleDescription(question.message);
+    showMessage(*dialog, question.message);
     QString folder;
     if (accepted(dialog.data()))
         folder = dialog->selectedFiles().value(0);
     delete dialog;
     return folder.startsWith(u'/') ? std::optional(folder) : std::nullopt;
+}
+
+/// The window that a question is asked for: the active one, or the one there is when a touch or a screen
+/// reader asked without making it active.
+QMainWindow *askingWindow()
+{
+    if (auto *active = qobject_cast<QMainWindow *>(QApplication::activeWindow()))
+        return active;
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (auto *window = qobject_cast<QMainWindow *>(widget); window && window->isVisible())
+            return window;
+    }
+    return nullptr;
 }
 
 class ModalDialogs : public Dialogs
@@ -61,8 +95,7 @@ public:
     {
         DirectoryQuestion asked = question;
         asked.start = nearestExisting(question.start.value_or(homeDirectory().value_or(QDir::rootPath())));
-        const auto answer =
-            DirectoryPortal(QDBusConnection::sessionBus()).ask(asked, QApplication::activeWindow());
+        const auto answer = DirectoryPortal(QDBusConnection::sessionBus()).ask(asked, askingWindow());
         if (answer.outcome == DirectoryPortal::Outcome::unavailable)
             return chooseInOwnDialog(asked);
         if (answer.outcome == DirectoryPortal::Outcome::cancelled || answer.folder.isEmpty())

@@ -8,35 +8,45 @@ from gi.repository import Gio, GLib
 
 class BusService:
     """Answers under a bus name at one path, from a thread of its own. `called(method, arguments)` is told of each
-    call and may return an answer, `property(name)` answers for the properties."""
+    call and may return an answer, `property(name)` answers for the properties. `connection` is
+    its own to the bus, and `caller` the name there of who called last."""
 
     def __init__(self, name, path, interface, called=None, property=None):
         self._name, self._path = name, path
         self._interface = Gio.DBusNodeInfo.new_for_xml(interface).interfaces[0]
         self._called, self._property = called, property
+        self._context = GLib.MainContext.new()
+        self._loop = GLib.MainLoop.new(self._context, False)
         ready = threading.Event()
-        threading.Thread(target=self._serve, args=(ready,), daemon=True).start()
+        self._thread = threading.Thread(target=self._serve, args=(ready,), daemon=True)
+        self._thread.start()
         if not ready.wait(20):
             raise RuntimeError(f"{name} cannot be provided")
 
     def tell(self, signal, arguments):
         """Sends a signal to all who listen."""
-        self._connection.emit_signal(None, self._path, self._interface.name, signal, arguments)
+        self.connection.emit_signal(None, self._path, self._interface.name, signal, arguments)
+
+    def close(self):
+        """Gives the name up."""
+        self.connection.close_sync()
+        self._loop.quit()
+        self._thread.join()
 
     def _serve(self, ready):
-        context = GLib.MainContext.new()
-        context.push_thread_default()
+        self._context.push_thread_default()
         connection = Gio.DBusConnection.new_for_address_sync(
             os.environ["DBUS_SESSION_BUS_ADDRESS"],
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
-        self._connection = connection
+        self.connection = connection
         connection.register_object(self._path, self._interface, self._call, self._get, None)
         connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
                              GLib.Variant("(su)", (self._name, 4)), None, Gio.DBusCallFlags.NONE, -1)
         ready.set()
-        GLib.MainLoop.new(context, False).run()
+        self._loop.run()
 
-    def _call(self, _connection, _sender, _path, _interface, method, arguments, invocation):
+    def _call(self, _connection, sender, _path, _interface, method, arguments, invocation):
+        self.caller = sender
         answer = self._called(method, arguments.unpack())
         invocation.return_value(answer if isinstance(answer, GLib.Variant) else None)
 

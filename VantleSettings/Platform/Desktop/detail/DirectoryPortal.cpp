@@ -1,14 +1,17 @@
 #include "Platform/Desktop/detail/DirectoryPortal.h"
 
+#include "Platform/Desktop/detail/ContentCover.h"
+
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
-#include <QDialog>
 #include <QFile>
 #include <QGuiApplication>
+#include <QMainWindow>
+#include <QPointer>
 #include <QUrl>
 #include <QUuid>
 
@@ -26,12 +29,14 @@ const auto object = u"/org/freedesktop/portal/desktop"_s;
 const auto fileChooser = u"org.freedesktop.portal.FileChooser"_s;
 const auto requestInterface = u"org.freedesktop.portal.Request"_s;
 
-/// How the portal names a window that its dialog shall stay above; empty where it can't be named.
+/// How the portal names a window that its dialog shall stay above; empty where it can't be named. Under
+/// Wayland a window is named by the handle that the compositor exports for its surface, and the toolkit tells
+/// nobody but its own plugins, through headers that change with each of its versions, which surface that is.
 QString portalName(const QWidget *window)
 {
     if (!window || QGuiApplication::platformName() != u"xcb")
         return {};
-    return u"x11:"_s + QString::number(window->window()->winId(), 16);
+    return u"x11:"_s + QString::number(window->winId(), 16);
 }
 
 /// The object path of a request, by the rule that lets one listen before asking.
@@ -46,20 +51,25 @@ DirectoryPortal::DirectoryPortal(QDBusConnection bus) : m_bus(std::move(bus))
 {
 }
 
-DirectoryPortal::Answer DirectoryPortal::ask(const DirectoryQuestion &question, QWidget *parent)
+// No modal dialog keeps the input away, since that would keep the window from being closed, too.
+DirectoryPortal::Answer DirectoryPortal::ask(const DirectoryQuestion &question, QMainWindow *window)
 {
     if (!m_bus.isConnected())
         return {Outcome::unavailable};
     m_question = question;
-    m_parentWindow = portalName(parent);
-    m_waiting = new QDialog(parent);
-    m_waiting->setAttribute(Qt::WA_DontShowOnScreen);
-    m_waiting->setWindowTitle(question.title);
+    m_parentWindow = portalName(window);
+    QPointer<ContentCover> cover;
+    if (window && window->centralWidget()) {
+        cover = new ContentCover(*window, question.title, question.message);
+        connect(cover, &ContentCover::cancelled, this, [this] { finish({}); });
+        connect(window, &QObject::destroyed, this, [this] { finish({}); });
+    }
     askVersion();
-    m_waiting->exec();
-    delete m_waiting;
-    if (!m_answer)
-        closeDialog(); // the window has gone while the question was open
+    m_waiting.exec();
+    if (cover)
+        cover->lift();
+    delete cover;
+    closeDialog();
     return m_answer.value_or(Answer{});
 }
 
@@ -90,8 +100,7 @@ void DirectoryPortal::openDialog()
     listenTo(requestPath(m_bus, token));
     // A portal that ends takes its dialog along, and the answer would never come.
     auto *ending = new QDBusServiceWatcher(service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
-    connect(ending, &QDBusServiceWatcher::serviceUnregistered, this,
-            [this] { finish({Outcome::unavailable}); });
+    connect(ending, &QDBusServiceWatcher::serviceUnregistered, this, &DirectoryPortal::fail);
 
     auto call = QDBusMessage::createMethodCall(service, object, fileChooser, u"OpenFile"_s);
     call << m_parentWindow << m_question.title << options;
@@ -99,7 +108,7 @@ void DirectoryPortal::openDialog()
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<QDBusObjectPath> request = *watcher;
         if (request.isError())
-            finish({Outcome::unavailable});
+            fail();
         else if (request.value().path() != m_request)
             listenTo(request.value().path());
     });
@@ -113,14 +122,19 @@ void DirectoryPortal::listenTo(const QString &request)
 
 void DirectoryPortal::take(uint response, const QVariantMap &results)
 {
-    enum : uint { success, cancelled };
+    constexpr uint success = 0; // others say that the dialog was cancelled, closed, or could not be shown
     const QStringList uris = results.value(u"uris"_s).toStringList();
-    if (response == cancelled)
-        finish({Outcome::cancelled});
-    else if (response != success || uris.isEmpty())
-        finish({Outcome::unavailable});
-    else
+    m_request.clear();
+    if (response == success && !uris.isEmpty())
         finish({Outcome::chosen, QUrl(uris.constFirst()).toLocalFile()});
+    else
+        finish({});
+}
+
+void DirectoryPortal::fail()
+{
+    m_request.clear();
+    finish({Outcome::unavailable});
 }
 
 void DirectoryPortal::closeDialog()
@@ -131,7 +145,7 @@ void DirectoryPortal::closeDialog()
 
 void DirectoryPortal::finish(const Answer &answer)
 {
-    m_answer = answer;
-    if (m_waiting)
-        m_waiting->accept();
+    if (!m_answer)
+        m_answer = answer;
+    m_waiting.quit();
 }

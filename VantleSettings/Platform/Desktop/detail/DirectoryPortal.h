@@ -3,12 +3,11 @@
 #include "Platform/Desktop/Dialogs.h"
 
 #include <QDBusConnection>
+#include <QEventLoop>
 #include <QObject>
-#include <QPointer>
 #include <QVariantMap>
 
-class QDialog;
-class QWidget;
+class QMainWindow;
 
 /// The desktop's own folder dialog, which its portal service shows for any program that asks over D-Bus.
 class DirectoryPortal : public QObject
@@ -19,7 +18,7 @@ public:
     enum class Outcome {
         chosen,
         cancelled,
-        unavailable, ///< no portal, an old one, or one that can't show dialogs: ask another way
+        unavailable, ///< no portal, an old one, or one that refuses or ends: ask another way
     };
     struct Answer {
         Outcome outcome = Outcome::cancelled;
@@ -28,21 +27,23 @@ public:
 
     explicit DirectoryPortal(QDBusConnection bus);
 
-    /// Asks, once, and waits for the answer; meanwhile the program's windows take no input.
-    Answer ask(const DirectoryQuestion &question, QWidget *parent);
+    /// Asks, once, and waits for the answer; meanwhile the window's content, if there is a window, takes no
+    /// input. Closing the window gives the question up.
+    Answer ask(const DirectoryQuestion &question, QMainWindow *window);
 
 private:
     Q_SLOT void take(uint response, const QVariantMap &results);
     void askVersion();
     void openDialog();
     void listenTo(const QString &request);
+    void fail();
     void closeDialog();
     void finish(const Answer &answer);
 
     QDBusConnection m_bus;
     DirectoryQuestion m_question;
     QString m_parentWindow;
-    QString m_request;           ///< the object that stands for the question at the portal
-    QPointer<QDialog> m_waiting; ///< never seen; it keeps input from the program's windows
+    QString m_request; ///< the object that stands for the open question at the portal; empty when none is
+    QEventLoop m_waiting;
     std::optional<Answer> m_answer;
 };
