@@ -6,9 +6,13 @@
 #include "PageTest.h"
 #include "SettingsWindow/Sections/PlanningPathRow.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -211,6 +215,101 @@ TEST_F(PlanningSectionTest, AFolderChosenAfterThePageHasGoneIsNotTaken)
     dialogs.meanwhile = [this] { closePage(); };
     button(u"Choose planning root…"_s)->click();
     EXPECT_FALSE(homeFile(u".vantle/planning.json"_s));
+}
+
+class PlanningDropTest : public PlanningSectionTest
+{
+protected:
+    PlanningDropTest()
+    {
+        QDir().mkpath(root());
+        show<PlanningSection>();
+        row = page->findChild<PlanningPathRow *>();
+        EXPECT_TRUE(row->acceptDrops());
+    }
+
+    static std::unique_ptr<QMimeData> urls(const QList<QUrl> &dragged)
+    {
+        auto data = std::make_unique<QMimeData>();
+        data->setUrls(dragged);
+        return data;
+    }
+    static QUrl url(const QString &path) { return QUrl::fromLocalFile(path); }
+
+    /// Drags over the row and drops on it, as long as the row takes it, and returns what it says happens.
+    Qt::DropAction drop(const QMimeData &data,
+                        Qt::DropActions possible = Qt::CopyAction | Qt::LinkAction | Qt::MoveAction)
+    {
+        QDragEnterEvent enter(QPoint(5, 5), possible, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.setDropAction(Qt::MoveAction);
+        QCoreApplication::sendEvent(row, &enter);
+        if (!enter.isAccepted())
+            return Qt::IgnoreAction;
+        QDropEvent dropped(QPoint(5, 5), possible, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(row, &dropped);
+        turn();
+        return dropped.isAccepted() ? dropped.dropAction() : Qt::IgnoreAction;
+    }
+
+    QImage picture() const { return row->grab().toImage(); }
+
+    PlanningPathRow *row = nullptr;
+};
+
+TEST_F(PlanningDropTest, AFolderDroppedOnTheRowBecomesTheRoot)
+{
+    EXPECT_EQ(drop(*urls({url(root())})), Qt::LinkAction);
+    EXPECT_TRUE(shows(root()));
+    EXPECT_TRUE(homeFile(u".vantle/planning.json"_s)->contains("plan"));
+    EXPECT_EQ(posts.paths, QStringList{u"/settings/reload-planning"_s});
+}
+
+TEST_F(PlanningDropTest, ItsPathIsSpelledAsWhenItIsChosen)
+{
+    const QString folder = root() + u"/ä b#1"_s;
+    QDir().mkpath(folder);
+    drop(*urls({url(folder + u'/')}));
+    EXPECT_TRUE(shows(folder));
+}
+
+TEST_F(PlanningDropTest, TheFolderIsNeverMoved)
+{
+    EXPECT_EQ(drop(*urls({url(root())}), Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
+    posts.paths.clear();
+    EXPECT_EQ(drop(*urls({url(root())}), Qt::MoveAction), Qt::IgnoreAction);
+    EXPECT_TRUE(posts.paths.isEmpty());
+}
+
+TEST_F(PlanningDropTest, AnythingButOneFolderIsRefused)
+{
+    putHomeFile(u"plan/projects.toml"_s, "");
+    const auto text = std::make_unique<QMimeData>();
+    text->setText(root());
+    EXPECT_EQ(drop(*text), Qt::IgnoreAction);
+    EXPECT_EQ(drop(*urls({url(manifest())})), Qt::IgnoreAction) << "a file";
+    EXPECT_EQ(drop(*urls({url(root() + u"/gone"_s)})), Qt::IgnoreAction) << "nothing";
+    EXPECT_EQ(drop(*urls({url(root()), url(manifest())})), Qt::IgnoreAction) << "several things";
+    EXPECT_EQ(drop(*urls({QUrl(u"sftp://host"_s + root())})), Qt::IgnoreAction) << "elsewhere";
+    EXPECT_EQ(drop(*urls({QUrl(u"file://"_s + root() + u"%00"_s)})), Qt::IgnoreAction) << "no path";
+    EXPECT_FALSE(homeFile(u".vantle/planning.json"_s));
+    EXPECT_TRUE(posts.paths.isEmpty());
+}
+
+TEST_F(PlanningDropTest, TheRowShowsThatAFolderCanBeDropped)
+{
+    const QImage before = picture();
+    const auto folder = urls({url(root())});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::LinkAction, folder.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(row, &enter);
+    EXPECT_NE(picture(), before);
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(row, &leave);
+    EXPECT_EQ(picture(), before);
+
+    const auto nothing = urls({url(root() + u"/gone"_s)});
+    QDragEnterEvent other(QPoint(5, 5), Qt::LinkAction, nothing.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(row, &other);
+    EXPECT_EQ(picture(), before);
 }
 
 TEST_F(PlanningSectionTest, ClearRemovesTheRoot)

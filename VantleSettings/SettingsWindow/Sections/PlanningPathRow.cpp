@@ -2,19 +2,28 @@
 
 #include "Components/Buttons.h"
 #include "Components/Label.h"
+#include "Components/Painting.h"
 #include "Components/SidebarIcon.h"
 #include "Components/Tokens.h"
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Desktop/Dialogs.h"
+#include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/Workspace.h"
+#include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Path.h"
 #include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/AccessibleText.h"
 
+#include <QDropEvent>
 #include <QHBoxLayout>
+#include <QMimeData>
+#include <QPainter>
 #include <QPointer>
+#include <QUrl>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +32,7 @@ namespace
 
 constexpr int lineGap = 2;
 constexpr qreal revealSymbolSize = 11;
+constexpr float dropFillOpacity = 0.25F;
 
 bool isSet(const std::optional<QString> &root)
 {
@@ -42,6 +52,40 @@ std::optional<QString> subtitle(const std::optional<QString> &root)
     return folder.isEmpty() ? std::nullopt : std::optional(u"Selected folder: "_s + folder);
 }
 
+/// The folder that is dragged; nothing where it is a file, or one of several things, or on another machine.
+std::optional<QString> draggedFolder(const QMimeData &data)
+{
+    const QList<QUrl> dragged = data.urls();
+    if (dragged.size() != 1 || !dragged.constFirst().isLocalFile())
+        return std::nullopt;
+    const QString path = dragged.constFirst().adjusted(QUrl::StripTrailingSlash).toLocalFile();
+    return Seam<FileSystem>::current().isDirectory(path) ? std::optional(path) : std::nullopt;
+}
+
+/// What happens to the dragged folder: never a move, after which the program it came from could delete it.
+Qt::DropAction harmlessAction(Qt::DropActions possible)
+{
+    for (const Qt::DropAction action : {Qt::LinkAction, Qt::CopyAction}) {
+        if (possible & action)
+            return action;
+    }
+    return Qt::IgnoreAction;
+}
+
+/// Takes the drag or the drop of a folder on, and says which.
+std::optional<QString> accepted(QDropEvent &event)
+{
+    std::optional<QString> folder = draggedFolder(*event.mimeData());
+    const Qt::DropAction action = harmlessAction(event.possibleActions());
+    if (!folder || action == Qt::IgnoreAction) {
+        event.ignore();
+        return std::nullopt;
+    }
+    event.setDropAction(action);
+    event.accept();
+    return folder;
+}
+
 } // namespace
 
 PlanningPathRow::PlanningPathRow(SettingsModel &model, QWidget *parent)
@@ -50,6 +94,7 @@ PlanningPathRow::PlanningPathRow(SettingsModel &model, QWidget *parent)
       m_path(new ElidedLabel({}, TextStyle::size13Medium)),
       m_subtitle(new ElidedLabel({}, TextStyle::size11, TextColor::secondary))
 {
+    setAcceptDrops(true);
     auto *reveal = new IconButton({u"arrow.up.forward.app"_s, revealSymbolSize}, u"Reveal in Finder"_s);
     auto *clear = new PushButton(u"Clear"_s);
     clear->setAccessibleName(u"Clear planning root"_s);
@@ -109,4 +154,43 @@ void PlanningPathRow::chooseDirectory()
          .start = isSet(root) ? root : std::nullopt});
     if (folder && row)
         m_model.setPlanningRoot(folder);
+}
+
+void PlanningPathRow::dragEnterEvent(QDragEnterEvent *event)
+{
+    showDrop(accepted(*event).has_value());
+}
+
+void PlanningPathRow::dragMoveEvent(QDragMoveEvent *event)
+{
+    showDrop(accepted(*event).has_value());
+}
+
+void PlanningPathRow::dragLeaveEvent(QDragLeaveEvent *)
+{
+    showDrop(false);
+}
+
+void PlanningPathRow::dropEvent(QDropEvent *event)
+{
+    showDrop(false);
+    if (const std::optional<QString> folder = accepted(*event))
+        m_model.setPlanningRoot(folder);
+}
+
+void PlanningPathRow::showDrop(bool possible)
+{
+    if (std::exchange(m_showsDrop, possible) != possible)
+        update();
+}
+
+// The row is all of its card.
+void PlanningPathRow::paintEvent(QPaintEvent *)
+{
+    if (!m_showsDrop)
+        return;
+    QColor tint = accentColor();
+    tint.setAlphaF(dropFillOpacity);
+    QPainter painter(this);
+    fill(painter, continuousRectangle(rect(), Tokens::cardRadius), tint);
 }

@@ -5,7 +5,8 @@
 class ElidedLabel;
 class SettingsModel;
 
-/// The planning root, with what can be done about it: show it, clear it, choose another.
+/// The planning root, with what can be done about it: show it, clear it, choose another, in a dialog or by
+/// dropping a folder on the row.
 class PlanningPathRow : public QWidget
 {
     Q_OBJECT
@@ -13,9 +14,17 @@ class PlanningPathRow : public QWidget
 public:
     explicit PlanningPathRow(SettingsModel &model, QWidget *parent = nullptr);
 
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     void render();
     void chooseDirectory();
+    void showDrop(bool possible);
 
     SettingsModel &m_model;
     ElidedLabel *m_path;
@@ -23,4 +32,5 @@ private:
     QWidget *m_reveal;
     QWidget *m_clear;
     QWidget *m_choose;
+    bool m_showsDrop = false; ///< while a folder hovers over the row
 };
