@@ -1,10 +1,7 @@
-#include "AgentBridge/AgentBridge.h"
 #include "AppDelegate/SettingsAppDelegate.h"
 #include "Components/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
-#include "LaunchAgent/LaunchAgent.h"
 #include "Platform/Agent/SessionBus.h"
-#include "Platform/Desktop/Pasteboard.h"
 #include "Platform/Window/Application.h"
 #include "Platform/Window/OnlyProgram.h"
 #include "Platform/Window/QuitSignals.h"
@@ -37,8 +34,6 @@ int main()
     delegate.applicationDidFinishLaunching();
     followAppearance(); // the answer comes once the window is there
     Application::exec();
-    LaunchAgent::finish();
-    AgentBridge::finish();
-    Pasteboard::finish();
+    delegate.applicationWillTerminate();
     return 0;
 }

@@ -4,7 +4,6 @@
 #include "Platform/Agent/LoopbackPost.h"
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace
 {
@@ -24,7 +23,7 @@ void AgentBridge::fireAndForget(const QString &path)
     Seam<LoopbackPost>::current().post(url);
 }
 
-void AgentBridge::finish()
+void AgentBridge::finish(std::chrono::milliseconds limit)
 {
-    Seam<LoopbackPost>::current().finish(1500ms);
+    Seam<LoopbackPost>::current().finish(limit);
 }

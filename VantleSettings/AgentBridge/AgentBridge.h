@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <chrono>
+
 /// The one-way road to the running agent. Nothing is read back, and it makes no difference whether one
 /// listens.
 namespace AgentBridge
@@ -11,7 +13,7 @@ namespace AgentBridge
 void fireAndForget(const QString &path);
 
 /// Call once the window is gone and no event loop turns any more: gives what was posted last the time to
-/// reach the agent, at once where there is nothing or nobody to wait for, 1.5 seconds at most.
-void finish();
+/// reach the agent, no longer than this, and not at all where there is nothing or nobody to wait for.
+void finish(std::chrono::milliseconds limit);
 
 } // namespace AgentBridge

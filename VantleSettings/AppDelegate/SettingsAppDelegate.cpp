@@ -1,13 +1,21 @@
 #include "AppDelegate/SettingsAppDelegate.h"
 
+#include "AgentBridge/AgentBridge.h"
 #include "AppDelegate/MainMenu.h"
+#include "LaunchAgent/LaunchAgent.h"
 #include "Model/SettingsModel.h"
+#include "Platform/Desktop/Pasteboard.h"
 #include "Platform/Window/ApplicationMenu.h"
 #include "Platform/Window/OnlyProgram.h"
 #include "Platform/Window/WindowChrome.h"
 #include "SettingsWindow/SettingsWindowController.h"
 
+#include <QDeadlineTimer>
 #include <QPointer>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 SettingsAppDelegate::SettingsAppDelegate(QObject *parent) : QObject(parent)
 {
@@ -40,6 +48,14 @@ bool SettingsAppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows)
     if (!hasVisibleWindows && m_controller)
         m_controller->showWindow();
     return true;
+}
+
+void SettingsAppDelegate::applicationWillTerminate()
+{
+    const QDeadlineTimer end(900ms);
+    LaunchAgent::finish(300ms);
+    Pasteboard::finish(300ms);
+    AgentBridge::finish(std::chrono::milliseconds(end.remainingTime()));
 }
 
 void SettingsAppDelegate::dropController()

@@ -22,6 +22,10 @@ public:
     /// The running program was asked for again: brings its window back if none is visible. Always true.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
 
+    /// The event loop has ended: what was changed or copied last still gets where it belongs. Waits for less
+    /// than a second in all, and not at all when nothing is under way.
+    void applicationWillTerminate();
+
     /// The one window's controller; none before launching has finished and after the window has closed.
     SettingsWindowController *controller() const { return m_controller.get(); }
 

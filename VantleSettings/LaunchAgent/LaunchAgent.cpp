@@ -5,8 +5,6 @@
 
 #include <utility>
 
-using namespace std::chrono_literals;
-
 void LaunchAgent::isLoaded(Answer answer, std::chrono::milliseconds patience)
 {
     Seam<ServiceManager>::current().isLoaded(patience, std::move(answer));
@@ -22,7 +20,7 @@ void LaunchAgent::unload(Answer answer)
     Seam<ServiceManager>::current().unload(std::move(answer));
 }
 
-void LaunchAgent::finish()
+void LaunchAgent::finish(std::chrono::milliseconds limit)
 {
-    Seam<ServiceManager>::current().finish(900ms);
+    Seam<ServiceManager>::current().finish(limit);
 }

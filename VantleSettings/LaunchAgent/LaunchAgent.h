@@ -19,8 +19,8 @@ void load(Answer answer);
 /// Unloads the job; true when it is unloaded afterwards, false at once when there is no job file.
 void unload(Answer answer);
 
-/// For the end of the program: a change that is under way happens without it. Waits for less than a second,
-/// and not at all when there is none.
-void finish();
+/// For the end of the program: a change that is under way happens without it. Waits no longer than this, and
+/// not at all when there is none.
+void finish(std::chrono::milliseconds limit);
 
 } // namespace LaunchAgent

@@ -38,12 +38,12 @@ TEST(AgentBridge, TwoQuickPostsAreTwoRequests)
     EXPECT_EQ(posts.urls.size(), 2);
 }
 
-TEST(AgentBridge, GivesTheLastPostsASecondAndAHalfAtMost)
+TEST(AgentBridge, GivesTheLastPostsTheTimeThatThereIs)
 {
     RecordedPosts posts;
     const Seam<LoopbackPost>::Replacement replacement(posts);
-    AgentBridge::finish();
-    EXPECT_THAT(posts.finishes, testing::ElementsAre(1500ms));
+    AgentBridge::finish(700ms);
+    EXPECT_THAT(posts.finishes, testing::ElementsAre(700ms));
 }
 
 } // namespace

@@ -14,6 +14,7 @@
 #include <cstring>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::StartsWith;
 
@@ -71,7 +72,7 @@ TEST_F(AgentPort, IsWhereThePostsGo)
 {
     const FakeAgent agent(FakeAgent::Behaviour::answers, controlPort);
     AgentBridge::fireAndForget(u"/settings/clear-sessions"_s);
-    AgentBridge::finish();
+    AgentBridge::finish(1500ms);
     EXPECT_THAT(agent.requests(), ElementsAre(StartsWith("POST /settings/clear-sessions HTTP/1.1\r\n"
                                                          "Host: 127.0.0.1:18484\r\n")));
 }
@@ -79,10 +80,10 @@ TEST_F(AgentPort, IsWhereThePostsGo)
 TEST_F(AgentPort, WithNothingListeningEveryPostIsForgotten)
 {
     AgentBridge::fireAndForget(u"/settings/clear-sessions"_s);
-    AgentBridge::finish();
+    AgentBridge::finish(1500ms);
     const FakeAgent agent(FakeAgent::Behaviour::answers, controlPort);
     AgentBridge::fireAndForget(u"/settings/reload-planning"_s);
-    AgentBridge::finish();
+    AgentBridge::finish(1500ms);
     EXPECT_THAT(agent.requests(), ElementsAre(StartsWith("POST /settings/reload-planning ")));
 }
 
@@ -91,7 +92,7 @@ TEST_F(AgentPort, ItsListenerShowsTheAnnouncedFile)
     putHomeFile(u".vantle/typeface.json"_s, "{\n  \"name\" : \"system\"\n}");
     AgentListener listener;
     AgentBridge::fireAndForget(u"/settings/reload-typeface"_s);
-    AgentBridge::finish();
+    AgentBridge::finish(1500ms);
     EXPECT_EQ(listener.waitForText(u"}\n"_s), u"T  POST /settings/reload-typeface {}\n"
                                               "              ~/.vantle/typeface.json:\n"
                                               "              {\n"
@@ -103,7 +104,7 @@ TEST_F(AgentPort, ItsListenerShowsThatAnAnnouncedFileIsGone)
 {
     AgentListener listener;
     AgentBridge::fireAndForget(u"/settings/reload-planning"_s);
-    AgentBridge::finish();
+    AgentBridge::finish(1500ms);
     EXPECT_EQ(listener.waitForText(u"there\n"_s), u"T  POST /settings/reload-planning {}\n"
                                                   "              ~/.vantle/planning.json is not there\n"_s);
 }
@@ -112,7 +113,7 @@ TEST_F(AgentPort, ItsListenerShowsAnActionByItself)
 {
     AgentListener listener;
     AgentBridge::fireAndForget(u"/settings/uninstall-hooks"_s);
-    AgentBridge::finish();
+    AgentBridge::finish(1500ms);
     EXPECT_EQ(listener.waitForText(u"{}\n"_s), u"T  POST /settings/uninstall-hooks {}\n"_s);
 }
 

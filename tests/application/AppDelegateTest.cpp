@@ -12,7 +12,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -77,6 +81,31 @@ TEST_F(AppDelegate, AskedForAgainItLeavesAVisibleWindowAlone)
     EXPECT_TRUE(delegate.applicationShouldHandleReopen(true));
     settle();
     EXPECT_TRUE(delegate.controller()->window().isMinimized());
+}
+
+/// Each takes all the time that it is given.
+struct SlowEnd final : ServiceManager, LoopbackPost {
+    std::chrono::milliseconds total{0};
+
+    void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(false); }
+    void load(Answer answer) override { answer(false); }
+    void unload(Answer answer) override { answer(false); }
+    void post(const QUrl &) override {}
+    void finish(std::chrono::milliseconds limit) override
+    {
+        std::this_thread::sleep_for(limit);
+        total += limit;
+    }
+};
+
+TEST_F(AppDelegate, TheLastChangesHaveLessThanASecondInAll)
+{
+    SlowEnd slow;
+    const Seam<ServiceManager>::Replacement service(slow);
+    const Seam<LoopbackPost>::Replacement post(slow);
+    delegate.applicationWillTerminate();
+    EXPECT_GT(slow.total, 0ms);
+    EXPECT_LT(slow.total, 1s);
 }
 
 TEST(AppDelegateStart, WithoutAnyFontFileTheWindowOpensAllTheSame)

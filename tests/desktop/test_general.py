@@ -41,7 +41,8 @@ class LaunchAtLogin(DesktopCase):
         self.jobs.refuse()
         program = self.start()
         switch = program.click("check box", self.SWITCH)
-        self.expect(lambda: self.jobs.asked == self.LOADING, "it was not tried")
+        self.expect(lambda: self.jobs.asked == [*self.LOADING, f"--user disable {self.UNIT}"],
+                    lambda: f"asked: {self.jobs.asked}")
         self.expect(lambda: (switch, False) in self.desktop.accessibility.switched, "it does not say that it fell back")
         self.expect(lambda: f"{self.SWITCH} could not be changed" in self.desktop.accessibility.announced,
                     lambda: self.desktop.accessibility.announced)
@@ -73,7 +74,9 @@ class LaunchAtLogin(DesktopCase):
         self.expect(lambda: self.jobs.asked == self.LOADING, "it was not tried")
         program.press("ctrl+w")
         self.expect_end(program)
-        self.assertEqual(self.jobs.asked[2:], [f"--user enable --now --no-block {self.UNIT}"])
+        (left,) = self.jobs.asked[2:]
+        self.assertRegex(left, "^--user --no-block .*ExecStartPost=/[^ ]+/systemctl --user enable")
+        self.assertTrue(left.endswith(f"/systemctl --user start {self.UNIT}"), left)
         self.jobs.go_on()
         self.expect(lambda: len(self.jobs.ended) == len(self.jobs.asked), "the tool does not end by itself")
 

@@ -200,13 +200,13 @@ TEST(Launchctl, AtTheEndAChangeIsGivenTimeButNotMoreThanThat)
     makeSlowKeeper("load");
     Awaited<bool> answer;
     LaunchAgent::load(answer.take());
-    LaunchAgent::finish();
+    LaunchAgent::finish(900ms);
     EXPECT_EQ(homeFile(u"state"_s), std::nullopt);
     putHomeFile(u"go"_s, "");
     EXPECT_TRUE(answer.value());
     Awaited<bool> unloaded;
     LaunchAgent::unload(unloaded.take());
-    LaunchAgent::finish();
+    LaunchAgent::finish(900ms);
     EXPECT_EQ(homeFile(u"state"_s), std::nullopt) << "done before any event";
     EXPECT_TRUE(unloaded.value());
 }

@@ -1,3 +1,4 @@
+#include "ChildProcess.h"
 #include "Job.h"
 #include "Platform/Agent/detail/ToolRun.h"
 #include "Platform/Agent/detail/UnitFolders.h"
@@ -7,12 +8,14 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
 
 const QString unit = u"com.vantle.agent.service"_s;
 const QByteArray harmless = "ExecStart=/bin/sleep infinity\n";
+const QByteArray untilToldTo = "ExecStartPre=/bin/sh -c 'until test -e %t/go; do sleep 0.05; done'\n";
 
 /// The folder of the variable's base in which units lie.
 QString units(const char *variable)
@@ -33,6 +36,11 @@ bool comesToBe(const QByteArray &state)
     return QTest::qWaitFor([&] { return systemctl({u"is-active"_s, unit}) == state; }, 60000);
 }
 
+bool comesToBeEnabled(const QByteArray &state)
+{
+    return QTest::qWaitFor([&] { return systemctl({u"is-enabled"_s, unit}) == state; }, 60000);
+}
+
 /// Beside a systemd that knows no unit of ours yet.
 struct SystemdTest : testing::Test {
     SystemdTest()
@@ -47,6 +55,7 @@ struct SystemdTest : testing::Test {
         systemctl({u"disable"_s, u"--now"_s, unit});
         if (!m_file.isEmpty())
             QFile::remove(m_file);
+        QFile::remove(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/go"_s);
         systemctl({u"daemon-reload"_s});
         systemctl({u"reset-failed"_s});
     }
@@ -59,6 +68,13 @@ struct SystemdTest : testing::Test {
         file.write("[Service]\n" + service + "[Install]\nWantedBy=default.target\n");
         file.close();
         systemctl({u"daemon-reload"_s});
+    }
+
+    /// Lets a unit go on that waits until it is told to.
+    static void tellToGoOn()
+    {
+        QFile file(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/go"_s);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     }
 
     QString m_file; ///< the installed unit
@@ -122,6 +138,14 @@ TEST_F(SystemdTest, AUnitThatFailsToStartIsNeitherLoadedNorEnabled)
     EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "disabled");
 }
 
+TEST_F(SystemdTest, AUnitThatWasEnabledAndFailsToStartIsEnabledNoMore)
+{
+    install("ExecStartPre=/bin/false\n" + harmless);
+    systemctl({u"enable"_s, unit});
+    EXPECT_FALSE(Job::load());
+    EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "disabled");
+}
+
 TEST_F(SystemdTest, AUnitThatIsNeverReadyKeepsNobodyWaiting)
 {
     install("Type=notify\nTimeoutStartSec=2\n" + harmless);
@@ -155,13 +179,36 @@ TEST_F(SystemdTest, AChangeOfTheUnitsFileIsSeen)
     EXPECT_TRUE(Job::load());
 }
 
+/// A program that ends as soon as it has been told to load the job.
+bool endsWhileLoading()
+{
+    return inChildProcess([] {
+        LaunchAgent::load([](bool) {});
+        LaunchAgent::finish(900ms);
+        return true;
+    });
+}
+
 TEST_F(SystemdTest, AnEndMeanwhileLosesNoLoading)
 {
-    install("Type=notify\nTimeoutStartSec=infinity\n" + harmless);
-    LaunchAgent::load([](bool) {});
-    LaunchAgent::finish();
+    install(untilToldTo + harmless);
+    ASSERT_TRUE(endsWhileLoading());
     EXPECT_TRUE(comesToBe("activating"));
-    EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "enabled");
+    EXPECT_EQ(systemctl({u"is-enabled"_s, unit}), "disabled") << "it has not started yet";
+    tellToGoOn();
+    EXPECT_TRUE(comesToBe("active"));
+    EXPECT_TRUE(comesToBeEnabled("enabled"));
+}
+
+TEST_F(SystemdTest, AStartThatFailsAfterTheEndDoesNotStayEnabled)
+{
+    install(untilToldTo + "ExecStartPre=/bin/false\n" + harmless);
+    systemctl({u"enable"_s, unit});
+    ASSERT_TRUE(endsWhileLoading());
+    EXPECT_TRUE(comesToBe("activating"));
+    tellToGoOn();
+    EXPECT_TRUE(comesToBe("failed"));
+    EXPECT_TRUE(comesToBeEnabled("disabled"));
 }
 
 TEST_F(SystemdTest, AnEndMeanwhileLosesNoUnloading)
@@ -169,7 +216,7 @@ TEST_F(SystemdTest, AnEndMeanwhileLosesNoUnloading)
     install("ExecStop=/bin/sleep infinity\nTimeoutStopSec=infinity\n" + harmless);
     ASSERT_TRUE(Job::load());
     LaunchAgent::unload([](bool) {});
-    LaunchAgent::finish();
+    LaunchAgent::finish(900ms);
     EXPECT_TRUE(comesToBe("deactivating"));
 }
 

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <chrono>
+
 /// The desktop's clipboard.
 class Pasteboard
 {
@@ -14,9 +16,9 @@ public:
 
     static Pasteboard &system();
 
-    /// For the end of the program: what was copied is handed to the desktop's clipboard manager. Waits for
-    /// half a second at most, and not at all where there is nothing to hand over or nobody to take it.
-    static void finish();
+    /// For the end of the program: what was copied is handed to the desktop's clipboard manager. Waits no
+    /// longer than this, and not at all where there is nothing to hand over or nobody to take it.
+    static void finish(std::chrono::milliseconds limit);
 
 protected:
     Pasteboard() = default;

@@ -24,4 +24,4 @@ Pasteboard &Pasteboard::system()
     return pasteboard;
 }
 
-void Pasteboard::finish() {} // the system has kept it since it was copied
+void Pasteboard::finish(std::chrono::milliseconds) {} // the system has kept it since it was copied

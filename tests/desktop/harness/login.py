@@ -7,17 +7,19 @@ from gi.repository import GLib
 
 from .service import BusService
 
-_TOOL = pathlib.Path("/usr/bin/systemctl")
-_LATER_TOOL = pathlib.Path("/run/current-system/sw/bin/systemctl")
+_TOOLS = ("systemctl", "systemd-run")
+_FOLDER = pathlib.Path("/usr/bin")
+_LATER_FOLDER = pathlib.Path("/run/current-system/sw/bin")
 _UNIT = "/org/freedesktop/systemd1/unit/com_2evantle_2eagent_2eservice"
 _INTERFACE = """<node><interface name="org.freedesktop.systemd1.Unit">
 <property name="ActiveState" type="s" access="read"/></interface></node>"""
 _SCRIPT = """#!/bin/sh
 echo "$*" >>{folder}/asked
 trap 'echo "$*" >>{folder}/ended' EXIT
+case "$0" in *systemd-run) exit;; esac
 case "$*" in *" start "*|*" stop "*) until ! test -e {folder}/slow; do sleep 0.01; done;; esac
 test -e {folder}/unwilling && exit 1
-case "$*" in *--now*|*" start "*) echo active >{folder}/state;; *" stop "*) echo inactive >{folder}/state;; esac
+case "$*" in *" start "*) echo active >{folder}/state;; *" stop "*) echo inactive >{folder}/state;; esac
 """
 
 
@@ -27,7 +29,7 @@ def answer_for_the_job(state):
 
 
 class LoginJobs:
-    """Needs a mount namespace of its own: the stand-in lies over the system's tool there."""
+    """Needs a mount namespace of its own: the stand-ins lie over the system's tools there."""
 
     def __init__(self, folder):
         self._folder = pathlib.Path(folder)
@@ -36,12 +38,15 @@ class LoginJobs:
         script = self._folder / "systemctl"
         script.write_text(_SCRIPT.format(folder=self._folder))
         script.chmod(0o755)
-        if not _TOOL.exists():
+        places = [_FOLDER / tool for tool in _TOOLS]
+        if not all(place.exists() for place in places):
             subprocess.run(["mount", "-t", "tmpfs", "tmpfs", "/run"], check=True)
-            _LATER_TOOL.parent.mkdir(parents=True)
-            _LATER_TOOL.touch()
-        place = _TOOL if _TOOL.exists() else _LATER_TOOL
-        subprocess.run(["mount", "--bind", str(script), str(place)], check=True)
+            _LATER_FOLDER.mkdir(parents=True)
+            places = [_LATER_FOLDER / tool for tool in _TOOLS]
+            for place in places:
+                place.touch()
+        for place in places:
+            subprocess.run(["mount", "--bind", str(script), str(place)], check=True)
         answer_for_the_job(lambda: self.state)
 
     def forget(self):

@@ -15,7 +15,6 @@
 #include <QDBusVariant>
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <utility>
 
@@ -58,31 +57,66 @@ bool saysLoaded(const QDBusMessage &answer)
     return state == u"active" || state == u"activating" || state == u"reloading";
 }
 
-/// Runs the tool for the user's systemd, then calls `then`: at once when there is no such tool, and it
-/// returns null.
-ToolRun *runTool(const QStringList &arguments, std::function<void()> then)
+/// Where systemd's tool of this name is; empty where there is none.
+QString toolPath(const QString &name)
 {
-    const std::array places{u"/usr/bin/systemctl"_s, u"/bin/systemctl"_s,
-                            u"/run/current-system/sw/bin/systemctl"_s};
-    const auto *const tool = std::ranges::find_if(
-        places, [](const QString &path) { return Seam<FileSystem>::current().exists(path); });
-    if (tool == places.end()) {
+    for (const QString &folder : {u"/usr/bin/"_s, u"/bin/"_s, u"/run/current-system/sw/bin/"_s}) {
+        if (Seam<FileSystem>::current().exists(folder + name))
+            return folder + name;
+    }
+    return {};
+}
+
+/// Runs this command, then calls `then`: at once when its tool is not there, and it returns null.
+ToolRun *run(const QStringList &command, std::function<void()> then)
+{
+    if (command.first().isEmpty()) {
         then();
         return nullptr;
     }
-    return ToolRun::silent(*tool, QStringList{u"--user"_s} + arguments,
+    return ToolRun::silent(command.first(), command.sliced(1),
                            [then = std::move(then)](const auto &) { then(); });
+}
+
+/// The command to the user's systemd.
+QStringList systemctl(const QStringList &arguments)
+{
+    return QStringList{toolPath(u"systemctl"_s), u"--user"_s} + arguments;
+}
+
+/// Has systemd itself start the unit and enable it once it has started. A unit that was enabled before is not
+/// while it starts, so that it is not when the start fails. Disabling also makes systemd read the unit's
+/// file.
+QStringList startInBackground()
+{
+    const auto property = [](const QString &name, const QStringList &command) {
+        return u"--property="_s + name + u'=' + command.join(u' ');
+    };
+    return QStringList{toolPath(u"systemd-run"_s),
+                       u"--user"_s,
+                       u"--no-block"_s,
+                       u"--collect"_s,
+                       u"--quiet"_s,
+                       u"--property=Type=oneshot"_s,
+                       property(u"ExecStartPre"_s, systemctl({u"disable"_s, unit()})),
+                       property(u"ExecStartPost"_s, systemctl({u"enable"_s, unit()}))} +
+           systemctl({u"start"_s, unit()});
+}
+
+/// Whether there is a bus on which systemd can be asked; an asynchronous call to another would never come
+/// back.
+bool canAsk()
+{
+    return hasSessionBus() && QDBusConnection::sessionBus().isConnected();
 }
 
 } // namespace
 
 void SystemdServiceManager::isLoaded(std::chrono::milliseconds patience, Answer answer)
 {
-    if (!hasSessionBus())
+    if (!canAsk())
         return answer(false);
     const auto bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) // an asynchronous call would never come back
-        return answer(false);
     if (patience > 0ms) {
         const QDBusMessage reply = bus.call(stateQuestion(), QDBus::Block, int(patience.count()));
         if (reply.errorName() != QDBusError::errorString(QDBusError::NoReply))
@@ -97,22 +131,23 @@ void SystemdServiceManager::isLoaded(std::chrono::milliseconds patience, Answer 
                      });
 }
 
-/// Enabled only once it has started: a start that fails leaves the next login as it was.
+/// Enabled once it has started, and disabled where it has not: what the switch shows is what the next login
+/// does.
 void SystemdServiceManager::load(Answer answer)
 {
     if (!hasJobFile())
         return answer(false);
-    m_queued = QStringList{u"enable"_s, u"--now"_s, u"--no-block"_s, unit()};
+    m_inBackground = startInBackground();
     const auto finished = [this, answer = std::move(answer)](bool loaded) {
-        m_queued.clear();
+        m_inBackground.clear();
         answer(loaded);
     };
-    const auto enable = [=] { runTool({u"enable"_s, unit()}, [=] { finished(true); }); };
-    const auto check = [=, this] {
-        isLoaded(0ms, [=](bool loaded) { loaded ? enable() : finished(false); });
+    const auto store = [=](bool loaded) {
+        run(systemctl({loaded ? u"enable"_s : u"disable"_s, unit()}), [=] { finished(loaded); });
     };
-    const auto start = [=] { runTool({u"start"_s, unit()}, check); };
-    runTool({u"daemon-reload"_s}, start); // the unit's file may be newer than what systemd knows of it
+    const auto check = [=, this] { canAsk() ? isLoaded(0ms, store) : finished(false); };
+    const auto start = [=] { run(systemctl({u"start"_s, unit()}), check); };
+    run(systemctl({u"daemon-reload"_s}), start); // the unit's file may be newer than what systemd knows of it
 }
 
 /// Stopped but not disabled: the next login starts it again.
@@ -120,18 +155,18 @@ void SystemdServiceManager::unload(Answer answer)
 {
     if (!hasJobFile())
         return answer(false);
-    m_queued = QStringList{u"stop"_s, u"--no-block"_s, unit()};
+    m_inBackground = systemctl({u"stop"_s, u"--no-block"_s, unit()});
     const auto finished = [this, answer = std::move(answer)](bool loaded) {
-        m_queued.clear();
+        m_inBackground.clear();
         answer(!loaded);
     };
-    runTool({u"stop"_s, unit()}, [=, this] { isLoaded(0ms, finished); });
+    run(systemctl({u"stop"_s, unit()}), [=, this] { isLoaded(0ms, finished); });
 }
 
 void SystemdServiceManager::finish(std::chrono::milliseconds limit)
 {
-    if (m_queued.isEmpty())
+    if (m_inBackground.isEmpty())
         return;
-    if (auto *run = runTool(m_queued, [] {}))
-        run->waitForFinished(int(limit.count()));
+    if (auto *tool = run(m_inBackground, [] {}))
+        tool->waitForFinished(int(limit.count()));
 }

@@ -15,5 +15,5 @@ public:
     void finish(std::chrono::milliseconds limit) override;
 
 private:
-    QStringList m_queued; ///< while a change is under way: what leaves it to systemd alone
+    QStringList m_inBackground; ///< while a change is under way: the command that leaves it to systemd alone
 };
