@@ -15,14 +15,7 @@
 namespace
 {
 
-constexpr auto radiusProperty = "vantleCornerRadius";
 constexpr auto frameProperty = "vantleFocusFrame";
-
-qreal cornerRadius(const QWidget &control)
-{
-    const QVariant chosen = control.property(radiusProperty);
-    return chosen.isValid() ? chosen.toReal() : Tokens::buttonRadius;
-}
 
 /// What the ring goes around when this control has the focus; null for none.
 QWidget *ringed(QWidget *control)
@@ -47,7 +40,7 @@ protected:
         const qreal width = Tokens::focusRingWidth;
         const QRectF outer = rect();
         const QRectF inner = outer.adjusted(width, width, -width, -width);
-        const qreal radius = cornerRadius(*widget());
+        constexpr qreal radius = Tokens::buttonRadius;
         const bool round = radius * 2 >= inner.height();
         const QPainterPath outside = round ? capsule(outer) : continuousRectangle(outer, radius + width);
         const QPainterPath inside = round ? capsule(inner) : continuousRectangle(inner, radius);
@@ -63,11 +56,6 @@ protected:
 FocusRing::FocusRing(QApplication &application) : QObject(&application)
 {
     application.installEventFilter(this);
-}
-
-void FocusRing::setCornerRadius(QWidget *control, qreal radius)
-{
-    control->setProperty(radiusProperty, radius);
 }
 
 void FocusRing::setFrame(QWidget *control, QWidget *frame)

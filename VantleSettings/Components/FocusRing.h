@@ -15,9 +15,6 @@ class FocusRing : public QObject
 public:
     explicit FocusRing(QApplication &application);
 
-    /// Rounds the ring around a control whose own corners have this radius; buttons need not say so.
-    static void setCornerRadius(QWidget *control, qreal radius);
-
     /// Puts the ring around `frame`, which holds the control and is what the eye takes for it.
     static void setFrame(QWidget *control, QWidget *frame);
 

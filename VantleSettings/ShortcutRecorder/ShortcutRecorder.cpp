@@ -89,7 +89,6 @@ ShortcutRecorder::ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWi
 
 void ShortcutRecorder::setCombo(const KeyCombo &combo)
 {
-    m_combo = combo;
     m_comboText = shown(combo);
     m_spokenCombo = spoken(combo);
     changeAccessibleDescription(this, shownText());

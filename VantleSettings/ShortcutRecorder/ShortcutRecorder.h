@@ -44,7 +44,6 @@ private:
     void changeOver();
     void setShare(qreal recordingShare);
 
-    KeyCombo m_combo;
     QString m_comboText;
     QString m_spokenCombo;
     ShortcutRecording m_recording;

@@ -50,20 +50,4 @@ TEST(SectionContent, DrawsWhenMadeWhenShownAndAfterEachChange)
     EXPECT_EQ(drawn, 3);
 }
 
-TEST(SectionContent, TellsWhenItGoesOutOfView)
-{
-    QStackedWidget window;
-    auto *page = new SectionContent;
-    window.addWidget(page);
-    window.addWidget(new QWidget);
-    int hidden = 0;
-    QObject::connect(page, &SectionContent::hidden, [&] { ++hidden; });
-    window.show();
-    window.setCurrentIndex(1);
-    EXPECT_EQ(hidden, 1);
-    window.setCurrentIndex(0);
-    window.hide();
-    EXPECT_EQ(hidden, 2);
-}
-
 } // namespace

@@ -33,12 +33,9 @@ public:
 Q_SIGNALS:
     /// The page has come into view, or is about to for the first time.
     void shown();
-    /// The page has gone out of view: another one was chosen, or the window closed.
-    void hidden();
 
 protected:
     void showEvent(QShowEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
 
 private:
     QVBoxLayout *m_groups;
