@@ -19,9 +19,9 @@ std::unique_ptr<KeyboardLayout> systemLayout()
     const QString platform = QCoreApplication::instance()->property("platformName").toString();
     std::unique_ptr<KeyboardLayout> layout;
     if (platform == u"xcb"_s)
-        layout = X11KeyboardLayout::connect();
+        layout = X11KeyboardLayout::create();
     else if (platform.startsWith(u"wayland"_s))
-        layout = WaylandKeyboardLayout::connect();
+        layout = WaylandKeyboardLayout::create();
     return layout ? std::move(layout) : std::make_unique<USKeyboardLayout>();
 }
 

@@ -72,7 +72,7 @@ void WaylandKeyboardLayout::Destroy::operator()(wl_keyboard *keyboard) const
     wl_keyboard_destroy(keyboard);
 }
 
-std::unique_ptr<WaylandKeyboardLayout> WaylandKeyboardLayout::connect()
+std::unique_ptr<WaylandKeyboardLayout> WaylandKeyboardLayout::create()
 {
     Display display(wl_display_connect(nullptr));
     if (!display)

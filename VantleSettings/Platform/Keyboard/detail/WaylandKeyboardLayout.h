@@ -20,7 +20,7 @@ class WaylandKeyboardLayout : public KeyboardLayout
 
 public:
     /// Nothing where no compositor answers.
-    static std::unique_ptr<WaylandKeyboardLayout> connect();
+    static std::unique_ptr<WaylandKeyboardLayout> create();
 
     std::optional<QString> printedText(std::uint16_t virtualKeyCode) override;
 

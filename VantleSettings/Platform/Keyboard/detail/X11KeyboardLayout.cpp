@@ -29,7 +29,7 @@ constexpr std::uint16_t groupParts = XCB_XKB_STATE_PART_GROUP_STATE;
 
 } // namespace
 
-std::unique_ptr<X11KeyboardLayout> X11KeyboardLayout::connect()
+std::unique_ptr<X11KeyboardLayout> X11KeyboardLayout::create()
 {
     Connection connection(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(connection.get()))

@@ -18,7 +18,7 @@ class X11KeyboardLayout : public KeyboardLayout
 
 public:
     /// Nothing where no server with the keyboard extension answers.
-    static std::unique_ptr<X11KeyboardLayout> connect();
+    static std::unique_ptr<X11KeyboardLayout> create();
 
     std::optional<QString> printedText(std::uint16_t virtualKeyCode) override;
 
