@@ -238,10 +238,6 @@ void SettingsStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *
         return drawPanel(*painter, option->rect, menuRadius);
     case PE_PanelTipLabel:
         return drawPanel(*painter, option->rect, Tokens::toolTipRadius);
-    case PE_Frame:
-        if (qobject_cast<const QPlainTextEdit *>(widget))
-            return StyleDrawing::drawEditorFrame(*painter, option->rect);
-        return QProxyStyle::drawPrimitive(element, option, painter, widget);
     case PE_FrameMenu:
     case PE_PanelMenuBar:
         return;

@@ -30,6 +30,12 @@ QColor background(QStyle::State state)
     return Tokens::buttonBackground;
 }
 
+void dimIfDisabled(QPainter &painter, const QStyleOption &option)
+{
+    if (!(option.state & QStyle::State_Enabled))
+        painter.setOpacity(painter.opacity() * disabledOpacity);
+}
+
 bool isDefault(const QStyleOptionButton &option)
 {
     return option.features & QStyleOptionButton::DefaultButton && option.state & QStyle::State_Enabled;
@@ -93,8 +99,7 @@ void StyleDrawing::drawButtonBevel(QPainter &painter, const QStyleOptionButton &
     if (option.features & QStyleOptionButton::Flat)
         return;
     painter.save();
-    if (!(option.state & QStyle::State_Enabled))
-        painter.setOpacity(painter.opacity() * disabledOpacity);
+    dimIfDisabled(painter, option);
     const QColor color = isDefault(option) ? accentBackground(option.state) : background(option.state);
     fill(painter, continuousRectangle(option.rect, Tokens::buttonRadius), color);
     painter.restore();
@@ -103,8 +108,7 @@ void StyleDrawing::drawButtonBevel(QPainter &painter, const QStyleOptionButton &
 void StyleDrawing::drawButtonLabel(QPainter &painter, const QStyleOptionButton &option)
 {
     painter.save();
-    if (!(option.state & QStyle::State_Enabled))
-        painter.setOpacity(painter.opacity() * disabledOpacity);
+    dimIfDisabled(painter, option);
     painter.setPen(isDefault(option) ? QColor(Qt::white) : textColor(TextColor::primary));
     const int icon = option.icon.isNull() ? 0 : option.iconSize.width() + iconGap;
     const int text = option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width();
@@ -143,8 +147,7 @@ QRect StyleDrawing::pickerPopup(const QStyleOption &option)
 void StyleDrawing::drawPicker(QPainter &painter, const QStyleOptionComboBox &option)
 {
     painter.save();
-    if (!(option.state & QStyle::State_Enabled))
-        painter.setOpacity(painter.opacity() * disabledOpacity);
+    dimIfDisabled(painter, option);
     const QStyle::State pressed = option.state & (QStyle::State_On | QStyle::State_Sunken);
     const QStyle::State state = option.state | (pressed ? QStyle::State_Sunken : QStyle::State_None);
     fill(painter, continuousRectangle(option.rect, Tokens::buttonRadius), background(state));
@@ -157,18 +160,10 @@ void StyleDrawing::drawPicker(QPainter &painter, const QStyleOptionComboBox &opt
 void StyleDrawing::drawPickerLabel(QPainter &painter, const QStyleOptionComboBox &option)
 {
     painter.save();
-    if (!(option.state & QStyle::State_Enabled))
-        painter.setOpacity(painter.opacity() * disabledOpacity);
+    dimIfDisabled(painter, option);
     const QRect text = pickerText(option);
     painter.setPen(textColor(TextColor::primary));
     painter.drawText(text, int(QStyle::visualAlignment(option.direction, Qt::AlignLeft) | Qt::AlignVCenter),
                      option.fontMetrics.elidedText(option.currentText, Qt::ElideMiddle, text.width()));
     painter.restore();
-}
-
-void StyleDrawing::drawEditorFrame(QPainter &painter, const QRect &rect)
-{
-    QColor field = Tokens::quaternaryFill;
-    field.setAlphaF(field.alphaF() / 2);
-    fill(painter, continuousRectangle(rect, Tokens::buttonRadius), field);
 }

@@ -25,9 +25,6 @@ QRect pickerPopup(const QStyleOption &option);
 void drawPicker(QPainter &painter, const QStyleOptionComboBox &option);
 void drawPickerLabel(QPainter &painter, const QStyleOptionComboBox &option);
 
-/// The field of a text editor.
-void drawEditorFrame(QPainter &painter, const QRect &rect);
-
 /// The rounded panel under menus, pop-ups of pickers and tooltips.
 void drawPanel(QPainter &painter, const QRect &rect, qreal radius);
 constexpr int menuMargin = 5;

@@ -11,11 +11,11 @@
 #include "Components/Switch.h"
 #include "Components/Tokens.h"
 #include "Platform/Desktop/Symbol.h"
+#include "SettingsWindow/Sections/ProjectRow.h"
 
 #include <QDir>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QPlainTextEdit>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -159,9 +159,10 @@ SettingsGroup *texts()
 
 SettingsGroup *editor()
 {
-    auto *text = new QPlainTextEdit(u"https://example.com/*\nhttps://*.example.org/board/*"_s);
-    text->setFixedHeight(70);
-    return new SettingsGroup({.header = u"Text editor"_s}, {padded(text)});
+    return new SettingsGroup({.header = u"Text editor"_s},
+                             {new ProjectRow({.root = u"/home/demo/alpha"_s,
+                                              .urls = u"https://example.com/*\n"
+                                                      "https://*.example.org/board/*"_s})});
 }
 
 SettingsGroup *tiles()
