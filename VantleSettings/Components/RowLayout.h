@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Components/Tokens.h"
+
+#include <initializer_list>
+
+class QHBoxLayout;
+class QLayout;
+class QVBoxLayout;
+class QWidget;
+
+/// Lays out a row with a tile: the tile, the texts beside it, and the controls at the trailing end. Has a
+/// row's margins; the caller installs it.
+QHBoxLayout *rowLayout(QWidget *tile, QLayout *texts, std::initializer_list<QWidget *> controls = {});
+
+/// Lays out the texts of a row one below the other.
+QVBoxLayout *rowTexts(std::initializer_list<QWidget *> texts);
+
+/// The height of such a row in pixels when it has a title and a subtitle of one line each.
+int rowHeight(TextStyle title, TextStyle subtitle);
