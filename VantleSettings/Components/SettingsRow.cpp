@@ -1,6 +1,7 @@
 #include "Components/SettingsRow.h"
 
 #include "Components/Label.h"
+#include "Components/RowLayout.h"
 #include "Components/SidebarIcon.h"
 #include "Components/Tokens.h"
 #include "Platform/Window/AccessibleRole.h"
@@ -13,7 +14,6 @@ namespace
 {
 
 constexpr int subtitleLines = 2;
-constexpr int lineGap = 2; ///< between title and subtitle
 constexpr int dividerInset = Tokens::rowPadding + Tokens::iconTile + Tokens::rowSpacing;
 
 } // namespace
@@ -24,19 +24,11 @@ SettingsRow::SettingsRow(const Content &content, QWidget *parent)
       m_accessory(content.accessory)
 {
     auto *title = new ElidedLabel(content.title, TextStyle::size13Medium);
-    auto *texts = new QVBoxLayout;
-    texts->setSpacing(lineGap);
+    auto *texts = rowTexts({title, m_subtitle});
+    texts->insertStretch(0);
     texts->addStretch();
-    texts->addWidget(title);
-    texts->addWidget(m_subtitle);
-    texts->addStretch();
-
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
-                               Tokens::rowPaddingVertical);
-    layout->setSpacing(Tokens::rowSpacing);
-    layout->addWidget(new SidebarIcon(content.icon, content.tint), 0, Qt::AlignVCenter);
-    layout->addLayout(texts, 1);
+    auto *layout = rowLayout(new SidebarIcon(content.icon, content.tint), texts);
+    setLayout(layout);
     if (m_accessory != nullptr) {
         layout->addWidget(m_accessory, 0, Qt::AlignVCenter);
         title->setBuddy(m_accessory);

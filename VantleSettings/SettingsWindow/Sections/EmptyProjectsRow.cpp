@@ -1,6 +1,7 @@
 #include "SettingsWindow/Sections/EmptyProjectsRow.h"
 
 #include "Components/Label.h"
+#include "Components/RowLayout.h"
 #include "Components/SidebarIcon.h"
 #include "Components/Tokens.h"
 
@@ -12,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int paddingVertical = 14;
-constexpr int lineGap = 2;
 } // namespace
 
 EmptyProjectsRow::EmptyProjectsRow(QWidget *parent)
@@ -21,16 +21,10 @@ EmptyProjectsRow::EmptyProjectsRow(QWidget *parent)
       m_title(new Label({}, TextStyle::size13Medium)),
       m_text(new WrappedLabel({}, TextStyle::size11, TextColor::secondary))
 {
-    auto *texts = new QVBoxLayout;
-    texts->setSpacing(lineGap);
-    texts->addWidget(m_title);
-    texts->addWidget(m_text);
-
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = rowLayout(m_icon, rowTexts({m_title, m_text}));
     layout->setContentsMargins(Tokens::rowPadding, paddingVertical, Tokens::rowPadding, paddingVertical);
-    layout->setSpacing(Tokens::rowSpacing);
-    layout->addWidget(m_icon, 0, Qt::AlignTop);
-    layout->addLayout(texts, 1);
+    layout->setAlignment(m_icon, Qt::AlignTop);
+    setLayout(layout);
 }
 
 void EmptyProjectsRow::setManifest(bool tomlExists, const std::optional<QString> &tomlPath)

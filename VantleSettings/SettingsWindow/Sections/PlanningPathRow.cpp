@@ -3,6 +3,7 @@
 #include "Components/Buttons.h"
 #include "Components/Label.h"
 #include "Components/Painting.h"
+#include "Components/RowLayout.h"
 #include "Components/SidebarIcon.h"
 #include "Components/Tokens.h"
 #include "Foundation/Seam.h"
@@ -30,7 +31,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int lineGap = 2;
 constexpr qreal revealSymbolSize = 11;
 constexpr float dropFillOpacity = 0.25F;
 
@@ -107,20 +107,8 @@ PlanningPathRow::PlanningPathRow(SettingsModel &model, QWidget *parent)
     setDescribes(m_path, choose);
     setDescribes(m_subtitle, choose);
 
-    auto *texts = new QVBoxLayout;
-    texts->setSpacing(lineGap);
-    texts->addWidget(m_path);
-    texts->addWidget(m_subtitle);
-
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
-                               Tokens::rowPaddingVertical);
-    layout->setSpacing(Tokens::rowSpacing);
-    layout->addWidget(new SidebarIcon(u"folder.fill"_s, SystemColor::green), 0, Qt::AlignVCenter);
-    layout->addLayout(texts, 1);
-    layout->addWidget(reveal);
-    layout->addWidget(clear);
-    layout->addWidget(choose);
+    setLayout(rowLayout(new SidebarIcon(u"folder.fill"_s, SystemColor::green), rowTexts({m_path, m_subtitle}),
+                        {reveal, clear, choose}));
 
     connect(reveal, &QPushButton::clicked, this,
             [&model] { Seam<Workspace>::current().reveal(model.planningRoot->value_or(QString())); });

@@ -2,9 +2,9 @@
 
 #include "Components/Label.h"
 #include "Components/MenuButton.h"
+#include "Components/RowLayout.h"
 #include "Components/SessionCountBadge.h"
 #include "Components/SidebarIcon.h"
-#include "Components/Tokens.h"
 #include "Foundation/Seam.h"
 #include "Platform/Desktop/Pasteboard.h"
 #include "Platform/Desktop/Workspace.h"
@@ -14,18 +14,14 @@
 #include "Platform/Window/Announcement.h"
 #include "SettingsWindow/Sections/MissingLabel.h"
 
-#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int lineGap = 2;
 constexpr int nameGap = 6;
 constexpr qreal actionsSymbolSize = 13;
 } // namespace
@@ -48,10 +44,8 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
     name->addWidget(m_missing);
     name->addStretch();
 
-    auto *texts = new QVBoxLayout;
-    texts->setSpacing(lineGap);
-    texts->addLayout(name);
-    texts->addWidget(pathLabel);
+    auto *texts = rowTexts({pathLabel});
+    texts->insertLayout(0, name);
 
     auto *actions = new MenuButton({u"ellipsis.circle"_s, actionsSymbolSize});
     actions->setAccessibleName(accessibleText(u"Actions for "_s + project.name));
@@ -61,22 +55,13 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
         setDescribes(text, actions);
     connect(actions, &MenuButton::menuNeeded, this, &PlanningProjectRow::fillActionMenu);
 
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,
-                               Tokens::rowPaddingVertical);
-    layout->setSpacing(Tokens::rowSpacing);
-    layout->addWidget(m_icon, 0, Qt::AlignVCenter);
-    layout->addLayout(texts, 1);
-    layout->addWidget(badge, 0, Qt::AlignVCenter);
-    layout->addWidget(actions, 0, Qt::AlignVCenter);
+    setLayout(rowLayout(m_icon, texts, {badge, actions}));
     render();
 }
 
 int PlanningProjectRow::expectedHeight()
 {
-    const int texts = QFontMetrics(textFont(TextStyle::size13)).height() + lineGap +
-                      QFontMetrics(textFont(TextStyle::size11)).height();
-    return 2 * Tokens::rowPaddingVertical + std::max(Tokens::iconTile, texts);
+    return rowHeight(TextStyle::size13, TextStyle::size11);
 }
 
 bool PlanningProjectRow::exists() const
