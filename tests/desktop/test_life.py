@@ -30,7 +30,20 @@ class Starting(DesktopCase):
         window = self.start().window
         entry = pathlib.Path(__file__).parents[2] / "packaging/linux/com.vantle.settings.desktop"
         self.assertIn(f"StartupWMClass={window.program}", entry.read_text().splitlines())
-        self.assertEqual(window.variant, "dark")
+        self.assertEqual((window.variant, window.colours), ("dark", ""))
+
+    def test_where_kwins_dark_colours_are_installed_it_asks_for_a_frame_in_them(self):
+        colours = ".local/share/color-schemes/BreezeDark.colors"
+        self.write(colours, "")
+        window = self.start().window
+        self.assertEqual((window.variant, window.colours), ("dark", str(self.home / colours)))
+
+    def test_the_frame_of_a_dialog_is_asked_to_be_dark_too(self):
+        program = self.start()
+        program.show("Data & Privacy")
+        program.click("push button", "Clear Sessions…")
+        program.dialog("Clear all sessions?")
+        self.assertEqual([window.variant for window in self.desktop.windows.of(program.process)], ["dark"] * 2)
 
     def test_nothing_is_taken_from_the_command_line(self):
         program = self.start(arguments=["--style", "fusion", "-geometry", "400x300+0+0", "--platform", "offscreen",

@@ -1,17 +1,22 @@
 #include "Platform/Window/FirstFrame.h"
 #include "Platform/Window/WindowChrome.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
+#include <QPlatformSurfaceEvent>
+#include <QStandardPaths>
 #include <QSvgRenderer>
 #include <QWidget>
+#include <QWindow>
 
 #include <xcb/xcb.h>
 
 #include <cstdlib>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace
@@ -36,15 +41,63 @@ xcb_connection_t *x11Connection()
     return x11 ? x11->connection() : nullptr; // the offscreen platform has the one without the other
 }
 
-/// Window managers that draw light and dark frames read this property to choose.
-void askForDarkFrame(xcb_connection_t *connection, xcb_window_t window)
+void setText(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+             std::string_view text)
 {
-    constexpr std::string_view variant = "dark";
-    const auto property = askForAtom(connection, "_GTK_THEME_VARIANT");
-    const auto type = askForAtom(connection, "UTF8_STRING");
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, atom(connection, property),
-                        atom(connection, type), 8, uint32_t(variant.size()), variant.data());
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, property, type, 8, uint32_t(text.size()),
+                        text.data());
 }
+
+/// Where KWin's desktop has its dark colours for frames; empty where it is not installed.
+QString darkColors()
+{
+    return QStandardPaths::locate(QStandardPaths::GenericDataLocation,
+                                  QStringLiteral("color-schemes/BreezeDark.colors"));
+}
+
+/// Asks for a dark frame around every window of the program, dialogs too, when it is made. Most window
+/// managers that have light and dark frames choose by a variant, KWin by a file of colours.
+class DarkFrames : public QObject
+{
+public:
+    DarkFrames(xcb_connection_t *connection, const QString &colors)
+        : QObject(qGuiApp), m_connection(connection), m_colors(QFile::encodeName(colors).toStdString())
+    {
+        const auto variant = askForAtom(connection, "_GTK_THEME_VARIANT");
+        const auto utf8 = askForAtom(connection, "UTF8_STRING");
+        const auto scheme = askForAtom(connection, "_KDE_NET_WM_COLOR_SCHEME");
+        m_variant = atom(connection, variant);
+        m_utf8 = atom(connection, utf8);
+        m_scheme = atom(connection, scheme);
+        qGuiApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() != QEvent::PlatformSurface ||
+            static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() !=
+                QPlatformSurfaceEvent::SurfaceCreated)
+            return false;
+        const auto *window = qobject_cast<QWindow *>(object);
+        if (window && (window->type() == Qt::Window || window->type() == Qt::Dialog))
+            ask(xcb_window_t(window->winId()));
+        return false;
+    }
+
+private:
+    void ask(xcb_window_t window) const
+    {
+        setText(m_connection, window, m_variant, m_utf8, "dark");
+        if (!m_colors.empty())
+            setText(m_connection, window, m_scheme, XCB_ATOM_STRING, m_colors);
+    }
+
+    xcb_connection_t *m_connection;
+    std::string m_colors;
+    xcb_atom_t m_variant = XCB_ATOM_NONE;
+    xcb_atom_t m_utf8 = XCB_ATOM_NONE;
+    xcb_atom_t m_scheme = XCB_ATOM_NONE;
+};
 
 QPixmap applicationIcon(int extent)
 {
@@ -72,10 +125,14 @@ void showIcon(QWidget &window)
 
 void prepareWindow(QWidget &window)
 {
+    const QString colors = darkColors();
+    // The toolkit's plugin for KWin's desktop passes this on under Wayland, and under X11 would take away
+    // what it does not find here.
+    qGuiApp->setProperty("KDE_COLOR_SCHEME_PATH", colors);
     xcb_connection_t *connection = x11Connection();
     if (!connection)
         return;
-    askForDarkFrame(connection, xcb_window_t(window.winId()));
+    new DarkFrames(connection, colors); // which the application owns
     afterFirstFrame(window, [&window] { showIcon(window); });
 }
 

@@ -88,6 +88,11 @@ class Window:
         return bytes(_property(self._display, self._window, "_GTK_THEME_VARIANT")).decode()
 
     @property
+    def colours(self):
+        """The file of colours that the frame is asked to be drawn in; empty where none is named."""
+        return bytes(_property(self._display, self._window, "_KDE_NET_WM_COLOR_SCHEME")).decode()
+
+    @property
     def icons(self):
         """The extents of the pictures that stand for the window in task lists, in pixels."""
         words, extents = list(_property(self._display, self._window, "_NET_WM_ICON")), []
