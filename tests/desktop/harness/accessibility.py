@@ -1,12 +1,17 @@
 """What a screen reader knows of a program: its controls by role and name, asked over the accessibility bus itself,
 so that nothing between the program and the test remembers an older answer."""
 
+import subprocess
+import threading
+
 from gi.repository import Gio, GLib
 
+from . import processes
 from .waiting import eventually
 
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
 _PROPERTIES = "org.freedesktop.DBus.Properties"
+_BUS = "org.freedesktop.DBus", "/org/freedesktop/DBus"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _LABELLED_BY = 2
 
@@ -28,6 +33,7 @@ class AccessibilityBus:
         session = Gio.bus_get_sync(Gio.BusType.SESSION)
         address, = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
                                      Gio.DBusCallFlags.NONE, 20000)
+        self._address = address
         self._connection = Gio.DBusConnection.new_for_address_sync(
             address,
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
@@ -42,6 +48,20 @@ class AccessibilityBus:
                         lambda _control, details: self.announced.append(details[3]))
         self._subscribe("PropertyChange", "object:property-change",
                         lambda control, _details: self.changed.append(control))
+
+    def watch(self, method):
+        """Returns a function that says whether anybody has called that method since."""
+        monitor = processes.start(
+            ["dbus-monitor", "--address", self._address, f"type='method_call',member='{method}'"], text=True,
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
+        lines = []
+        threading.Thread(target=lambda: lines.extend(monitor.stdout), daemon=True).start()
+        eventually(lambda: lines, "the bus lets nobody watch")  # it says first that it gave its name up for that
+        return lambda: any(f"member={method}" in line for line in list(lines))
+
+    def process(self, name):
+        """The id of the process that has a name on the bus."""
+        return self.call(*_BUS, "org.freedesktop.DBus", "GetConnectionUnixProcessID", GLib.Variant("(s)", (name,)))[0]
 
     def _listen(self, state, hear):
         self._connection.signal_subscribe(
@@ -89,8 +109,7 @@ class AccessibilityBus:
         registry = Control(self, "org.a11y.atspi.Registry", _ROOT)
         for program in registry.children:
             try:
-                owner, = self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                                   "GetConnectionUnixProcessID", GLib.Variant("(s)", (program.owner,)))
+                owner = self.process(program.owner)
             except GLib.Error:
                 continue
             if owner == process:

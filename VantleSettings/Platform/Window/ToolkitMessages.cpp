@@ -1,0 +1,57 @@
+#include "Platform/Window/ToolkitMessages.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The categories of the toolkit's parts that only talk to helpers.
+constexpr std::array<std::string_view, 4> categories{
+    "qt.accessibility.atspi", // the registry of assistive technology
+    "qt.qpa.services",        // the desktop's portals
+    "qt.qpa.theme.dbus",      // their settings
+    "qt.qpa.theme.gnome",
+};
+
+/// What other messages about them begin with.
+constexpr std::array beginnings{
+    "Accessibility encountered a DBus error"_L1,
+    "Could not find Accessibility DBus address"_L1,
+    "Could not query active accessibility event listeners"_L1,
+    "QIBusPlatformInputContext"_L1, // the input method
+    "QSpiApplication"_L1,           // a screen reader that wants to know of keys
+    "QXcbClipboard: Unable to receive an event from the clipboard manager"_L1,
+};
+
+QtMessageHandler &previousHandler()
+{
+    static QtMessageHandler handler = nullptr;
+    return handler;
+}
+
+bool isAboutHelpers(const QMessageLogContext &context, const QString &message)
+{
+    const std::string_view category = context.category ? context.category : "";
+    return std::ranges::find(categories, category) != categories.end() ||
+           std::ranges::any_of(beginnings, [&](QLatin1String each) { return message.startsWith(each); });
+}
+
+void say(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (!isAboutHelpers(context, message))
+        previousHandler()(type, context, message);
+}
+
+} // namespace
+
+void keepQuietAboutHelpers()
+{
+    previousHandler() = qInstallMessageHandler(say);
+}
