@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -92,6 +93,39 @@ TEST(ConfirmationDialog, ItsTextsAreLargerWithTheApplicationsFont)
             dialog->close();
         });
     }
+    QApplication::setFont(before);
+}
+
+TEST(ConfirmationDialog, FollowsTheApplicationsFontWhileItIsOpen)
+{
+    struct Look {
+        QSize size;
+        QMap<QString, QFont> fonts = {};
+        bool operator==(const Look &) const = default;
+    };
+    const auto look = [](QWidget *dialog) {
+        Look seen{dialog->size()};
+        for (const QLabel *label : dialog->findChildren<QLabel *>())
+            seen.fonts[label->text()] = label->font();
+        return seen;
+    };
+    const QFont before = QApplication::font();
+    QFont larger = before;
+    larger.setPixelSize(20);
+    std::optional<Look> changed;
+    answered([&](QWidget *dialog) {
+        const QSize size = dialog->size();
+        QApplication::setFont(larger);
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return dialog->size() != size && dialog->size() == dialog->sizeHint(); }));
+        changed = look(dialog);
+        dialog->close();
+    });
+    answered([&](QWidget *dialog) {
+        EXPECT_EQ(changed, look(dialog));
+        EXPECT_EQ(changed->fonts[question.message].pixelSize(), 20);
+        dialog->close();
+    });
     QApplication::setFont(before);
 }
 

@@ -42,7 +42,7 @@ QLabel *icon(Confirmation::Style style, QWidget *parent)
     return label;
 }
 
-QLabel *paragraph(const QString &text, int pointSize, QFont::Weight weight, QWidget *parent)
+QLabel *paragraph(const QString &text, QFont::Weight weight, QWidget *parent)
 {
     auto *label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
@@ -51,18 +51,29 @@ QLabel *paragraph(const QString &text, int pointSize, QFont::Weight weight, QWid
     label->setAccessibleName(text);
     setDescribes(label, parent);
     label->setWordWrap(true);
-    label->setFixedWidth(scaledWithText(textWidth));
     QFont font = label->font();
-    font.setPixelSize(scaledWithText(pointSize));
     font.setWeight(weight);
     label->setFont(font);
     return label;
 }
 
+/// Gives a paragraph its size and its width in the present text size.
+void fitToText(QLabel &paragraph, int pointSize)
+{
+    QFont font = paragraph.font();
+    font.setPixelSize(scaledWithText(pointSize));
+    paragraph.setFont(font);
+    paragraph.setFixedWidth(scaledWithText(textWidth));
+}
+
 } // namespace
 
-ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget *parent) : QDialog(parent)
+ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget *parent)
+    : QDialog(parent),
+      m_message(paragraph(confirmation.message, QFont::DemiBold, this)),
+      m_informative(paragraph(confirmation.informative, QFont::Normal, this))
 {
+    fitToText();
     setWindowTitle(confirmation.message);
     setAccessibleName(confirmation.message);
     setAccessibleDescription(confirmation.informative);
@@ -77,8 +88,8 @@ ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget
 
     auto *texts = new QVBoxLayout;
     texts->setSpacing(8);
-    texts->addWidget(paragraph(confirmation.message, 13, QFont::DemiBold, this));
-    texts->addWidget(paragraph(confirmation.informative, 12, QFont::Normal, this));
+    texts->addWidget(m_message);
+    texts->addWidget(m_informative);
     texts->addStretch();
 
     auto *question = new QHBoxLayout;
@@ -98,4 +109,18 @@ ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addLayout(question);
     layout->addLayout(buttons);
+}
+
+bool ConfirmationDialog::event(QEvent *event)
+{
+    const bool handled = QDialog::event(event);
+    if (event->type() == QEvent::ApplicationFontChange)
+        fitToText();
+    return handled;
+}
+
+void ConfirmationDialog::fitToText()
+{
+    ::fitToText(*m_message, 13);
+    ::fitToText(*m_informative, 12);
 }

@@ -4,12 +4,24 @@
 
 #include <QDialog>
 
+class QLabel;
+
 /// The desktop form of a confirmation: the question in bold, its consequences below, Cancel and the action
-/// at the trailing end. Return chooses the action, Escape is Cancel.
+/// at the trailing end. Return chooses the action, Escape is Cancel. It follows the text size while it is
+/// open.
 class ConfirmationDialog : public QDialog
 {
     Q_OBJECT
 
 public:
     explicit ConfirmationDialog(const Confirmation &confirmation, QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    void fitToText();
+
+    QLabel *m_message;
+    QLabel *m_informative;
 };
