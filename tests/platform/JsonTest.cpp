@@ -1,7 +1,10 @@
 #include "Foundation/Json.h"
 
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
+#include <cstring>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -118,6 +121,20 @@ TEST(Json, ReadsBytesWithoutRoomBehindThem)
     EXPECT_EQ(parse(QByteArray::fromRawData(bytes, sizeof bytes)).root().elementCount(), 1U);
 }
 
+TEST(Json, ReadsNothingBehindBytesWithoutRoom)
+{
+    const auto page = std::size_t(::sysconf(_SC_PAGESIZE));
+    void *const pages = ::mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    char *const end = static_cast<char *>(pages) + page;
+    ASSERT_EQ(::mprotect(end, page, PROT_NONE), 0);
+    const QByteArray text = "[\"the last text\"]";
+    std::memcpy(end - text.size(), text.constData(), std::size_t(text.size()));
+    const auto bytes = QByteArray::fromRawData(end - text.size(), text.size());
+    EXPECT_EQ(parse(bytes).root().elements().at(0).text(), u"the last text"_s);
+    ::munmap(pages, 2 * page);
+}
+
 TEST(Json, OnlyTrueAndFalseAreBooleans)
 {
     EXPECT_EQ(parse("{\"v\"\r\n : true}").root()["v"].boolean(), true);
@@ -202,6 +219,8 @@ TEST(Json, NamesAreEqualWhenTheyAreCanonicallyEquivalent)
     const Parsed parsed = parse("{\"cafe\u0301\":true,\"caf\u00e9\":false,\"cafe\":1}");
     EXPECT_EQ(parsed.root()["caf\u00e9"].boolean(), true);
     EXPECT_EQ(parsed.root().members().size(), 2U);
+    EXPECT_EQ(parse("{\"\u212aey\":\"x\"}").root()["Key"].text(), u"x"_s) << "one of them in ASCII";
+    EXPECT_EQ(parse("{\"Key\":\"x\"}").root()["\u212aey"].text(), u"x"_s);
     EXPECT_EQ(parse("{\"na\\u006de\":\"x\"}").root()["name"].text(), u"x"_s);
     EXPECT_TRUE(parse("{\"Name\":\"x\",\" name\":\"x\"}").root()["name"].isAbsent());
 }

@@ -141,6 +141,7 @@ TEST(Path, Standardizing)
         {u"/a/.b/..c/..."_s, u"/a/.b/..c/..."_s},
         {u"/.\u0301/x"_s, u"/.\u0301/x"_s},
         {u"~/.."_s, u"/Users"_s},
+        {u""_s, u""_s},
     };
     for (const auto &[path, result] : cases)
         EXPECT_EQ(Path::standardizing(path), result) << path.toStdString();

@@ -1,0 +1,54 @@
+#include "Platform/Files/detail/RegularFile.h"
+
+#include "ChildProcess.h"
+#include "HomeFiles.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+TEST(RegularFile, IsNotInheritedByProgramsThatAreStarted)
+{
+    putHomeFile(u"file"_s, "x");
+    const RegularFile file(homePath(u"file"_s), O_RDONLY);
+    ASSERT_TRUE(file.isOpen());
+    EXPECT_EQ(::fcntl(file.descriptor(), F_GETFD), FD_CLOEXEC);
+}
+
+TEST(RegularFile, ATerminalInItsPlaceDoesNotBecomeTheControllingOne)
+{
+    EXPECT_TRUE(inChildProcess([] {
+        const int other = ::posix_openpt(O_RDWR | O_NOCTTY);
+        if (::setsid() < 0 || ::grantpt(other) != 0 || ::unlockpt(other) != 0)
+            return false;
+        const RegularFile file(QString::fromUtf8(::ptsname(other)), O_RDWR);
+        return !file.isOpen() && ::open("/dev/tty", O_RDWR) < 0;
+    }));
+}
+
+TEST(RegularFile, IsClosedOnce)
+{
+    putHomeFile(u"file"_s, "x");
+    RegularFile file(homePath(u"file"_s), O_RDONLY);
+    EXPECT_TRUE(file.close());
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_FALSE(file.close());
+}
+
+TEST(RegularFile, IsTheSameUnderEachOfItsNamesOnly)
+{
+    putHomeFile(u"file"_s, "x");
+    putHomeFile(u"copy"_s, "x");
+    ASSERT_EQ(::link(homePath(u"file"_s).toUtf8().constData(), homePath(u"name"_s).toUtf8().constData()), 0);
+    const RegularFile file(homePath(u"file"_s), O_RDONLY);
+    EXPECT_TRUE(file.isSameAs(RegularFile(homePath(u"name"_s), O_RDONLY)));
+    EXPECT_FALSE(file.isSameAs(RegularFile(homePath(u"copy"_s), O_RDONLY)));
+}
+
+} // namespace
