@@ -131,6 +131,17 @@ TEST(Text, ComposesTheFirstOfTheMarks)
     EXPECT_TRUE(Text::equal(u"a\u0300", u"\u00e0"));
 }
 
+TEST(Text, ComposesEachLetterOfATextForItself)
+{
+    EXPECT_EQ(Text::composed(u"a\u0301e\u0301e\u0300a\u0301"_s), u"\u00e1\u00e9\u00e8\u00e1"_s);
+}
+
+TEST(Text, MarksStayBeforeTheStarterThatFollowsThem)
+{
+    for (const QString &text : {u"\u1100\u0301\u1161"_s, u"e\u0bbe\u0301"_s, u"x\u0301\u0bbe\u0316"_s})
+        EXPECT_EQ(Text::composed(text), text) << text.toStdString();
+}
+
 TEST(Text, ComposingKeepsAByteOrderMark)
 {
     EXPECT_EQ(Text::composed(u"\ufeff"_s), u"\ufeff"_s);
