@@ -2,6 +2,7 @@
 
 from harness.case import DesktopCase
 from harness.clipboard import pasted
+from harness.drag import Drag
 from harness.service import FileManager
 
 FILE = ".vantle/planning.json"
@@ -68,6 +69,33 @@ class Planning(DesktopCase):
         self.finish(program)
         self.expect_file(FILE, self.stored())
         self.assertEqual(self.agent.requests, [])
+
+    def drag(self, program, *paths):
+        """Drags over the row, and returns the drag and what would happen on a drop."""
+        drag = Drag(*paths)
+        self.addCleanup(drag.close)
+        place = program.middle(program.find("label", "Not set"))
+        return drag, drag.over(program.window.identifier, *place)
+
+    def test_a_folder_that_another_program_drops_on_the_row_becomes_the_root(self):
+        program = self.open(root=False)
+        drag, action = self.drag(program, self.plan)
+        self.assertEqual(action, "XdndActionLink")
+        self.assertEqual(drag.drop(), "XdndActionLink")
+        self.expect_file(FILE, self.stored())
+        self.expect_requests("/settings/reload-planning")
+        program.find("panel", "Alpha")
+        self.finish(program)
+
+    def test_a_file_and_several_folders_cannot_be_dropped_on_the_row(self):
+        program = self.open(root=False)
+        for paths in [self.plan / "projects.toml"], [self.plan, self.home / "alpha"]:
+            drag, action = self.drag(program, *paths)
+            self.assertIsNone(action, paths)
+            drag.leave()
+        self.assertIsNotNone(self.drag(program, self.plan)[1], "one folder can't either")
+        self.finish(program)
+        self.expect_no_file(FILE)
 
     def test_clearing_removes_the_file_and_the_list(self):
         program = self.open()

@@ -4,9 +4,11 @@ nor mouse, so the hand is a screen reader's."""
 import os
 import signal
 import subprocess
+import threading
 
 from harness import processes
 from harness.case import DesktopCase
+from harness.portal import FilePortal
 from harness.program import Program
 from harness.waiting import eventually
 
@@ -55,6 +57,20 @@ class Wayland(DesktopCase):
         self.expect_file(".vantle/green-screen.json", '{\n  "enabled" : true\n}')
         self.expect_requests("/settings/reload-green-screen")
         program.find_in_menu("Vantle Settings", "Quit Vantle Settings").act()
+        self.expect_end(program)
+
+    def test_a_screen_reader_can_ask_for_the_portals_dialog_and_give_it_up(self):
+        portal = FilePortal()
+        self.addCleanup(portal.close)
+        program = self.start()
+        program.find("list", "Sections").find("list item", "Planning").act()
+        choose = program.find("push button", "Choose planning root…")
+        threading.Thread(target=choose.act, daemon=True).start()  # returns when the dialog has ended
+        program.find("panel", "Planning Project Folder").find("push button", "Cancel").act()
+        self.expect(lambda: portal.closed == 1, "the dialog stays open")
+        # Whose window it is can't be said here.
+        self.assertEqual(portal.parents, [""])
+        program.find_in_menu("Window", "Close").act()
         self.expect_end(program)
 
     def test_it_ends_when_it_is_asked_to(self):

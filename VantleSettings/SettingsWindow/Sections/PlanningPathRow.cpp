@@ -62,7 +62,8 @@ std::optional<QString> draggedFolder(const QMimeData &data)
     return Seam<FileSystem>::current().isDirectory(path) ? std::optional(path) : std::nullopt;
 }
 
-/// What happens to the dragged folder: never a move, after which the program it came from could delete it.
+/// What the other program is told to have happened to the folder: never a move, after which it could delete
+/// it.
 Qt::DropAction harmlessAction(Qt::DropActions possible)
 {
     for (const Qt::DropAction action : {Qt::LinkAction, Qt::CopyAction}) {
@@ -72,17 +73,14 @@ Qt::DropAction harmlessAction(Qt::DropActions possible)
     return Qt::IgnoreAction;
 }
 
-/// Takes the drag or the drop of a folder on, and says which.
+/// Accepts the drag or the drop where it is one of a folder, and says which.
 std::optional<QString> accepted(QDropEvent &event)
 {
     std::optional<QString> folder = draggedFolder(*event.mimeData());
     const Qt::DropAction action = harmlessAction(event.possibleActions());
-    if (!folder || action == Qt::IgnoreAction) {
-        event.ignore();
-        return std::nullopt;
-    }
-    event.setDropAction(action);
-    event.accept();
+    if (action != Qt::IgnoreAction || event.type() == QEvent::Drop) // before, that would forbid the drop
+        event.setDropAction(action);
+    event.setAccepted(folder.has_value());
     return folder;
 }
 
