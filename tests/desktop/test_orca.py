@@ -12,6 +12,7 @@ import unittest
 
 from harness.case import DesktopCase
 from harness.orca import Orca
+from harness.portal import FilePortal
 from harness.waiting import eventually
 
 _TRANSCRIPTS = pathlib.Path(__file__).resolve().parent / "orca"
@@ -44,6 +45,10 @@ class Transcript(DesktopCase):
         self.write(".vantle/planning.json", f'{{"root":"{self.home}/plan"}}')
         self.write(".vantle/sessions.json", f'[{{"id":"1","cwd":"{self.home}/alpha/src"}}]')
         self.replay("planning")
+
+    def test_while_the_desktops_folder_dialog_is_asked_for(self):
+        self.addCleanup(FilePortal().close)
+        self.replay("portal")
 
     def test_browser_patterns(self):
         self.write(".vantle/sessions.json", '[{"id":"1","cwd":"/work/alpha"},{"id":"2","cwd":"/work/beta"}]')
