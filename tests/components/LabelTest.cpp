@@ -133,7 +133,7 @@ TEST_F(LabelTest, BalancedLinesLeaveNoWordAlone)
 {
     const QString text = u"Configure how the notch agent launches and the global shortcuts it listens for."_s;
     WrappedLabel label(text, TextStyle::size13, TextColor::secondary, WrappedLabel::Lines::balancedCentred);
-    show(label, {480, 60});
+    show(label, {400, 60});
     const std::vector<QString> lines = label.shownLines();
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_GE(lines[1].count(u' '), 2) << lines[1].toStdString();

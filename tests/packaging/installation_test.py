@@ -7,6 +7,9 @@ import unittest
 
 from trees import BUILD, SOURCE, files_below, run, temporary_folder
 
+# Newer checkers warn of an entry without a homepage. The program has none to name.
+NO_HOMEPAGE = "--override=url-homepage-missing=info"
+
 ICON_SIZES = (16, 22, 24, 32, 48, 64, 96, 128, 256, 512)
 
 
@@ -60,11 +63,11 @@ class Installation(unittest.TestCase):
         self.assertEqual(service, f"[D-BUS Service]\nName=com.vantle.settings\nExec={self.prefix}/bin/vantle-settings\n")
 
     def test_the_software_centre_data_is_valid(self):
-        run("appstreamcli", "validate", "--no-net", "--pedantic", "--explain",
+        run("appstreamcli", "validate", "--no-net", "--pedantic", "--explain", NO_HOMEPAGE,
             self.share / "metainfo/com.vantle.settings.metainfo.xml")
 
     def test_the_software_centre_data_fits_the_installed_tree(self):
-        run("appstreamcli", "validate-tree", "--no-net", self.prefix)
+        run("appstreamcli", "validate-tree", "--no-net", NO_HOMEPAGE, self.prefix)
 
     def test_the_manual_page_has_no_flaw(self):
         page = self.share / "man/man1/vantle-settings.1"

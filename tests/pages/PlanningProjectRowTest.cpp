@@ -60,11 +60,12 @@ protected:
         return texts;
     }
 
-    static void click(QMenu *menu, const QString &item)
+    static void pick(QMenu *menu, const QString &item)
     {
         for (QAction *action : menu->actions()) {
             if (action->text() == item) {
-                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+                menu->setActiveAction(action);
+                QTest::keyClick(menu, Qt::Key_Return);
                 return;
             }
         }
@@ -73,7 +74,7 @@ protected:
 
     void choose(const QString &item) const
     {
-        withMenu([&](QMenu *menu) { click(menu, item); });
+        withMenu([&](QMenu *menu) { pick(menu, item); });
     }
 
     bool saysMissing() const
@@ -182,7 +183,7 @@ TEST_F(PlanningProjectRowTest, WhatVanishesBetweenTheMenuAndTheChoiceIsLeftToThe
     showRow({.name = u"App"_s, .path = folder, .todoPath = todo});
     withMenu([this](QMenu *menu) {
         ASSERT_TRUE(QDir(folder).removeRecursively());
-        click(menu, u"Open TODO.toml"_s);
+        pick(menu, u"Open TODO.toml"_s);
     });
     EXPECT_EQ(workspace.opened, QStringList{todo});
 }

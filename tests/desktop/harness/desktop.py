@@ -37,7 +37,7 @@ _SESSION_BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-BUS Bus Conf
 _ACCESSIBILITY_SERVICE = "/usr/share/dbus-1/services/org.a11y.Bus.service"
 
 # What the desktop around the tests says of itself to its programs.
-_FOREIGN = ("XDG_", "QT_", "LC_", "GTK_", "WAYLAND_", "DBUS_", "SESSION_", "AT_SPI")
+_FOREIGN = ("XDG_", "QT_", "LC_", "GTK_", "WAYLAND_", "DBUS_", "SESSION_", "AT_SPI", "DISPLAY")
 
 
 class Desktop:
