@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -127,6 +129,26 @@ TEST_F(SettingsModelDemoTest, ClearingThePatternsBringsTheSampleRowsBack)
     EXPECT_EQ(model->planningRoot.value(), u"/Users/demo/workspace/planning"_s);
     EXPECT_EQ(model->planningProjects->size(), 3);
     EXPECT_THAT(world.takeRecord(), ElementsAre("read ~/.vantle/sessions.json"));
+}
+
+TEST_F(SettingsModelDemoTest, TheSampleDataComesBackInTheOrderInWhichItIsMade)
+{
+    const auto model = made();
+    model->projects = std::vector<BrowserConfigProject>{};
+    model->browserPatternsCount = 0;
+    model->sessionsCount = 0;
+    model->planningRoot = std::nullopt;
+    model->planningProjects = std::vector<PlanningProject>{};
+    using Values = std::array<std::size_t, 5>;
+    std::vector<Values> before;
+    QObject::connect(model.get(), &Observable::objectWillChange, [&] {
+        before.push_back({model->projects->size(), std::size_t(model->browserPatternsCount),
+                          std::size_t(model->sessionsCount), model->planningRoot.value().has_value(),
+                          model->planningProjects->size()});
+    });
+    model->clearBrowserPatterns();
+    EXPECT_THAT(before, ElementsAre(Values{0, 0, 0, 0, 0}, Values{4, 0, 0, 0, 0}, Values{4, 3, 0, 0, 0},
+                                    Values{4, 3, 4, 0, 0}, Values{4, 3, 4, 1, 0}));
 }
 
 TEST_F(SettingsModelDemoTest, SavesEveryOtherSettingAndTellsTheAgent)

@@ -142,6 +142,15 @@ TEST(Text, MarksStayBeforeTheStarterThatFollowsThem)
         EXPECT_EQ(Text::composed(text), text) << text.toStdString();
 }
 
+TEST(Text, MarksOfOneClassKeepTheirOrderAndHideEachOther)
+{
+    constexpr int many = 20;
+    EXPECT_EQ(Text::composed(u'q' + u"\u0302\u0308\u0316"_s.repeated(many)),
+              u'q' + u"\u0316"_s.repeated(many) + u"\u0302\u0308"_s.repeated(many));
+    EXPECT_EQ(Text::composed(u"a\u0305\u0301"_s), u"a\u0305\u0301"_s);
+    EXPECT_EQ(Text::composed(u"a\u0316\u0301"_s), u"\u00e1\u0316"_s);
+}
+
 TEST(Text, ComposingKeepsAByteOrderMark)
 {
     EXPECT_EQ(Text::composed(u"\ufeff"_s), u"\ufeff"_s);
