@@ -45,6 +45,24 @@ QString fromDocument(QString rawText)
     return rawText;
 }
 
+/// One character of the document that stands for a part of the text.
+struct Fold {
+    qsizetype position = 0;
+    QString text;
+};
+
+/// The folds in the document's characters from a position on; theirs are counted from there.
+std::vector<Fold> folds(const QTextDocument &document, const QString &raw, int from = 0)
+{
+    std::vector<Fold> folds;
+    for (qsizetype mark = raw.indexOf(FoldMark::character); mark >= 0;
+         mark = raw.indexOf(FoldMark::character, mark + 1)) {
+        if (const auto folded = FoldMark::foldedText(document, int(from + mark)))
+            folds.push_back({mark, *folded});
+    }
+    return folds;
+}
+
 struct Part {
     QStringView text;
     bool isFolded = false;
@@ -149,15 +167,32 @@ QString DocumentText::text(const QTextDocument &document, int from, int to)
     const QString raw = document.toRawText().sliced(from, to - from);
     QString text;
     qsizetype start = 0;
-    for (qsizetype mark = raw.indexOf(FoldMark::character); mark >= 0;
-         mark = raw.indexOf(FoldMark::character, mark + 1)) {
-        const auto folded = FoldMark::foldedText(document, int(from + mark));
-        if (!folded)
-            continue;
-        text += fromDocument(raw.sliced(start, mark - start));
-        text += *folded;
-        start = mark + 1;
+    for (const Fold &fold : folds(document, raw, from)) {
+        text += fromDocument(raw.sliced(start, fold.position - start));
+        text += fold.text;
+        start = fold.position + 1;
     }
     text += fromDocument(raw.sliced(start));
     return text;
+}
+
+qsizetype DocumentText::offset(const QTextDocument &document, int position)
+{
+    qsizetype offset = position;
+    for (const Fold &fold : folds(document, document.toRawText().first(position)))
+        offset += fold.text.size() - 1;
+    return offset;
+}
+
+int DocumentText::position(const QTextDocument &document, qsizetype offset)
+{
+    qsizetype position = std::max<qsizetype>(offset, 0);
+    for (const Fold &fold : folds(document, document.toRawText())) {
+        if (position < fold.position + fold.text.size()) {
+            position = std::min(position, fold.position);
+            break;
+        }
+        position -= fold.text.size() - 1;
+    }
+    return int(std::min<qsizetype>(position, document.characterCount() - 1));
 }

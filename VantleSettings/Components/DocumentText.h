@@ -18,4 +18,10 @@ void insert(QTextCursor &cursor, const QString &text);
 QString text(const QTextDocument &document);
 QString text(const QTextDocument &document, int from, int to);
 
+/// Where in the text the character is that has this position in the document.
+qsizetype offset(const QTextDocument &document, int position);
+
+/// Where in the document that character of the text is, or the fold in which it lies.
+int position(const QTextDocument &document, qsizetype offset);
+
 } // namespace DocumentText

@@ -1,5 +1,6 @@
 #include "Components/PatternsEditor.h"
 
+#include "Components/AccessibleEditor.h"
 #include "Components/DocumentText.h"
 #include "Components/Tokens.h"
 #include "Components/TouchScrolling.h"
@@ -22,6 +23,12 @@
 namespace
 {
 
+QAccessibleInterface *editorFactory(const QString &, QObject *object)
+{
+    auto *editor = qobject_cast<PatternsEditor *>(object);
+    return editor ? new AccessibleEditor(editor) : nullptr;
+}
+
 int heightOf(qreal lines, int lineSpacing)
 {
     // The editor scrolls as soon as its lines fill it to the last point.
@@ -39,6 +46,7 @@ std::function<int(qsizetype lines)> PatternsEditor::expectedHeight()
 
 PatternsEditor::PatternsEditor(QWidget *parent) : QPlainTextEdit(parent)
 {
+    QAccessible::installFactory(editorFactory); // once, however often it is asked to
     setFrameShape(QFrame::NoFrame);
     setTextStyle(*this, TextStyle::size12);
     setTabChangesFocus(true);

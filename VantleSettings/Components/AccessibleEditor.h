@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Platform/Window/AccessibleWidget.h"
+
+class PatternsEditor;
+class QTextCursor;
+
+/// An editor as assistive technology finds it: with the whole of its text, where a part of it is folded, too.
+/// All offsets are those of that text; inside what is folded the caret stands before it. What no message
+/// could carry is cut, and ends with "…" then.
+class AccessibleEditor : public AccessibleWidget,
+                         public QAccessibleTextInterface,
+                         public QAccessibleEditableTextInterface
+{
+public:
+    explicit AccessibleEditor(PatternsEditor *editor);
+
+    void *interface_cast(QAccessible::InterfaceType type) override;
+    QString text(QAccessible::Text kind) const override;
+    QAccessible::State state() const override;
+
+    void selection(int index, int *start, int *end) const override;
+    int selectionCount() const override;
+    void addSelection(int start, int end) override;
+    void removeSelection(int index) override;
+    void setSelection(int index, int start, int end) override;
+    int cursorPosition() const override;
+    void setCursorPosition(int offset) override;
+
+    QString text(int start, int end) const override;
+    QString textBeforeOffset(int offset, QAccessible::TextBoundaryType unit, int *start,
+                             int *end) const override;
+    QString textAfterOffset(int offset, QAccessible::TextBoundaryType unit, int *start,
+                            int *end) const override;
+    QString textAtOffset(int offset, QAccessible::TextBoundaryType unit, int *start, int *end) const override;
+    int characterCount() const override;
+
+    QRect characterRect(int offset) const override;
+    int offsetAtPoint(const QPoint &point) const override;
+    void scrollToSubstring(int start, int end) override;
+    QString attributes(int offset, int *start, int *end) const override;
+
+    void deleteText(int start, int end) override;
+    void insertText(int offset, const QString &text) override;
+    void replaceText(int start, int end, const QString &text) override;
+
+private:
+    PatternsEditor &editor() const;
+    QTextCursor cursor(int start, int end) const;
+    int offset(int position) const;
+    QString part(const QTextCursor &part, int *start, int *end) const;
+};
