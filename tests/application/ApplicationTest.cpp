@@ -198,6 +198,26 @@ TEST_F(HeldKey, WalksThroughAPickersEntries)
     EXPECT_EQ(picker->view()->currentIndex().row(), 3);
 }
 
+TEST_F(HeldKey, ChoosesNoPickersEntry)
+{
+    auto *picker = new QComboBox(&window);
+    picker->addItems({u"1"_s, u"2"_s});
+    picker->show();
+    picker->setFocus();
+    picker->showPopup();
+    press(Qt::Key_Down);
+    release(Qt::Key_Return);
+    deliver(QEvent::ShortcutOverride, Qt::Key_Return); // to which the toolkit's pop-up chooses
+    deliver(QEvent::KeyPress, Qt::Key_Return);
+    EXPECT_TRUE(picker->view()->isVisible());
+    EXPECT_EQ(picker->currentIndex(), 0);
+    release(Qt::Key_Return);
+    ++time;
+    deliver(QEvent::ShortcutOverride, Qt::Key_Return);
+    EXPECT_FALSE(picker->view()->isVisible());
+    EXPECT_EQ(picker->currentIndex(), 1);
+}
+
 TEST_F(HeldKey, IsNoneWithoutATime)
 {
     field->setFocus();

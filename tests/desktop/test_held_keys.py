@@ -20,7 +20,7 @@ QUESTIONS = (("Clear Sessions…", "Clear all sessions?", "Clear", "/settings/cl
 
 WAITING = "Press shortcut…"
 RECORDER = "Focus next notification shortcut"
-SPACE, RETURN, Q, W, X, UP, DOWN, PAGE_DOWN = 57, 28, 16, 17, 45, 103, 108, 109
+SPACE, RETURN, Q, W, X, UP, DOWN, PAGE_UP, PAGE_DOWN = 57, 28, 16, 17, 45, 103, 108, 104, 109
 
 
 class HeldKeyCase(DesktopCase):
@@ -202,3 +202,20 @@ class KeysThatRepeat(HeldKeyCase):
                 for key, page in ((DOWN, pages[-1]), (UP, pages[0])):
                     with self.desktop.hands.holding(key):
                         self.expect(lambda: program.shows("panel", page), f"the arrow does not get to {page}")
+
+    def test_a_held_page_key_scrolls_on_to_the_end(self):
+        program = self.start()
+        program.show("Planning")
+        first, last = (program.find("push button", f"Actions for P{number}") for number in (0, 99))
+        program.focus("push button", "Actions for P0")
+        _, top, _, height = program.window.box
+
+        def is_in_view(row):
+            return top <= row.box[1] < top + height
+
+        self.assertTrue(is_in_view(first) and not is_in_view(last))
+        for rate in RATES:
+            with self.repeating(rate):
+                for key, row in ((PAGE_DOWN, last), (PAGE_UP, first)):
+                    with self.desktop.hands.holding(key):
+                        self.expect(lambda: is_in_view(row), f"{row} is not reached")
