@@ -29,6 +29,8 @@ bool isAscii(std::string_view bytes)
 
 QString decoded(std::string_view utf8)
 {
+    if (isAscii(utf8))
+        return QString::fromLatin1(utf8); // a decoder takes long to set up for the many short texts of a file
     return Text::decoded(utf8).value_or(QString());
 }
 
@@ -123,6 +125,13 @@ Text::Map<Json::Value> Json::Value::members() const
             members.try_emplace(decoded(member.key), member.value);
     }
     return members;
+}
+
+bool Json::Value::isArrayOfTexts() const
+{
+    const auto array = get<dom::array>(m_element);
+    return array && std::all_of(array->begin(), array->end(),
+                                [](dom::element element) { return element.is_string(); });
 }
 
 std::size_t Json::Value::elementCount() const

@@ -43,6 +43,7 @@ public:
     Value operator[](std::string_view name) const;
     Text::Map<Value> members() const;
 
+    bool isArrayOfTexts() const;
     std::size_t elementCount() const;
     std::vector<Value> elements() const;
 

@@ -1,6 +1,8 @@
 #include "Foundation/JsonWriter.h"
 
 #include <algorithm>
+#include <string_view>
+#include <type_traits>
 
 namespace
 {
@@ -13,7 +15,12 @@ public:
     void operator()(std::nullptr_t) { m_out += "null"; }
     void operator()(bool value) { m_out += value ? "true" : "false"; }
     void operator()(std::int64_t value) { m_out += QByteArray::number(qint64(value)); }
-    void operator()(const QString &value) { writeText(value.toUtf8()); }
+    void operator()(const QString &value) { writeText(value); }
+
+    void operator()(const QStringList &texts)
+    {
+        writeContainer('[', texts, ']', [this](const QString &text) { writeText(text); });
+    }
 
     void operator()(const Json::Array &array)
     {
@@ -28,7 +35,7 @@ public:
         std::sort(members.begin(), members.end(),
                   [](const auto &a, const auto &b) { return a.first < b.first; });
         writeContainer('{', members, '}', [this](const auto &member) {
-            writeText(member.first);
+            writeBytes(member.first);
             m_out += " : ";
             write(*member.second);
         });
@@ -58,38 +65,66 @@ private:
 
     void indent() { m_out.append(qsizetype{2} * m_depth, ' '); }
 
-    void writeText(const QByteArray &utf8)
+    /// Most texts are ASCII, and many may be short: those need no bytes of their own on the way.
+    void writeText(const QString &text)
     {
-        m_out += '"';
-        qsizetype written = 0;
-        for (qsizetype i = 0; i < utf8.size(); ++i) {
-            if (!mustBeEscaped(utf8[i]))
-                continue;
-            m_out.append(utf8.constData() + written, i - written);
-            writeEscaped(utf8[i]);
-            written = i + 1;
+        const QStringView units(text);
+        if (isAscii(units))
+            writeBytes(units.utf16(), units.utf16() + units.size());
+        else
+            writeBytes(text.toUtf8());
+    }
+
+    static bool isAscii(QStringView text)
+    {
+        char16_t all = 0;
+        for (const QChar unit : text)
+            all |= unit.unicode();
+        return all < 0x80;
+    }
+
+    void writeBytes(const QByteArray &utf8) { writeBytes(utf8.begin(), utf8.end()); }
+
+    template <class Units>
+    void writeBytes(const Units *begin, const Units *end)
+    {
+        const auto escaped = std::count_if(begin, end, mustBeEscaped<Units>);
+        const qsizetype start = m_out.size();
+        m_out.resize(start + 2 + (end - begin) + escaped * (longestEscape - 1));
+        char *out = m_out.data() + start;
+        *out++ = '"';
+        if (escaped == 0)
+            out = std::transform(begin, end, out, [](Units unit) { return char(unit); });
+        for (; escaped != 0 && begin != end; ++begin) {
+            if (mustBeEscaped(*begin))
+                out = escape(char(*begin), out);
+            else
+                *out++ = char(*begin);
         }
-        m_out.append(utf8.constData() + written, utf8.size() - written);
-        m_out += '"';
+        *out++ = '"';
+        m_out.truncate(out - m_out.constData());
     }
 
-    static bool mustBeEscaped(char byte)
+    template <class Unit>
+    static bool mustBeEscaped(Unit unit)
     {
-        return static_cast<unsigned char>(byte) < 0x20 || byte == '"' || byte == '\\' || byte == '/';
+        return std::make_unsigned_t<Unit>(unit) < 0x20 || unit == '"' || unit == '\\' || unit == '/';
     }
 
-    void writeEscaped(char byte)
+    /// Returns where the next byte goes.
+    static char *escape(char byte, char *out)
     {
         static constexpr std::string_view plain = "\"\\/\b\f\n\r\t";
         static constexpr std::string_view letter = "\"\\/bfnrt";
+        *out++ = '\\';
         if (const auto which = plain.find(byte); which != std::string_view::npos) {
-            m_out += '\\';
-            m_out += letter[which];
-        } else {
-            m_out += "\\u00";
-            m_out += QByteArray(1, byte).toHex();
+            *out++ = letter[which];
+            return out;
         }
+        return std::ranges::copy("u00" + QByteArray(1, byte).toHex(), out).out;
     }
+
+    static constexpr qsizetype longestEscape = 6; ///< in bytes
 
     QByteArray &m_out;
     int m_depth = 0;

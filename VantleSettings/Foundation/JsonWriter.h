@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <utility>
@@ -20,7 +21,7 @@ using Array = std::vector<Node>;
 using Object = std::vector<std::pair<QString, Node>>;
 
 /// A value to write.
-struct Node : std::variant<std::nullptr_t, bool, std::int64_t, QString, Array, Object> {
+struct Node : std::variant<std::nullptr_t, bool, std::int64_t, QString, QStringList, Array, Object> {
     using variant::variant;
 };
 

@@ -1,6 +1,8 @@
 #include "Persistence/HomeFile.h"
 #include "Persistence/Persistence.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -8,32 +10,33 @@ namespace
 
 const QString patternsFile = u".claude/browser-patterns.json"_s;
 
-std::optional<QStringList> texts(const Json::Value &array)
+/// The patterns of each root; nothing when any of it is invalid.
+std::optional<Text::Map<Json::Value>> listsByRoot(const Json::Value &top)
 {
-    if (!array.isArray())
-        return std::nullopt;
+    auto lists = top.members();
+    const bool isValid = top.isObject() && std::all_of(lists.begin(), lists.end(), [](const auto &list) {
+                             return list.second.isArrayOfTexts();
+                         });
+    return isValid ? std::optional(std::move(lists)) : std::nullopt;
+}
+
+QStringList texts(const Json::Value &array)
+{
     QStringList texts;
-    for (const Json::Value &element : array.elements()) {
-        const auto text = element.text();
-        if (!text)
-            return std::nullopt;
-        texts.append(*text);
-    }
+    texts.reserve(qsizetype(array.elementCount()));
+    for (const Json::Value &element : array.elements())
+        texts.append(element.text().value_or(QString()));
     return texts;
 }
 
-/// All roots with their patterns; nothing when any of it is invalid.
 std::optional<Persistence::BrowserPatterns> allPatterns(const Json::Value &top)
 {
-    if (!top.isObject())
+    const auto lists = listsByRoot(top);
+    if (!lists)
         return std::nullopt;
     Persistence::BrowserPatterns patterns;
-    for (const auto &[root, value] : top.members()) {
-        const auto list = texts(value);
-        if (!list)
-            return std::nullopt;
-        patterns.emplace_hint(patterns.end(), root, *list);
-    }
+    for (const auto &[root, list] : *lists)
+        patterns.emplace_hint(patterns.end(), root, texts(list));
     return patterns;
 }
 
@@ -42,6 +45,7 @@ std::optional<Persistence::BrowserPatterns> allPatterns(const Json::Value &top)
 QStringList patterns(const QString &urls)
 {
     QStringList patterns;
+    patterns.reserve(urls.count(u'\n') + 1);
     for (const QStringView line : QStringView(urls).tokenize(u'\n')) {
         if (const QStringView pattern = Text::trimmed(line); !pattern.isEmpty())
             patterns.append(pattern.toString());
@@ -60,8 +64,8 @@ bool Persistence::saveBrowserPatterns(const BrowserPatterns &patterns)
 {
     Json::Object object;
     for (const auto &[root, list] : patterns)
-        object.emplace_back(root, Json::Array(list.begin(), list.end()));
-    return HomeFile::save(patternsFile, object, allPatterns);
+        object.emplace_back(root, list);
+    return HomeFile::save(patternsFile, object, listsByRoot);
 }
 
 void Persistence::clearBrowserPatterns()

@@ -141,20 +141,34 @@ TEST_F(PatternsEditorTest, APasteWithoutATextDoesNothing)
     EXPECT_TRUE(edits.isEmpty());
 }
 
+/// Drags something into the middle of the editor and lets go of it there.
+void dropOn(PatternsEditor &editor, const QMimeData &dragged)
+{
+    const QPointF place = editor.viewport()->rect().center();
+    QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor.viewport(), &enter);
+    QDropEvent drop(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor.viewport(), &drop);
+}
+
 TEST_F(PatternsEditorTest, ADropWithoutATextDoesNothing)
 {
     editor->setText(u"one"_s);
     editor->selectAll();
     QMimeData picture;
     picture.setData(u"image/png"_s, "picture");
-    const QPointF place = editor->viewport()->rect().center();
-    QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &picture, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(editor->viewport(), &enter);
-    QDropEvent drop(place, Qt::CopyAction, &picture, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(editor->viewport(), &drop);
-    EXPECT_EQ(editor->text(), u"one");
-    EXPECT_EQ(editor->textCursor().selectedText(), u"one");
-    EXPECT_FALSE(editor->document()->isUndoAvailable());
+    QMimeData nothing;
+    nothing.setText(u""_s);
+    for (const QMimeData *dragged : {&picture, &nothing}) {
+        dropOn(*editor, *dragged);
+        EXPECT_EQ(editor->text(), u"one");
+        EXPECT_EQ(editor->textCursor().selectedText(), u"one");
+        EXPECT_FALSE(editor->document()->isUndoAvailable());
+    }
+    QMimeData text;
+    text.setText(u" two"_s);
+    dropOn(*editor, text);
+    EXPECT_EQ(editor->text(), u"one two") << "where the text was dropped";
 }
 
 TEST_F(PatternsEditorTest, MarkupIsPlainText)

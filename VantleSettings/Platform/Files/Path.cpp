@@ -5,6 +5,7 @@
 #include "Platform/Files/Home.h"
 #include "Platform/Files/PathSpelling.h"
 
+#include <QStringBuilder>
 #include <QStringView>
 #include <QVarLengthArray>
 
@@ -16,10 +17,20 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+/// Whether two slashes stand side by side. (The toolkit's search for two characters is slow on long texts.)
+bool hasRunOfSlashes(const QString &path)
+{
+    for (qsizetype slash = path.indexOf(u'/'); slash >= 0; slash = path.indexOf(u'/', slash + 1)) {
+        if (slash + 1 < path.size() && path[slash + 1] == u'/')
+            return true;
+    }
+    return false;
+}
+
 /// Runs of slashes as one, and none at the end but the root's.
 QString withSingleSlashes(const QString &path)
 {
-    if (!path.contains(u"//") && (path.size() <= 1 || !path.endsWith(u'/')))
+    if (!hasRunOfSlashes(path) && (path.size() <= 1 || !path.endsWith(u'/')))
         return path;
     QString result;
     result.reserve(path.size());
@@ -67,8 +78,10 @@ QString withoutDots(const QString &path)
 
 QString Path::lastComponent(const QString &path)
 {
-    const QString plain = withSingleSlashes(path);
-    return plain == u"/" ? plain : plain.sliced(plain.lastIndexOf(u'/') + 1);
+    QStringView plain(path);
+    while (plain.size() > 1 && plain.endsWith(u'/'))
+        plain.chop(1);
+    return plain == u"/" ? u"/"_s : plain.sliced(plain.lastIndexOf(u'/') + 1).toString();
 }
 
 QString Path::parent(const QString &path)
@@ -82,7 +95,7 @@ QString Path::appending(const QString &path, const QString &component)
 {
     if (path.isEmpty())
         return withSingleSlashes(component);
-    return withSingleSlashes(path + u'/' + component);
+    return withSingleSlashes(path % u'/' % component);
 }
 
 QString Path::expandingTilde(const QString &path)

@@ -6,6 +6,7 @@
 #include "Components/Tokens.h"
 
 #include <QHBoxLayout>
+#include <QStringBuilder>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -17,7 +18,7 @@ constexpr int paddingVertical = 14;
 
 EmptyProjectsRow::EmptyProjectsRow(QWidget *parent)
     : QWidget(parent),
-      m_icon(new SidebarIcon({}, SystemColor::gray)),
+      m_icon(new SidebarIcon(u"doc.badge.ellipsis"_s, SystemColor::gray)),
       m_title(new Label({}, TextStyle::size13Medium)),
       m_text(new WrappedLabel({}, TextStyle::size11, TextColor::secondary))
 {
@@ -33,6 +34,6 @@ void EmptyProjectsRow::setManifest(bool tomlExists, const std::optional<QString>
     m_title->setText(tomlExists ? u"No projects parsed"_s : u"projects.toml not found"_s);
     m_text->setText(
         tomlExists ? u"The file exists but no [[projects]] entries were found."_s
-                   : u"Create "_s + tomlPath.value_or(u"projects.toml"_s) +
+                   : u"Create "_s % tomlPath.value_or(u"projects.toml"_s) %
                          u" with [[projects]] blocks listing each project’s name, path, and todo_path."_s);
 }

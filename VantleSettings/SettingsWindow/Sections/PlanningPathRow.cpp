@@ -21,6 +21,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QPointer>
+#include <QStringBuilder>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -49,7 +50,7 @@ std::optional<QString> subtitle(const std::optional<QString> &root)
     if (!isSet(root))
         return u"Click Choose… to point at a folder on disk."_s;
     const QString folder = Path::lastComponent(root.value_or(QString()));
-    return folder.isEmpty() ? std::nullopt : std::optional(u"Selected folder: "_s + folder);
+    return folder.isEmpty() ? std::nullopt : std::optional<QString>(u"Selected folder: "_s % folder);
 }
 
 /// The folder that is dragged; nothing where it is a file, or one of several things, or on another machine.

@@ -16,7 +16,10 @@
 
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QStringBuilder>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -48,7 +51,7 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
     texts->insertLayout(0, name);
 
     auto *actions = new MenuButton({u"ellipsis.circle"_s, actionsSymbolSize});
-    actions->setAccessibleName(accessibleText(u"Actions for "_s + project.name));
+    actions->setAccessibleName(accessibleText(u"Actions for "_s % project.name));
     m_actions = actions;
     m_badge = badge;
     for (QWidget *text : std::initializer_list<QWidget *>{nameLabel, m_missing, pathLabel, badge})
@@ -72,12 +75,14 @@ bool PlanningProjectRow::exists() const
 void PlanningProjectRow::render()
 {
     const bool there = exists();
+    if (std::exchange(m_exists, there) == there)
+        return; // nothing else changes
     m_icon->setSymbol(there ? u"folder.fill"_s : u"folder.badge.questionmark"_s,
                       there ? SystemColor::green : SystemColor::gray);
     m_missing->setVisible(!there);
-    const QString place = there ? m_project.path : m_project.path + u", missing"_s;
+    const QString place = there ? m_project.path : QString(m_project.path % u", missing"_s);
     changeAccessibleDescription(this, accessibleText(place));
-    changeAccessibleDescription(m_actions, accessibleText(place + u", "_s + m_badge->accessibleName()));
+    changeAccessibleDescription(m_actions, accessibleText(place % u", "_s % m_badge->accessibleName()));
 }
 
 /// The items that make sense at this moment; what they name may be gone when one is chosen.

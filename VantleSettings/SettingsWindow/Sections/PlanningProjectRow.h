@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class Label;
 class QMenu;
 class SidebarIcon;
@@ -27,6 +29,7 @@ private:
     void fillActionMenu(QMenu &menu);
 
     PlanningProject m_project;
+    std::optional<bool> m_exists; ///< as shown
     SidebarIcon *m_icon;
     QWidget *m_missing;
     QWidget *m_badge;

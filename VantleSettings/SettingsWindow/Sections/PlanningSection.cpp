@@ -17,6 +17,7 @@
 #include "SettingsWindow/Sections/PlanningProjectRow.h"
 
 #include <QHBoxLayout>
+#include <QStringBuilder>
 #include <QtNumeric>
 
 #include <algorithm>
@@ -98,11 +99,8 @@ void PlanningSection::render()
 {
     const std::vector<PlanningProject> &projects = m_model.planningProjects;
     m_projects->setVisible(m_model.planningRoot->has_value());
-    const std::optional<QString> path = PlanningProjects::tomlPath(m_model.planningRoot);
-    const bool exists = tomlExists(path);
-    m_projects->setFooter(footerForProjects(exists, path));
     m_empty->setVisible(projects.empty());
-    m_empty->setManifest(exists, path);
+    renderManifest();
     m_rows->setVisible(!projects.empty());
     m_summary->setVisible(!projects.empty());
     m_summaryLine->setText(summaryLine());
@@ -111,6 +109,22 @@ void PlanningSection::render()
     std::vector<QUuid> ids(projects.size());
     std::transform(projects.begin(), projects.end(), ids.begin(), std::mem_fn(&PlanningProject::id));
     m_rows->setIds(std::move(ids));
+}
+
+/// Does no work where nothing has changed: the root may be a long text.
+void PlanningSection::renderManifest()
+{
+    const std::optional<QString> &root = m_model.planningRoot;
+    const bool isSameRoot = m_manifest && m_manifest->root == root;
+    const std::optional<QString> path = isSameRoot ? m_manifest->path : PlanningProjects::tomlPath(root);
+    const bool exists = tomlExists(path);
+    const bool isEmpty = m_model.planningProjects->empty();
+    if (isSameRoot && m_manifest->exists == exists && m_manifest->isEmpty == isEmpty)
+        return;
+    m_manifest = Manifest{root, path, exists, isEmpty};
+    m_projects->setFooter(footerForProjects(exists, path));
+    if (isEmpty)
+        m_empty->setManifest(exists, path);
 }
 
 /// Whether anything is at the manifest's place under the root, even under an empty one.
@@ -124,8 +138,9 @@ std::optional<QString> PlanningSection::footerForProjects(bool exists, const std
 {
     if (!path)
         return std::nullopt;
-    return exists ? u"Reads "_s + *path + u". Session counts come from ~/.vantle/sessions.json."_s
-                  : u"Expected projects.toml at "_s + *path + u'.';
+    if (exists)
+        return u"Reads "_s % *path % u". Session counts come from ~/.vantle/sessions.json."_s;
+    return u"Expected projects.toml at "_s % *path % u'.';
 }
 
 QString PlanningSection::summaryLine() const

@@ -19,14 +19,24 @@ public:
     explicit PlanningSection(SettingsModel &model, QWidget *parent = nullptr);
 
 private:
+    /// What is shown of the manifest's place.
+    struct Manifest {
+        std::optional<QString> root;
+        std::optional<QString> path;
+        bool exists = false;
+        bool isEmpty = false; ///< it holds no projects
+    };
+
     RowList *projectRows();
     QWidget *summary();
     void render();
+    void renderManifest();
     bool tomlExists(const std::optional<QString> &path) const;
     static std::optional<QString> footerForProjects(bool exists, const std::optional<QString> &path);
     QString summaryLine() const;
 
     SettingsModel &m_model;
+    std::optional<Manifest> m_manifest;
     EmptyProjectsRow *m_empty;
     RowList *m_rows;
     Label *m_summaryLine;

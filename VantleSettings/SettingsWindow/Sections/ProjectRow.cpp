@@ -13,6 +13,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QStringBuilder>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -68,7 +69,7 @@ ProjectRow::ProjectRow(const BrowserConfigProject &project, QWidget *parent)
     layout->addWidget(new EditorBackground(m_editor));
 
     m_editor->setText(project.urls);
-    m_editor->setAccessibleName(accessibleText(u"URL patterns for "_s + project.root));
+    m_editor->setAccessibleName(accessibleText(u"URL patterns for "_s % project.root));
 }
 
 std::function<int(const BrowserConfigProject &)> ProjectRow::expectedHeight()
