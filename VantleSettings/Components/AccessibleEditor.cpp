@@ -122,7 +122,7 @@ QString AccessibleEditor::textAtOffset(int offset, QAccessible::TextBoundaryType
                                        int *end) const
 {
     const QTextCursor found = unitAt(editor().textCursor(), cursor(offset, offset).position(), unit);
-    const QString whole = part(found, start, end);
+    QString whole = part(found, start, end);
     const bool isInFold = whole.size() > found.selectedText().size();
     if (unit != QAccessible::CharBoundary || !isInFold)
         return whole;
