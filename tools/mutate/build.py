@@ -1,5 +1,6 @@
 """The build tree of the mutants: one object is compiled and one program linked for each."""
 
+import ctypes
 import fcntl
 import json
 import os
@@ -14,6 +15,7 @@ import threading
 import time
 
 from folders import SLOW_TESTS
+import switched
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 TREE = ROOT / "build" / "mutate"
@@ -21,6 +23,7 @@ CONFIGURATION = ["-G", "Ninja", f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/cmake/Clang.cmak
                  "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g0", "-DVANTLE_PRECOMPILED_HEADERS=ON",
                  "-DVANTLE_WARNINGS_ARE_ERRORS=OFF", "-DCMAKE_CXX_FLAGS=-w"]
 MEMORY = 4 << 30
+PR_SET_PDEATHSIG = 1
 # A mutant may write to any path. In its mount namespace everything but its own folder is read-only, and that folder
 # is also the user's home and /tmp, where the test library keeps what a program prints at its death.
 GUARD = ('mount --bind "$0" "$0"; mount --bind "$0" "$1"; mount --bind "$0" /tmp; mount -o remount,bind,ro /; '
@@ -106,8 +109,10 @@ class Slot:
         self.folder = TREE / "mutants" / str(number)
         self._programs = programs
         self._unchanged = {}
+        self._switched = None, {}
+        self._switched_programs = {}
         shutil.rmtree(self.folder, ignore_errors=True)
-        (self.folder / "home").mkdir(parents=True)
+        (self.folder / "home").mkdir(parents=True, exist_ok=True)
 
     def compile(self, source, text, *options):
         """The object's bytes, and its path; no bytes where the text does not compile."""
@@ -117,8 +122,38 @@ class Slot:
         command = self._programs.compilation(source, copy, output)
         if options:
             command = without_precompiled_headers(command) + list(options)
-        status, _ = run(command, 300, cwd=TREE)
+        status, _ = run(command, 600, 600, cwd=TREE)
         return (output.read_bytes() if status == 0 else b""), output
+
+    def switch(self, source, tokens, mutants):
+        """The numbers of those mutants that one object holds together; `switched_program` gives programs with it."""
+        if self._switched[0] != source:
+            self._switched = source, self._together(source, tokens, dict(enumerate(mutants)))
+            self._switched_programs = {}
+        return self._switched[1]
+
+    def _together(self, source, tokens, mutants):
+        """Compiles as many mutants together as compile."""
+        original, copy = source.read_bytes(), self.folder / f"switched-{source.name}"
+        command = self._programs.compilation(source, copy, self.folder / "switched.o")
+        while True:
+            text, held = switched.switched(tokens, original, mutants)
+            copy.write_bytes(text)
+            done = subprocess.run([*command, "-ferror-limit=0"], cwd=TREE, capture_output=True, text=True)
+            if done.returncode == 0:
+                return {mutants[number]: number for number in held}
+            refused = switched.refused(done.stderr) & mutants.keys()
+            if not refused:
+                return {}
+            for number in refused:
+                del mutants[number]
+
+    def switched_program(self, name):
+        if name not in self._switched_programs:
+            (self.folder / "switched").mkdir(exist_ok=True)
+            self._switched_programs[name] = self.link(name, [self.folder / "switched.o"],
+                                                      self.folder / "switched" / name)
+        return self._switched_programs[name]
 
     def unchanged(self, source, *options):
         """The bytes of the object of a source as it is."""
@@ -126,33 +161,36 @@ class Slot:
             self._unchanged[source, options] = self.compile(source, source.read_bytes(), *options)[0]
         return self._unchanged[source, options]
 
-    def limit(self, name):
-        """The time limit of a program in seconds. Makes sure that it passes without any change."""
+    def link(self, name, objects, program=None):
+        """The test program in which these objects replace the library's; nothing where it does not link."""
+        program = program or self.folder / name
+        status, _ = run(self._programs.link(name, objects, program), 600, 600, cwd=TREE)
+        return program if status == 0 else None
+
+    def limits(self, name, slow):
+        """How many seconds a program may take: of its own on the processor, and of everybody's. Makes sure that it
+        passes without any change."""
         with self._measuring:
-            if name not in self._limits:
-                status, seconds = self.test(name, [], 600)
-                if status is None:
-                    sys.exit(f"{name} takes more than ten minutes without any change")
+            if (name, slow) not in self._limits:
+                before = resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime
+                status, seconds = self.test(TREE / "bin" / name, slow, (1200, 1200))
                 if status != 0:
                     sys.exit(f"{name} fails without any change: {status}")
-                self._limits[name] = 20 + 10 * seconds
-            return self._limits[name]
+                of_its_own = resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime - before
+                self._limits[name, slow] = 3 + 10 * of_its_own, 20 + 10 * seconds
+            return self._limits[name, slow]
 
-    def test(self, name, objects, limit):
-        """The exit status of a test program in which these objects replace the library's, None after the limit and
-        "refused" where it does not link, and the seconds that it ran."""
-        program = self.folder / name
-        status, _ = run(self._programs.link(name, objects, program), 300, cwd=TREE)
-        if status != 0:
-            return "refused", 0
+    def test(self, program, slow, limits, number=-1):
+        """The exit status of a program's slow tests or of its others, None after the limits, and the seconds that it
+        ran. The number is that of the mutant to be chosen."""
+        name = program.name
         command, environment = self._programs.run(name, program)
         work = self.folder / "home"
         guard = [ROOT / "tests/support/unshared", "--mount", "--", "sh", "-c", GUARD, work, os.path.expanduser("~")]
-        result = run([*guard, *command], limit, cwd=work, env={
+        result = run([*guard, *command], *limits, cwd=work, env={
             **os.environ, **environment, "TMPDIR": str(work), "GTEST_FAIL_FAST": "1",
-            "GTEST_FILTER": "-" + ":".join(SLOW_TESTS), "QT_QPA_PLATFORM": "offscreen",
-            "XDG_RUNTIME_DIR": str(work)})
-        program.unlink()
+            "GTEST_FILTER": ("" if slow else "-") + ":".join(SLOW_TESTS.get(name, [])),
+            "QT_QPA_PLATFORM": "offscreen", "XDG_RUNTIME_DIR": str(work), switched.VARIABLE: str(number)})
         for left in work.iterdir():
             if left.is_dir() and not left.is_symlink():
                 shutil.rmtree(left, ignore_errors=True)
@@ -171,12 +209,13 @@ def without_precompiled_headers(words):
     return [word for word in kept if word not in ("-Winvalid-pch", "-fpch-instantiate-templates")]
 
 
-def run(command, limit, **options):
-    """Exit status, or None after the limit, and the seconds that it took."""
+def run(command, of_its_own, limit, **options):
+    """Exit status, or None after the limits, and the seconds that it took. One limit is on the processor's time."""
     def restrain():
+        # A mutant that outlives this tool would write to the folders of the next run.
+        ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
         resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
-        # An endless loop ends even where this tool was killed meanwhile.
-        resource.setrlimit(resource.RLIMIT_CPU, (int(limit) + 1, int(limit) + 1))
+        resource.setrlimit(resource.RLIMIT_CPU, (int(of_its_own) + 1, int(of_its_own) + 2))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
         resource.setrlimit(resource.RLIMIT_FSIZE, (2 * MEMORY, 2 * MEMORY))
     start = time.monotonic()
@@ -187,4 +226,4 @@ def run(command, limit, **options):
         except subprocess.TimeoutExpired:
             os.killpg(process.pid, signal.SIGKILL)
             status = None
-    return status, time.monotonic() - start
+    return (None if status == -signal.SIGXCPU else status), time.monotonic() - start
