@@ -36,7 +36,7 @@ QAction *EditMenu::addItem(const QString &title, const QKeySequence &key, void (
 void EditMenu::follow(QWidget *focused)
 {
     // A window that is not the active one has no focus, and an open menu bar has it for itself; the items
-    // still mean the editor of before.
+    // still mean the previously focused editor.
     if (!focused || qobject_cast<QMenuBar *>(focused))
         return;
     auto *editor = qobject_cast<QPlainTextEdit *>(focused);

@@ -19,11 +19,11 @@ public:
     /// Loads all settings and shows the window, once, when the application is up.
     void applicationDidFinishLaunching();
 
-    /// The running program was asked for again: brings its window back if none is visible. Always true.
+    /// The program was started again: shows the window if it is not visible. Always true.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
 
-    /// The event loop has ended: what was changed or copied last still gets where it belongs. Waits for less
-    /// than a second in all, and not at all when nothing is under way.
+    /// The event loop has ended: completes the last change and keeps what was copied. Waits for less than a
+    /// second in all, and not at all when nothing is pending.
     void applicationWillTerminate();
 
     /// The one window's controller; none before launching has finished and after the window has closed.

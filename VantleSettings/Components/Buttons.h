@@ -20,8 +20,8 @@ private:
     Size m_size;
 };
 
-/// A symbol in the secondary colour that acts, in a frame of 22 by 22 points; the tooltip is its name unless
-/// it is given another.
+/// An icon button: a symbol in the secondary colour, in a frame of 22 by 22 points; the tooltip is its name
+/// unless it is given another.
 class IconButton : public QPushButton
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ private:
 /// shortcut would show it pressed for a moment first, in which the window may close.
 void clickOn(const QKeySequence &keys, QPushButton *button);
 
-/// A text in the accent colour that acts.
+/// A link button: a text in the accent colour.
 class LinkButton : public QPushButton
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ namespace
 
 // Characters that a document takes for the end of a line, though a line ends at a line feed only. Inside the
 // document each is a low surrogate on its own, which no text has, and which is seen as an odd character.
-constexpr std::array<char16_t, 4> mistakenForLineEnds{u'\r', u'\u2029', u'\ufdd0', u'\ufdd1'};
+constexpr std::array<char16_t, 4> documentSeparators{u'\r', u'\u2029', u'\ufdd0', u'\ufdd1'};
 
 constexpr qsizetype longestLine = 4096;   ///< shown whole, in letters
 constexpr qsizetype longestText = 200000; ///< the same of all lines together
@@ -30,8 +30,8 @@ constexpr char16_t standIn(std::size_t index)
 
 QString inDocument(QString text)
 {
-    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
-        text.replace(QChar(mistakenForLineEnds[index]), QChar(standIn(index)));
+    for (std::size_t index = 0; index < documentSeparators.size(); ++index)
+        text.replace(QChar(documentSeparators[index]), QChar(standIn(index)));
     return text;
 }
 
@@ -40,8 +40,8 @@ QString inDocument(QString text)
 QString fromDocument(QString rawText)
 {
     rawText.replace(QChar::ParagraphSeparator, u'\n');
-    for (std::size_t index = 0; index < mistakenForLineEnds.size(); ++index)
-        rawText.replace(QChar(standIn(index)), QChar(mistakenForLineEnds[index]));
+    for (std::size_t index = 0; index < documentSeparators.size(); ++index)
+        rawText.replace(QChar(standIn(index)), QChar(documentSeparators[index]));
     return rawText;
 }
 

@@ -5,16 +5,16 @@
 class QTextCursor;
 class QTextDocument;
 
-/// A text in an editor's document, which holds other characters where it would take the text's own for the
-/// end of a line, and one character in the place of each part that would take too long to lay out: there the
-/// text is folded.
+/// Converts between a text and an editor's document. The document holds stand-ins for the characters that
+/// it would take for the end of a line, and one character for each part that would take too long to lay out:
+/// that part is folded.
 namespace DocumentText
 {
 
-/// Puts a text at the cursor, in the place of what is selected.
+/// Inserts a text at the cursor, replacing the selection.
 void insert(QTextCursor &cursor, const QString &text);
 
-/// The document's text, or that between two positions, with what is folded there.
+/// The document's text, or that between two positions, folded parts included.
 QString text(const QTextDocument &document);
 QString text(const QTextDocument &document, int from, int to);
 

@@ -15,7 +15,7 @@ class FocusRing : public QObject
 public:
     explicit FocusRing(QApplication &application);
 
-    /// Puts the ring around `frame`, which holds the control and is what the eye takes for it.
+    /// Puts the ring around `frame`, which holds the control and is drawn as its field.
     static void setFrame(QWidget *control, QWidget *frame);
 
 protected:
@@ -24,6 +24,6 @@ protected:
 private:
     void follow(QWidget *focused);
 
-    QPointer<QFocusFrame> m_frame; ///< made when first needed; goes with the window it stands in
+    QPointer<QFocusFrame> m_frame; ///< made when first needed; deleted with the window it is in
     bool m_byKeyboard = false;     ///< whether the focus was last moved by a key, not by a click
 };

@@ -8,7 +8,7 @@
 
 class QTextDocument;
 
-/// The one character that stands in a document for a part of its text that is folded, drawn as "…".
+/// The character that represents a folded part of a document's text, drawn as "…".
 class FoldMark : public QObject, public QTextObjectInterface
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     /// The format that makes the character stand for this text in this document.
     static QTextCharFormat format(QTextDocument &document, const QString &folded);
 
-    /// The text that the character at this position stands for; nothing where it is the text's own.
+    /// The text that the character at this position represents; nothing where it is an ordinary character.
     static std::optional<QString> foldedText(const QTextDocument &document, int position);
 
     QSizeF intrinsicSize(QTextDocument *document, int position, const QTextFormat &format) override;

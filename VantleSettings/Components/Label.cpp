@@ -18,7 +18,7 @@
 namespace
 {
 
-constexpr int narrowest = 24;              ///< what a label that can give way asks for at least
+constexpr int minimumElidedWidth = 24;     ///< what a label that can give way asks for at least
 constexpr int lineGap = 1;                 ///< between the lines of a text
 constexpr qsizetype longestToolTip = 2048; ///< in letters
 constexpr int widestLineHint = 640;        ///< a wrapped text never asks for more
@@ -34,7 +34,7 @@ QString plainToolTip(const QString &text)
 }
 
 Label::Label(const QString &text, TextStyle style, TextColor textColor, QWidget *parent)
-    : Label(text, style, textColor, TextFlow{.maximumLines = 1, .givesWay = false}, parent)
+    : Label(text, style, textColor, TextFlow{.maximumLines = 1, .canShrink = false}, parent)
 {
 }
 
@@ -75,7 +75,7 @@ QSize Label::sizeHint() const
 QSize Label::minimumSizeHint() const
 {
     const int natural = sizeHint().width();
-    return {m_flow.givesWay ? std::min(natural, narrowest) : natural, heightOf(1)};
+    return {m_flow.canShrink ? std::min(natural, minimumElidedWidth) : natural, heightOf(1)};
 }
 
 int Label::heightForWidth(int width) const

@@ -75,29 +75,29 @@ void PatternsEditor::setText(const QString &text)
     fitHeight();
 }
 
-std::unique_ptr<PatternsEditor::Work> PatternsEditor::takeWork()
+std::unique_ptr<PatternsEditor::EditState> PatternsEditor::saveState()
 {
     const QTextCursor cursor = textCursor();
     const int scroll = verticalScrollBar()->value();
     const bool untouched = !document()->isUndoAvailable() && !document()->isRedoAvailable();
     if (untouched && cursor.position() == 0 && cursor.anchor() == 0 && scroll == 0)
         return nullptr;
-    auto work = std::make_unique<Work>(
-        Work{std::exchange(m_text, {}), std::unique_ptr<QTextDocument>(document()), cursor, scroll});
-    work->document->setParent(nullptr);
+    auto state = std::make_unique<EditState>(
+        EditState{std::exchange(m_text, {}), std::unique_ptr<QTextDocument>(document()), cursor, scroll});
+    state->document->setParent(nullptr);
     const QSignalBlocker ours(this);
     setDocument(nullptr);
-    return work;
+    return state;
 }
 
-void PatternsEditor::takeUp(std::unique_ptr<Work> work)
+void PatternsEditor::restoreState(std::unique_ptr<EditState> state)
 {
     const QSignalBlocker ours(this);
-    m_text = work->text;
-    work->document->setParent(this);
-    setDocument(work->document.release());
-    setTextCursor(work->cursor);
-    verticalScrollBar()->setValue(work->scroll);
+    m_text = state->text;
+    state->document->setParent(this);
+    setDocument(state->document.release());
+    setTextCursor(state->cursor);
+    verticalScrollBar()->setValue(state->scroll);
     fitHeight();
 }
 

@@ -14,8 +14,8 @@ class PatternsEditor : public QPlainTextEdit
     Q_OBJECT
 
 public:
-    /// What the user has done in an editor: to be taken up by another one with the same text.
-    struct Work {
+    /// The state of an editor that another editor with the same text can restore.
+    struct EditState {
         QString text;
         std::unique_ptr<QTextDocument> document; ///< with its undo history
         QTextCursor cursor;                      ///< caret and selection
@@ -34,10 +34,9 @@ public:
     /// Shows another text; caret, selection and undo history stay where it is the same one.
     void setText(const QString &text);
 
-    /// Hands over what the user has done here, or nothing where there is nothing to keep. The editor is
-    /// left empty.
-    std::unique_ptr<Work> takeWork();
-    void takeUp(std::unique_ptr<Work> work);
+    /// Moves the state out of this editor, which is empty afterwards; null where there is nothing to keep.
+    std::unique_ptr<EditState> saveState();
+    void restoreState(std::unique_ptr<EditState> state);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

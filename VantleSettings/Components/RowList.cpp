@@ -41,8 +41,8 @@ bool holds(const QWidget *row, const QWidget *widget)
 
 } // namespace
 
-RowList::RowList(Rows rows, QWidget *parent)
-    : QWidget(parent), m_make(std::move(rows)), m_start(new QWidget(this))
+RowList::RowList(RowDelegate delegate, QWidget *parent)
+    : QWidget(parent), m_delegate(std::move(delegate)), m_start(new QWidget(this))
 {
     m_start->setFocusPolicy(Qt::TabFocus);
     m_start->hide();
@@ -61,7 +61,7 @@ bool RowList::setIds(std::vector<QUuid> ids)
         expectHeights();
     }
     for (const auto &[index, row] : m_rows)
-        m_make.show(row.widget, index);
+        m_delegate.show(row.widget, index);
     refresh();
     return changed;
 }
@@ -97,7 +97,7 @@ void RowList::keepRows(const std::vector<QUuid> &ids)
 
 void RowList::expectHeights()
 {
-    const auto expectedHeight = m_make.expectedHeights();
+    const auto expectedHeight = m_delegate.expectedHeights();
     m_heights.resize(m_ids.size());
     for (qsizetype index = 0; index < count(); ++index)
         m_heights[size_t(index)] = expectedHeight(index);
@@ -141,7 +141,7 @@ bool RowList::measure()
 /// The rows that must exist.
 RowList::Range RowList::wanted() const
 {
-    if (count() <= alwaysExist)
+    if (count() <= virtualizationThreshold)
         return {0, count()};
     if (!isVisible() || !m_scrollArea)
         return {0, 0};
@@ -177,7 +177,7 @@ void RowList::refresh()
     // A row may turn out taller than expected, so that others come into view or leave it: few rounds do.
     constexpr int rounds = 4;
     for (int round = 0; round < rounds; ++round) {
-        bringIntoBeing();
+        createMissingRows();
         if (!measure())
             break;
     }
@@ -185,7 +185,7 @@ void RowList::refresh()
     m_updating = false;
 }
 
-void RowList::bringIntoBeing()
+void RowList::createMissingRows()
 {
     const Range range = wanted();
     dropOutside(range);
@@ -197,21 +197,21 @@ void RowList::bringIntoBeing()
 
 void RowList::makeRow(qsizetype index)
 {
-    QWidget *widget = m_make.make(index, this);
+    QWidget *widget = m_delegate.make(index, this);
     const auto row = m_rows.emplace(index, Row{widget, nullptr}).first;
     widget->setGeometry(0, top(index), width(), m_heights[size_t(index)]);
     const auto next = std::next(row);
     if (next != m_rows.end())
-        widget->stackUnder(next->second.widget); // the order in which the rows are heard
+        widget->stackUnder(next->second.widget); // the order in which screen readers find the rows
     chainFocus(row);
-    m_make.show(widget, index);
+    m_delegate.show(widget, index);
     widget->show();
 }
 
 /// Lets the rows go that are not wanted; the one with the keyboard stays.
 void RowList::dropOutside(Range range)
 {
-    if (count() <= alwaysExist)
+    if (count() <= virtualizationThreshold)
         return;
     // The window's, which it has when another window has the keyboard, too.
     const QWidget *focus = window()->focusWidget();
@@ -219,8 +219,8 @@ void RowList::dropOutside(Range range)
         const auto &[index, row] = entry;
         if ((index >= range.first && index < range.end) || holds(row.widget, focus))
             return false;
-        if (m_make.leave)
-            m_make.leave(row.widget);
+        if (m_delegate.leave)
+            m_delegate.leave(row.widget);
         discard(row);
         return true;
     });

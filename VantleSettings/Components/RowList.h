@@ -19,31 +19,31 @@ class RowList : public QWidget
 
 public:
     /// How the list makes its rows; all are told the row's place in the list.
-    struct Rows {
+    struct RowDelegate {
         /// Makes a row. Its one control that takes the keyboard is its focus proxy.
         std::function<QWidget *(qsizetype index, QWidget *parent)> make;
-        /// Lets a row that exists show what is true now.
+        /// Updates an existing row.
         std::function<void(QWidget *row, qsizetype index)> show;
         /// Makes the function that says how high each row will probably be, in points; asked again after a
         /// change of the text size.
         std::function<std::function<int(qsizetype index)>()> expectedHeights;
-        /// Tells a row that it goes although its id may come back into view; may be empty.
+        /// Called before a row is deleted whose id may come back into view; may be empty.
         std::function<void(QWidget *row)> leave;
     };
 
-    static constexpr qsizetype alwaysExist = 100;
+    static constexpr qsizetype virtualizationThreshold = 100;
 
-    explicit RowList(Rows rows, QWidget *parent = nullptr);
+    explicit RowList(RowDelegate delegate, QWidget *parent = nullptr);
     ~RowList() override;
 
-    /// What the list consists of now, in order. Rows whose id stays are kept and shown anew.
-    /// True when the list is another one than before.
+    /// Sets the ids of the rows, in order. Rows whose id stays are kept and updated.
+    /// True when the ids have changed.
     bool setIds(std::vector<QUuid> ids);
 
     /// The row at this place, or null where none exists at the moment.
     QWidget *row(qsizetype index) const;
     /// How many rows exist at the moment.
-    qsizetype existing() const { return qsizetype(m_rows.size()); }
+    qsizetype createdCount() const { return qsizetype(m_rows.size()); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -74,15 +74,15 @@ private:
     Range wanted() const;
     void watchScrollArea();
     void refresh();
-    void bringIntoBeing();
+    void createMissingRows();
     void makeRow(qsizetype index);
     void dropOutside(Range range);
     void discard(const Row &row);
     void place();
     void chainFocus(std::map<qsizetype, Row>::iterator row);
 
-    Rows m_make;
-    QWidget *m_start; ///< never seen; it marks where in the order of Tab the rows begin
+    RowDelegate m_delegate;
+    QWidget *m_start; ///< invisible; marks where the rows begin in the tab order
     std::vector<QUuid> m_ids;
     std::vector<int> m_heights; ///< of rows without their dividers
     std::vector<int> m_tops{0}; ///< of every row and of the end

@@ -8,8 +8,8 @@
 class QVBoxLayout;
 class WrappedLabel;
 
-/// A titled card with rows, and a footer below it. Heard as a group named by its header, described by its
-/// footer.
+/// A titled card with rows, and a footer below it. Exposed as a group named by its header and described by
+/// its footer.
 class SettingsGroup : public QWidget
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
 
     void setFooter(const std::optional<QString> &footer);
 
-    /// Shows these rows from the top; rows of before that are not among them are deleted.
+    /// Shows these rows from the top; earlier rows that are not among them are deleted.
     void setRows(const std::vector<QWidget *> &rows);
 
 private:

@@ -110,7 +110,7 @@ void Switch::setPending(bool pending)
     changed.disabled = true;
     announceChange(this, changed);
     if (!pending && isChecked() == m_stateBefore)
-        fallBack();
+        animateRefusal();
     update();
 }
 
@@ -121,7 +121,7 @@ void Switch::nextCheckState()
     const bool wish = !isChecked();
     Q_EMIT requested(wish);
     if (isChecked() != wish && !m_pending)
-        fallBack();
+        animateRefusal();
 }
 
 bool Switch::hitButton(const QPoint &position) const
@@ -136,14 +136,14 @@ void Switch::slideTo(qreal target)
         update();
         return;
     }
-    QVariantAnimation &slide = startableSlide();
+    QVariantAnimation &slide = stoppedAnimation();
     slide.setDuration(Tokens::switchDuration);
     slide.setKeyValues({{0, m_knob}, {1, target}});
     slide.start();
 }
 
 /// The knob goes where it was asked to go and comes back.
-void Switch::fallBack()
+void Switch::animateRefusal()
 {
     // A listener that saw the switch asked still believes that it moved.
     QAccessible::State changed;
@@ -156,7 +156,7 @@ void Switch::fallBack()
         slideTo(rest);
         return;
     }
-    QVariantAnimation &slide = startableSlide();
+    QVariantAnimation &slide = stoppedAnimation();
     slide.setDuration(2 * Tokens::switchDuration);
     slide.setKeyValues({{0, m_knob}, {0.5, 1 - rest}, {1, rest}});
     slide.start();
@@ -177,7 +177,7 @@ void Switch::startProgress()
     m_spin->start();
 }
 
-QVariantAnimation &Switch::startableSlide()
+QVariantAnimation &Switch::stoppedAnimation()
 {
     if (m_slide == nullptr) {
         m_slide = new QVariantAnimation(this);

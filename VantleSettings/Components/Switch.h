@@ -6,7 +6,7 @@
 #include <optional>
 
 /// An on/off switch that asks before it changes: a click keeps the present state and sends `requested`;
-/// whoever owns the state answers with `setChecked` before returning. Without an answer the knob falls back,
+/// the owner of the state answers with `setChecked` before returning. Without an answer the knob returns,
 /// and a screen reader hears the state that has stayed. An owner that needs time for its answer says so with
 /// `setPending`.
 class Switch : public QCheckBox
@@ -19,9 +19,8 @@ public:
     /// Shows this state, the knob sliding there when the switch is on screen. Sends no `requested`.
     void setChecked(bool on);
 
-    /// Shows that a change is under way, the knob where it was asked to go. Until that ends a press does
-    /// nothing; the switch keeps the keyboard focus. If the state is the old one at the end, the knob falls
-    /// back.
+    /// Shows a pending change, the knob at the requested side. Until that ends a press does nothing; the
+    /// switch keeps the keyboard focus. If the state is the old one at the end, the knob falls back.
     void setPending(bool pending);
     bool isPending() const { return m_pending; }
 
@@ -38,8 +37,8 @@ protected:
 
 private:
     void slideTo(qreal target);
-    void fallBack();
-    QVariantAnimation &startableSlide();
+    void animateRefusal();
+    QVariantAnimation &stoppedAnimation();
     void startProgress();
     void paintProgress(QPainter &painter, const QRectF &knob) const;
 

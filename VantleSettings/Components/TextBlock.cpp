@@ -137,7 +137,7 @@ int TextBlock::lineCount(int width)
     if (m_lineCounts.size() == rememberedWidths)
         m_lineCounts.clear();
     breakAt(width);
-    return m_lineCounts[width] = m_wholeLines + (m_cut ? 1 : 0);
+    return m_lineCounts[width] = m_wholeLines + (m_elidedLine ? 1 : 0);
 }
 
 std::vector<QString> TextBlock::lines(int width)
@@ -147,8 +147,8 @@ std::vector<QString> TextBlock::lines(int width)
     lines.reserve(size_t(m_wholeLines) + 1);
     for (int i = 0; i < m_wholeLines; ++i)
         lines.push_back(shown(m_layout.lineAt(i), m_layout.text()));
-    if (m_cut)
-        lines.push_back(m_cut->text());
+    if (m_elidedLine)
+        lines.push_back(m_elidedLine->text());
     return lines;
 }
 
@@ -160,7 +160,7 @@ void TextBlock::draw(QPainter &painter, const QRect &box, qreal share, int lineH
     qreal baseline =
         std::round(box.top() + (box.height() - height) / 2.0 + QFontMetricsF(m_layout.font()).ascent());
     for (int i = 0; i < count; ++i) {
-        const QTextLine line = i < m_wholeLines ? m_layout.lineAt(i) : m_cut->lineAt(0);
+        const QTextLine line = i < m_wholeLines ? m_layout.lineAt(i) : m_elidedLine->lineAt(0);
         const qreal indent = share * (box.width() - line.horizontalAdvance());
         line.draw(&painter, QPointF(box.left() + indent, baseline - line.ascent()));
         baseline += lineHeight + lineGap;
@@ -176,15 +176,15 @@ void TextBlock::breakAt(int width)
     createLines(m_layout, room, m_flow.maximumLines);
     m_width = width;
     m_wholeLines = m_layout.lineCount();
-    m_cut.reset();
+    m_elidedLine.reset();
     m_isCut = false;
     if (m_flow.maximumLines > 0 && m_wholeLines > m_flow.maximumLines) {
         m_wholeLines = m_flow.maximumLines - 1;
-        m_cut = cutShort(m_layout.lineAt(m_wholeLines).textStart(), width);
+        m_elidedLine = elideLastLine(m_layout.lineAt(m_wholeLines).textStart(), width);
     }
 }
 
-std::unique_ptr<QTextLayout> TextBlock::cutShort(qsizetype start, int width)
+std::unique_ptr<QTextLayout> TextBlock::elideLastLine(qsizetype start, int width)
 {
     const QString rest = onOneLine(m_layout.text().mid(start)).remove(wordJoiner);
     const QString elided = QFontMetricsF(m_layout.font()).elidedText(rest, Qt::ElideMiddle, width);

@@ -13,7 +13,7 @@ class QPainter;
 struct TextFlow {
     int maximumLines = 0;  ///< what does not fit is left out in the middle of the last line; 0 for no limit
     bool balanced = false; ///< lines of about the same length, none with a word of its own
-    bool givesWay = true;  ///< may become narrower than the text on one line
+    bool canShrink = true; ///< may become narrower than the text on one line
 };
 
 /// A text in a font, shaped once, then measured, broken into lines and drawn at whatever width is asked for.
@@ -41,15 +41,15 @@ public:
 
 private:
     void breakAt(int width);
-    std::unique_ptr<QTextLayout> cutShort(qsizetype start, int width);
+    std::unique_ptr<QTextLayout> elideLastLine(qsizetype start, int width);
 
     TextFlow m_flow;
-    bool m_isShortened;                 ///< before it was laid out, which would take too long for all of it
-    QTextLayout m_layout;               ///< begun and never ended, which would forget the shapes
-    std::unique_ptr<QTextLayout> m_cut; ///< the last line where something is left out in it
-    bool m_isCut = false;               ///< something is left out in that line
-    int m_wholeLines = 0;               ///< before that one
-    std::optional<int> m_width;         ///< of the present lines
+    bool m_isShortened;   ///< before it was laid out, which would take too long for all of it
+    QTextLayout m_layout; ///< begun and never ended, which would forget the shapes
+    std::unique_ptr<QTextLayout> m_elidedLine; ///< the last line where something is left out in it
+    bool m_isCut = false;                      ///< something is left out in that line
+    int m_wholeLines = 0;                      ///< before that one
+    std::optional<int> m_width;                ///< of the present lines
     std::optional<int> m_naturalWidth;
     std::map<int, int> m_lineCounts; ///< by width
 };

@@ -6,7 +6,7 @@
 
 class SectionContent;
 
-/// The frame of every page: the heading, and the page's content below it; it scrolls when it is high. Heard
+/// The frame of every page: the heading, and the page's content below it; it scrolls when it is high. Exposed
 /// as a panel named like the page.
 class SectionPane : public QScrollArea
 {

@@ -92,7 +92,7 @@ SectionPane *SettingsRootView::page(SettingsSection section)
         SectionContent *content = makeContent(section, m_model);
         pane = new SectionPane(section, content);
         m_detail->addWidget(pane);
-        afterFirstFrame(*content, [content] { content->addLowerGroups(); });
+        afterFirstFrame(*content, [content] { content->addDeferredGroups(); });
     }
     return pane;
 }

@@ -79,7 +79,7 @@ ShortcutRecorder::ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWi
     m_change.setDuration(Tokens::recorderDuration);
     m_change.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_change, &QVariantAnimation::valueChanged, this,
-            [this](const QVariant &share) { setShare(share.toReal()); });
+            [this](const QVariant &progress) { setRecordingProgress(progress.toReal()); });
     connect(this, &QPushButton::clicked, &m_recording, &ShortcutRecording::toggleRecording);
     connect(&m_recording, &ShortcutRecording::recorded, this, [this] { m_isRecorded = true; });
     connect(&m_recording, &ShortcutRecording::recorded, this, std::move(onRecord));
@@ -100,7 +100,7 @@ QSize ShortcutRecorder::sizeHint() const
 {
     const int idle = widthOf(m_comboText);
     const int recording = widthOf(pressShortcut);
-    const int width = idle + static_cast<int>(std::lround((recording - idle) * m_recordingShare));
+    const int width = idle + static_cast<int>(std::lround((recording - idle) * m_recordingProgress));
     return {width + 2 * paddingSides, fontMetrics().height() + 2 * paddingVertical};
 }
 
@@ -116,9 +116,9 @@ void ShortcutRecorder::paintEvent(QPaintEvent *)
     QPainter painter(this);
     if (isDown())
         painter.setOpacity(pressedOpacity);
-    const QColor background = mixed(fillColor(), accentColor(), m_recordingShare);
+    const QColor background = mixed(fillColor(), accentColor(), m_recordingProgress);
     fill(painter, continuousRectangle(rect(), Tokens::buttonRadius), background);
-    painter.setPen(mixed(textColor(TextColor::primary), textColor(TextColor::white), m_recordingShare));
+    painter.setPen(mixed(textColor(TextColor::primary), textColor(TextColor::white), m_recordingProgress));
     painter.drawText(rect(), Qt::AlignCenter, shownText());
 }
 
@@ -157,22 +157,22 @@ void ShortcutRecorder::changeOver()
 {
     if (isRecording())
         m_isRecorded = false;
-    // A new combination is handed over in the next turn: until then the old one would be heard once more.
+    // The new combination is set in the next turn of the event loop; announced now, it would be the old one.
     QMetaObject::invokeMethod(this, &ShortcutRecorder::announceState, Qt::QueuedConnection);
     const qreal target = isRecording() ? 1 : 0;
     m_change.stop();
     if (!isVisible() || reducedMotion()) {
-        setShare(target);
+        setRecordingProgress(target);
         return;
     }
-    m_change.setStartValue(m_recordingShare);
+    m_change.setStartValue(m_recordingProgress);
     m_change.setEndValue(target);
     m_change.start();
 }
 
-void ShortcutRecorder::setShare(qreal recordingShare)
+void ShortcutRecorder::setRecordingProgress(qreal recordingProgress)
 {
-    m_recordingShare = recordingShare;
+    m_recordingProgress = recordingProgress;
     updateGeometry();
     update();
 }

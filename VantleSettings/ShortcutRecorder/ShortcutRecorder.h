@@ -42,12 +42,12 @@ private:
     int widthOf(const QString &text) const;
     void announceState();
     void changeOver();
-    void setShare(qreal recordingShare);
+    void setRecordingProgress(qreal recordingProgress);
 
     QString m_comboText;
     QString m_spokenCombo;
     ShortcutRecording m_recording;
     bool m_isRecorded = false; ///< whether the last recording has ended with a combination
     QVariantAnimation m_change{this};
-    qreal m_recordingShare = 0; ///< how much of the recording look is on view: 0 idle, 1 recording
+    qreal m_recordingProgress = 0; ///< how much of the recording look is on view: 0 idle, 1 recording
 };

@@ -28,7 +28,7 @@ public:
     /// What a click does: starts, or stops without recording.
     void toggleRecording();
 
-    /// Takes a key-down of the program; the monitor hands over each there is while recording.
+    /// Takes a key-down of the program; the monitor passes each one on while recording.
     void keyDown(const KeyDown &key);
 
 Q_SIGNALS:

@@ -231,9 +231,9 @@ TEST_F(PatternsEditorTest, TabMovesOn)
 
 TEST_F(PatternsEditorTest, AnUntouchedEditorHasNoWorkToHandOver)
 {
-    EXPECT_EQ(editor->takeWork(), nullptr);
+    EXPECT_EQ(editor->saveState(), nullptr);
     editor->setText(lines(20));
-    EXPECT_EQ(editor->takeWork(), nullptr);
+    EXPECT_EQ(editor->saveState(), nullptr);
 }
 
 TEST_F(PatternsEditorTest, AnotherEditorTakesUpCaretSelectionHistoryAndScrollPosition)
@@ -245,14 +245,14 @@ TEST_F(PatternsEditorTest, AnotherEditorTakesUpCaretSelectionHistoryAndScrollPos
     editor->moveCursor(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
     const int scroll = editor->verticalScrollBar()->value();
     ASSERT_GT(scroll, 0);
-    std::unique_ptr<PatternsEditor::Work> work = editor->takeWork();
+    std::unique_ptr<PatternsEditor::EditState> state = editor->saveState();
     const QRect place = editor->geometry();
     delete editor;
 
     auto *other = new PatternsEditor(&window);
     other->setGeometry(place);
     other->show();
-    other->takeUp(std::move(work));
+    other->restoreState(std::move(state));
     EXPECT_EQ(other->text(), u"new"_s + lines(20));
     EXPECT_EQ(other->textCursor().selectedText(), u"a");
     EXPECT_EQ(other->verticalScrollBar()->value(), scroll);
@@ -264,9 +264,9 @@ TEST_F(PatternsEditorTest, WorkMayOutliveAllEditors)
 {
     editor->setText(u"a"_s);
     QTest::keyClicks(editor, u"b"_s);
-    const std::unique_ptr<PatternsEditor::Work> work = editor->takeWork();
+    const std::unique_ptr<PatternsEditor::EditState> state = editor->saveState();
     delete editor;
-    EXPECT_EQ(work->text, u"ba");
+    EXPECT_EQ(state->text, u"ba");
 }
 
 TEST_F(PatternsEditorTest, AFingerScrollsIt)

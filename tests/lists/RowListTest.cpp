@@ -101,7 +101,7 @@ protected:
         return expected;
     }
 
-    std::vector<qsizetype> existing() const
+    std::vector<qsizetype> createdRows() const
     {
         std::vector<qsizetype> existing;
         for (qsizetype index = 0; index < qsizetype(ids.size()); ++index) {
@@ -139,9 +139,9 @@ TEST_F(RowListTest, AHundredRowsAllExist)
 {
     fill(100);
     show();
-    EXPECT_EQ(list->existing(), 100);
+    EXPECT_EQ(list->createdCount(), 100);
     scrollTo(1000);
-    EXPECT_EQ(list->existing(), 100);
+    EXPECT_EQ(list->createdCount(), 100);
     EXPECT_EQ(made, 100);
 }
 
@@ -151,9 +151,9 @@ TEST_F(RowListTest, OfMoreThanAHundredRowsOnlyThoseInViewExist)
     show();
     for (const int position : {0, 1, 777, 2000, area.verticalScrollBar()->maximum()}) {
         scrollTo(position);
-        EXPECT_EQ(existing(), expectedInView()) << "scrolled to " << position;
+        EXPECT_EQ(createdRows(), expectedInView()) << "scrolled to " << position;
     }
-    EXPECT_LT(list->existing(), 15);
+    EXPECT_LT(list->createdCount(), 15);
 }
 
 TEST_F(RowListTest, RowsOutOfViewAreOutOfTheTree)
@@ -165,7 +165,7 @@ TEST_F(RowListTest, RowsOutOfViewAreOutOfTheTree)
     int buttons = 0;
     for (int child = 0; child < tree->childCount(); ++child)
         buttons += dynamic_cast<ButtonRow *>(tree->child(child)->object()->parent()) != nullptr;
-    EXPECT_EQ(buttons, list->existing());
+    EXPECT_EQ(buttons, list->createdCount());
 }
 
 TEST_F(RowListTest, TheTreeHasTheRowsInOrderWhicheverWayTheyCameIntoView)
@@ -203,8 +203,8 @@ TEST_F(RowListTest, RowsOutOfViewAreExpectedAnewWhenTheFontChanges)
     larger.setPixelSize(30);
     list->setFont(larger);
     turn();
-    const int measured = int(list->existing()) * (rowHeight + dividerHeight);
-    const int others = (1000 - int(list->existing())) * (expectedHeight + dividerHeight);
+    const int measured = int(list->createdCount()) * (rowHeight + dividerHeight);
+    const int others = (1000 - int(list->createdCount())) * (expectedHeight + dividerHeight);
     EXPECT_EQ(list->sizeHint().height(), measured + others - dividerHeight);
 }
 
@@ -238,7 +238,7 @@ TEST_F(RowListTest, EqualIdsDoNoHarm)
     fill(3);
     ids = {ids[0], ids[0], ids[0]};
     list->setIds(ids);
-    EXPECT_EQ(list->existing(), 3);
+    EXPECT_EQ(list->createdCount(), 3);
 }
 
 TEST_F(RowListTest, AListThatShrinksAndGrowsAcrossAHundred)
@@ -248,14 +248,14 @@ TEST_F(RowListTest, AListThatShrinksAndGrowsAcrossAHundred)
     scrollTo(100000);
     fill(3);
     turn();
-    EXPECT_EQ(list->existing(), 3);
+    EXPECT_EQ(list->createdCount(), 3);
     EXPECT_EQ(list->height(), 3 * (rowHeight + dividerHeight) - dividerHeight);
     fill(5000);
     turn();
-    EXPECT_EQ(existing(), expectedInView());
+    EXPECT_EQ(createdRows(), expectedInView());
     fill(0);
     turn();
-    EXPECT_EQ(list->existing(), 0);
+    EXPECT_EQ(list->createdCount(), 0);
     EXPECT_EQ(list->height(), 0);
 }
 
@@ -319,7 +319,7 @@ TEST_F(RowListTest, ARowThatGoesOutOfViewIsToldAndOneWhoseIdIsGoneIsNot)
 {
     fill(1000);
     show();
-    const int inView = int(list->existing());
+    const int inView = int(list->createdCount());
     scrollTo(20000);
     EXPECT_EQ(left, inView);
     fill(1000);
@@ -341,7 +341,7 @@ TEST_F(RowListTest, WhatIsInViewDoesNotJumpWhenARowAboveTurnsOutHigher)
     fill(1000);
     show();
     scrollTo(20000);
-    const qsizetype first = existing().front();
+    const qsizetype first = createdRows().front();
     heights[ids[size_t(first) - 1]] = rowHeight + 26;
     QWidget *seen = row(first + 2);
     const int before = seen->mapTo(area.viewport(), QPoint()).y();
@@ -373,21 +373,21 @@ TEST_F(RowListTest, AHiddenListMakesNoRowsUntilItIsShown)
     made = 0;
     fill(1000);
     EXPECT_EQ(made, 0);
-    EXPECT_EQ(list->existing(), 0);
+    EXPECT_EQ(list->createdCount(), 0);
     area.show();
     turn();
-    EXPECT_EQ(existing(), expectedInView());
+    EXPECT_EQ(createdRows(), expectedInView());
 }
 
 TEST_F(RowListTest, ALargerWindowBringsMoreRowsIntoView)
 {
     fill(1000);
     show();
-    const qsizetype before = list->existing();
+    const qsizetype before = list->createdCount();
     area.resize(300, 800);
     turn();
-    EXPECT_GT(list->existing(), before);
-    EXPECT_EQ(existing(), expectedInView());
+    EXPECT_GT(list->createdCount(), before);
+    EXPECT_EQ(createdRows(), expectedInView());
 }
 
 } // namespace

@@ -29,7 +29,7 @@ class ShownPage
 public:
     explicit ShownPage(OutsideWorld &world) : m_world(world)
     {
-        view.addLowerGroups();
+        view.addDeferredGroups();
         view.resize(580, 900);
         view.show();
         settle();

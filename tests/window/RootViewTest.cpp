@@ -160,7 +160,7 @@ TEST_F(RootView, ThePageFillsTheWidthBetweenItsPaddings)
 
 TEST_F(RootView, ThePageEndsWithItsPaddingBelowItsContent)
 {
-    view.findChild<SectionContent *>()->addLowerGroups();
+    view.findChild<SectionContent *>()->addDeferredGroups();
     settle();
     const QWidget &page = *shownPane()->widget();
     ASSERT_GT(page.height(), shownPane()->viewport()->height());

@@ -66,7 +66,7 @@ private:
         return !m_waiting.empty() || std::ranges::any_of(m_transfers, &LoopbackTransfer::isAwaited);
     }
 
-    /// Tries each free transfer once. Where nobody listens that is over at once, and the rest gets its turn
+    /// Tries each free transfer once. Where no agent listens that ends at once, and the rest gets its turn
     /// later: many in a row would hold up the window.
     void startWaiting()
     {

@@ -62,7 +62,7 @@ bool takesCallers(int socket, const QByteArray &name)
 }
 
 /// Whether the bus answers the first words that each of its clients says. One that cannot be reached at all
-/// counts, too: nobody waits for it.
+/// counts, too: no call waits for it.
 bool answers(int socket, const QByteArray &name, std::chrono::milliseconds limit)
 {
     if (!takesCallers(socket, name))

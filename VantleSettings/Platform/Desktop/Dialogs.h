@@ -22,7 +22,7 @@ struct Confirmation {
     QString action; ///< the first and default button; the other is Cancel
 };
 
-/// Questions that hold the program up until they are answered. The event loop turns meanwhile: whoever asks
+/// Modal questions. The event loop runs until they are answered: whoever asks
 /// may be gone when the answer comes.
 class Dialogs
 {

@@ -35,7 +35,7 @@ QString nearestExisting(QString folder)
 
 /// The toolkit's dialog would keep a record of the folders it was in, in a file of its own in the home
 /// directory. Its settings, of which this program has no other use, are sent where nothing can be written.
-void keepNoRecord()
+void disableDialogHistory()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
@@ -60,7 +60,7 @@ void showMessage(QFileDialog &dialog, const QString &message)
 /// The toolkit's dialog, or the one that its theme for this desktop brings along.
 std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
 {
-    keepNoRecord();
+    disableDialogHistory();
     const QPointer<QFileDialog> dialog =
         new QFileDialog(QApplication::activeWindow(), question.title, question.start.value_or(QString()));
     dialog->setFileMode(QFileDialog::Directory);

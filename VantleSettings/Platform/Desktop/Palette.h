@@ -11,7 +11,7 @@
 /// A colour of the system's palette in its dark variant.
 QColor color(SystemColor name);
 
-/// The colour the user has chosen for selections and switches; blue where nobody can be asked.
+/// The colour the user has chosen for selections and switches; blue where the system does not tell.
 QColor accentColor();
 
 /// Whether the user wants less motion: nothing slides or fades then.

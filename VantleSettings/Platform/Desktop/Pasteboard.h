@@ -17,7 +17,7 @@ public:
     static Pasteboard &system();
 
     /// For the end of the program: what was copied is handed to the desktop's clipboard manager. Waits no
-    /// longer than this, and not at all where there is nothing to hand over or nobody to take it.
+    /// longer than this, and not at all where there is nothing to keep or no clipboard manager.
     static void finish(std::chrono::milliseconds limit);
 
 protected:

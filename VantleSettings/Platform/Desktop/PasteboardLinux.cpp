@@ -18,7 +18,7 @@ public:
     void setText(const QString &text) override { QGuiApplication::clipboard()->setText(text); }
 };
 
-/// Waits until the toolkit has seen that the clipboard has another owner. It complains when it is told to
+/// Waits until the toolkit has seen that the clipboard has another owner. It warns when it is told to
 /// give up what it has lost already.
 void awaitLoss(const QClipboard &clipboard, std::chrono::milliseconds limit)
 {

@@ -20,7 +20,7 @@ struct Symbol {
     QFont::Weight weight = QFont::Normal;
 };
 
-/// Draws the symbol around the centre of `box`. A name nobody knows draws nothing.
+/// Draws the symbol around the centre of `box`. An unknown name draws nothing.
 void drawSymbol(QPainter &painter, const Symbol &symbol, const QRectF &box, const QColor &color);
 
 /// The symbol as an icon for buttons and menus, sharp at every scale factor.

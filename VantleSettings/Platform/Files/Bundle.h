@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// What a program knows of its own installation; nothing where the system can't tell.
+/// What a program knows of its own installation; empty where the system can't tell.
 struct Bundle {
     std::optional<QString> executablePath;
     std::optional<QString> resourceDirectory; ///< files that were installed with the program

@@ -34,7 +34,7 @@ public:
     /// Makes a directory and its missing parents; failures show in the write that follows.
     virtual void createDirectory(const QString &path) = 0;
 
-    /// Removes a file or a link, never a directory; a failure is of no consequence.
+    /// Removes a file or a link, never a directory; failures are not reported.
     virtual void remove(const QString &path) = 0;
 
     /// Whether anything is at this path, links followed.

@@ -119,7 +119,7 @@ QString Path::standardizing(const QString &path)
 
 QString Path::withoutPrivate(const QString &path)
 {
-    static constexpr std::array<QStringView, 12> reallyAtTheRoot{
+    static constexpr std::array<QStringView, 12> topLevelDirectories{
         u"Applications", u"Library", u"System", u"Users",   u"Volumes", u"bin",
         u"cores",        u"dev",     u"opt",    u"private", u"sbin",    u"usr"};
     const QString prefix = u"/private"_s;
@@ -128,6 +128,6 @@ QString Path::withoutPrivate(const QString &path)
     const QString rest = path.sliced(prefix.size());
     const QStringView first = QStringView(rest).sliced(1, (rest + u'/').indexOf(u'/', 1) - 1);
     const bool stays =
-        std::find(reallyAtTheRoot.begin(), reallyAtTheRoot.end(), first) != reallyAtTheRoot.end();
+        std::find(topLevelDirectories.begin(), topLevelDirectories.end(), first) != topLevelDirectories.end();
     return stays || !Seam<FileSystem>::current().exists(rest) ? path : rest;
 }

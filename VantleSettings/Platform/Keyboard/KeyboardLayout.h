@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <optional>
 
-/// What the keys of this keyboard print. Announces (`objectWillChange`) when another layout comes into force,
-/// so that whoever shows a key can show it anew.
+/// What the keys of this keyboard print. Emits `objectWillChange` when another layout becomes current,
+/// so that views which show keys can update.
 class KeyboardLayout : public Observable
 {
     Q_OBJECT

@@ -29,7 +29,7 @@ void setAccessibleRole(QWidget *widget, QAccessible::Role role)
 {
     QAccessible::installFactory(makeInterface); // once, however often it is asked to
     widget->setProperty(AccessibleProperties::role, int(role));
-    // An interface that was made before, e.g. when the widget was named, has the role of before.
+    // An interface that was made before, e.g. when the widget was named, has the earlier role.
     QAccessible::deleteAccessibleInterface(
         QAccessible::uniqueId(QAccessible::queryAccessibleInterface(widget)));
 }

@@ -10,7 +10,7 @@ class QWidget;
 /// leaves out what has the role Pane.
 void setAccessibleRole(QWidget *widget, QAccessible::Role role);
 
-/// Keeps a widget that is there for the eye only, e.g. a tinted tile, out of the accessibility tree: its
+/// Keeps a purely visual widget, e.g. a tinted tile, out of the accessibility tree: its
 /// parent, a plain widget or one with a role from above, leaves it out.
 void markAsDecoration(QWidget *widget);
 
@@ -24,5 +24,6 @@ void setDescribes(QWidget *text, QWidget *control);
 void changeAccessibleName(QWidget *widget, const QString &name);
 void changeAccessibleDescription(QWidget *widget, const QString &description);
 
-/// What is spoken for the name of a button, e.g. words for the glyphs in it. The accessible name stays.
+/// Sets what screen readers say instead of a button's name, e.g. words for the glyphs in it. The accessible
+/// name stays.
 void setSpokenName(QWidget *button, const QString &words);

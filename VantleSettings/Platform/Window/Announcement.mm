@@ -19,7 +19,7 @@ void announce(QWidget *widget, const QString &message)
 void announce(QWidget *widget, const QString &message)
 {
     if (!QAccessible::isActive() || QGuiApplication::platformName() != QStringLiteral("cocoa"))
-        return; // nobody listens, or the windows aren't the system's
+        return; // no screen reader runs, or the windows aren't the system's
     NSView *view = (__bridge NSView *)reinterpret_cast<void *>(widget->window()->winId());
     NSDictionary *information = @{
         NSAccessibilityAnnouncementKey : message.toNSString(),

@@ -29,7 +29,7 @@ void announce(QWidget *widget, const QString &message)
         setAccessibleRole(notification, QAccessible::Notification);
         notification->setAccessibleName(message);
         notification->lower();
-        notification->show(); // which tells of it
+        notification->show(); // which sends the event
         return;
     }
     notification->setAccessibleName(message);

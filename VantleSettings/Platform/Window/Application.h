@@ -6,7 +6,7 @@
 
 class QKeyEvent;
 
-/// The application object. It sees to it that a held key acts once: every repeat is marked as one
+/// The application object. Makes a held key count as one press: every repeat is marked as one
 /// (`QKeyEvent::isAutoRepeat`) before anything else sees it, chooses no menu item and no shortcut, and
 /// presses, chooses or cancels nothing outside of text fields. Text fields, lists and scrolling get the
 /// repeats like other keys.

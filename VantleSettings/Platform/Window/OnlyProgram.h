@@ -18,7 +18,7 @@ struct LaunchToken {
 /// it from the environment.
 LaunchToken launchToken();
 
-/// Becomes the one program, or hands over to the one that is running: false when that has brought its window
+/// Becomes the one program, or activates the one that is running: false when that has brought its window
 /// to the front, and this one is to end. A running program that doesn't answer within two seconds keeps
 /// nobody from starting. Once per process.
 bool becomeOnlyProgram(const LaunchToken &token);

@@ -44,8 +44,8 @@ RowList *BrowserPatternsSection::projectRows()
         .make =
             [this, project](qsizetype index, QWidget *list) {
                 auto *row = new ProjectRow(project(index), list);
-                if (auto left = m_work.extract(row->id()))
-                    row->editor().takeUp(std::move(left.mapped()));
+                if (auto left = m_editStates.extract(row->id()))
+                    row->editor().restoreState(std::move(left.mapped()));
                 connect(&row->editor(), &PatternsEditor::edited, this,
                         [this, id = row->id()](const QString &urls) { edit(id, urls); });
                 return row;
@@ -63,8 +63,8 @@ RowList *BrowserPatternsSection::projectRows()
         .leave =
             [this](QWidget *widget) {
                 auto *row = static_cast<ProjectRow *>(widget);
-                if (auto work = row->editor().takeWork())
-                    m_work[row->id()] = std::move(work);
+                if (auto state = row->editor().saveState())
+                    m_editStates[row->id()] = std::move(state);
             },
     });
 }
@@ -100,7 +100,7 @@ void BrowserPatternsSection::render()
 void BrowserPatternsSection::forgetWork()
 {
     const std::vector<BrowserConfigProject> &projects = m_model.projects;
-    std::erase_if(m_work, [&](const auto &work) {
+    std::erase_if(m_editStates, [&](const auto &work) {
         return std::none_of(projects.begin(), projects.end(),
                             [&](const BrowserConfigProject &project) { return project.id == work.first; });
     });

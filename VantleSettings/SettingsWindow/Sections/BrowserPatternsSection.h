@@ -34,5 +34,5 @@ private:
     RowList *m_rows;
     QWidget *m_save = nullptr;
     /// What the user has done in editors that are out of view.
-    std::map<QUuid, std::unique_ptr<PatternsEditor::Work>> m_work;
+    std::map<QUuid, std::unique_ptr<PatternsEditor::EditState>> m_editStates;
 };

@@ -99,7 +99,7 @@ void DataSection::confirmUninstallHooks()
         AgentBridge::fireAndForget(u"/settings/uninstall-hooks"_s);
 }
 
-/// Whether the user agreed and the page is still there to act.
+/// Whether the user agreed and the page still exists.
 bool DataSection::agreed(const Confirmation &confirmation)
 {
     const QPointer<DataSection> page(this);

@@ -66,7 +66,7 @@ GeneralSection::GeneralSection(SettingsModel &model, QWidget *parent) : SectionC
     addUpdatesGroup();
 }
 
-void GeneralSection::addLowerGroups()
+void GeneralSection::addDeferredGroups()
 {
     add(new ShortcutsGroup(m_model));
 }

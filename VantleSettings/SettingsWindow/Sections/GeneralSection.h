@@ -14,7 +14,7 @@ class GeneralSection : public SectionContent
 public:
     explicit GeneralSection(SettingsModel &model, QWidget *parent = nullptr);
 
-    void addLowerGroups() override;
+    void addDeferredGroups() override;
 
 private:
     void addAgentGroup();

@@ -16,7 +16,7 @@ void SectionContent::add(QWidget *group)
     m_groups->addWidget(group);
 }
 
-void SectionContent::addLowerGroups()
+void SectionContent::addDeferredGroups()
 {
 }
 

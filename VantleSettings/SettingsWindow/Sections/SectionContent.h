@@ -18,7 +18,7 @@ public:
     void add(QWidget *group);
 
     /// Appends the groups that lie below the first view of the page, which is drawn before they are made.
-    virtual void addLowerGroups();
+    virtual void addDeferredGroups();
 
     /// Calls `draw` now, on the next turn of the event loop after each announcement of `observed`, and
     /// whenever the page comes into view, because what it shows of files, fonts and folders may have changed

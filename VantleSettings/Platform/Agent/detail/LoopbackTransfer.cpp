@@ -16,11 +16,11 @@ namespace
 
 // Time is counted in ticks: when the main thread was held up, the turn that follows counts as one, so that a
 // request never loses its time to us.
-constexpr int ticksOfPatience = 3;
+constexpr int timeoutTicks = 3;
 constexpr int silentTick = 500;  // ms: 1.5 s until a silent listener is given up
 constexpr int answeredTick = 30; // ms: what has been answered needs no patience, only time to close
 
-bool mustWait(int error)
+bool isRetryable(int error)
 {
     return error == EAGAIN || error == EWOULDBLOCK || error == EINTR || error == EINPROGRESS ||
            error == ENOTCONN;
@@ -43,7 +43,7 @@ int connectionTo(quint16 port)
     address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     if (::connect(socket, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0 ||
-        mustWait(errno))
+        isRetryable(errno))
         return socket;
     ::close(socket);
     return -1;
@@ -104,7 +104,7 @@ void LoopbackTransfer::send()
 {
     const auto sent = ::send(m_socket, m_unsent.constData(), static_cast<size_t>(m_unsent.size()), sendFlags);
     if (sent < 0) {
-        if (!mustWait(errno))
+        if (!isRetryable(errno))
             end();
         return;
     }
@@ -120,7 +120,7 @@ void LoopbackTransfer::receive()
 {
     std::array<char, 4096> unread{};
     const auto received = ::recv(m_socket, unread.data(), unread.size(), 0);
-    if (received == 0 || (received < 0 && !mustWait(errno))) {
+    if (received == 0 || (received < 0 && !isRetryable(errno))) {
         end();
     } else if (received > 0 && !m_answered) {
         m_answered = true;
@@ -136,7 +136,7 @@ void LoopbackTransfer::moved()
 
 void LoopbackTransfer::timerEvent(QTimerEvent *event)
 {
-    if (event->timerId() == m_tick.timerId() && ++m_quietTicks == ticksOfPatience)
+    if (event->timerId() == m_tick.timerId() && ++m_quietTicks == timeoutTicks)
         end();
 }
 

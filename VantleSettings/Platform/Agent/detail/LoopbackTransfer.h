@@ -17,7 +17,8 @@ public:
     ~LoopbackTransfer() override;
     Q_DISABLE_COPY_MOVE(LoopbackTransfer)
 
-    /// Connects, and sends what can be sent without waiting. False when it is over already: nobody listens.
+    /// Connects, and sends what can be sent without waiting. False when it has ended already, since no agent
+    /// listens.
     bool start(quint16 port, const QByteArray &request);
 
     /// Does what can be done without waiting.

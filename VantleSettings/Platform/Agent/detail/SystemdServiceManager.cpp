@@ -39,7 +39,7 @@ bool hasJobFile()
 }
 
 /// Over the session bus, to which the toolkit is connected anyway: that takes a twentieth of the time that
-/// the tool takes, and this is asked at each start. The bus starts nobody to answer it.
+/// the tool takes, and this is asked at each start. The bus starts no service to answer it.
 QDBusMessage stateQuestion()
 {
     auto question = QDBusMessage::createMethodCall(

@@ -8,8 +8,8 @@ class QMainWindow;
 class QPushButton;
 
 /// Lies over a window's content while another program's dialog asks the user something for it: the content is
-/// dimmed and takes no input, and a panel on it says what is asked and gives the question up by Cancel or
-/// Escape. The window itself stays in use: it moves, resizes and closes, and its menus work.
+/// dimmed and takes no input, and a panel on it says what is asked; Cancel or Escape withdraws the question.
+/// The window itself stays in use: it moves, resizes and closes, and its menus work.
 class ContentCover : public QWidget
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     void lift();
 
 Q_SIGNALS:
-    /// The user no longer wants the question answered.
+    /// The user has withdrawn the question.
     void cancelled();
 
 protected:

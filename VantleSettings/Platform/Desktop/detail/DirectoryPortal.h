@@ -28,7 +28,7 @@ public:
     explicit DirectoryPortal(QDBusConnection bus);
 
     /// Asks, once, and waits for the answer; meanwhile the window's content, if there is a window, takes no
-    /// input. Closing the window gives the question up.
+    /// input. Closing the window withdraws the question.
     Answer ask(const DirectoryQuestion &question, QMainWindow *window);
 
 private:

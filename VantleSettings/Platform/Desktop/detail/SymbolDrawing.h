@@ -4,7 +4,7 @@
 
 #include <QImage>
 
-/// What Symbol.cpp asks for: the shape of a symbol as an image whose alpha says where the symbol is, in the
+/// What Symbol.cpp draws: the shape of a symbol as an image whose alpha says where the symbol is, in the
 /// system's own drawing or ours. `scale` is the number of device pixels to a point; the image carries it.
 QImage symbolMask(const Symbol &symbol, qreal scale);
 
