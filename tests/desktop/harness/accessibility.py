@@ -56,7 +56,8 @@ class AccessibilityBus:
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
         lines = []
         threading.Thread(target=lambda: lines.extend(monitor.stdout), daemon=True).start()
-        eventually(lambda: lines, "the bus lets nobody watch")  # it says first that it gave its name up for that
+        # A connection gives its name up when it begins to watch.
+        eventually(lambda: any("member=NameLost" in line for line in list(lines)), "the bus lets nobody watch")
         return lambda: any(f"member={method}" in line for line in list(lines))
 
     def process(self, name):
