@@ -17,7 +17,7 @@ public:
 
     Json::Node node(int depth = 0)
     {
-        const unsigned kind = next() % (depth < 20 ? 6 : 4);
+        const unsigned kind = next() % (depth < 20 ? 7 : 5);
         switch (kind) {
         case 0:
             return nullptr;
@@ -28,6 +28,8 @@ public:
         case 3:
             return text();
         case 4:
+            return texts();
+        case 5:
             return array(depth);
         default:
             return object(depth);
@@ -53,6 +55,14 @@ private:
         const QByteArray bytes = m_bytes.mid(m_position, qsizetype(next() % 32));
         m_position = qMin(m_position + bytes.size(), m_bytes.size());
         return Text::decoded(bytes).value_or(QString::fromLatin1(bytes));
+    }
+
+    QStringList texts()
+    {
+        QStringList texts;
+        for (unsigned left = next() % 5; left > 0; --left)
+            texts.append(text());
+        return texts;
     }
 
     Json::Array array(int depth)
@@ -86,6 +96,13 @@ nlohmann::json theirs(const Json::Node &node)
         nlohmann::json operator()(bool value) const { return value; }
         nlohmann::json operator()(std::int64_t value) const { return value; }
         nlohmann::json operator()(const QString &value) const { return value.toStdString(); }
+        nlohmann::json operator()(const QStringList &texts) const
+        {
+            auto result = nlohmann::json::array();
+            for (const QString &text : texts)
+                result.push_back(text.toStdString());
+            return result;
+        }
         nlohmann::json operator()(const Json::Array &array) const
         {
             auto result = nlohmann::json::array();
@@ -117,6 +134,14 @@ bool isReadBack(const Json::Node &node, const Json::Value &value)
             return fits ? value.uint32() == std::uint32_t(expected) : !value.uint32();
         }
         bool operator()(const QString &expected) const { return value.text() == expected; }
+        bool operator()(const QStringList &texts) const
+        {
+            const auto elements = value.elements();
+            return value.isArray() && std::equal(texts.begin(), texts.end(), elements.begin(), elements.end(),
+                                                 [](const QString &text, const Json::Value &element) {
+                                                     return element.text() == text;
+                                                 });
+        }
         bool operator()(const Json::Array &array) const
         {
             const auto elements = value.elements();
