@@ -102,8 +102,15 @@ TEST_F(KeyComboDisplay, AKeyCodeBeyond16BitsStopsTheProgram)
         qInstallMessageHandler(nullptr);
         (void)KeyCombo{keyCode, commandShift}.display();
     };
-    EXPECT_EXIT(show(65536), testing::KilledBySignal(SIGABRT), "key code 65536");
+    EXPECT_EXIT(show(65536), testing::KilledBySignal(SIGABRT), "key code 65536 is no virtual key code\n");
     EXPECT_EXIT(show(4294967295), testing::KilledBySignal(SIGABRT), "key code 4294967295");
+}
+
+TEST_F(KeyComboDisplay, IsSpokenWithTheNamesOfItsKeys)
+{
+    EXPECT_EQ((KeyCombo{38, commandShift}.spoken()), u"Shift Command J"_s);
+    EXPECT_EQ((KeyCombo{36, 0}.spoken()), u"Return"_s);
+    EXPECT_EQ((KeyCombo{200, KeyCombo::control}.spoken()), u"Control key 200"_s);
 }
 
 TEST(KeyCombo, DifferentModifiersMakeDifferentCombos)

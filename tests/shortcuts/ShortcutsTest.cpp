@@ -113,6 +113,7 @@ TEST(Shortcuts, AFileThatIsNoObjectIsDiscardedAndStays)
     for (const char *file : {"", "[]", "null", "5", "{\"openPlan\": {\"keyCode\": 35, \"modifiers\": 1}",
                              "{\"openPlan\": {\"keyCode\": 35, \"modifiers\": 1}}}", "\xff\xfe{\0}\0"}) {
         EXPECT_EQ(loaded(file), Shortcuts::defaults()) << file;
+        EXPECT_EQ(Shortcuts::load(), std::nullopt) << file;
         EXPECT_EQ(homeFile(shortcutsFile), QByteArray(file));
     }
 }
