@@ -42,11 +42,11 @@ def lock():
     return file
 
 
-def prepare(programs):
+def prepare(programs, jobs):
     """Builds the test programs as they are."""
     if not (TREE / "build.ninja").exists():
         subprocess.run(["cmake", "-S", ROOT, "-B", TREE, *CONFIGURATION], check=True, stdout=subprocess.DEVNULL)
-    subprocess.run(["ninja", "-C", TREE, "--quiet", *programs], check=True)
+    subprocess.run(["ninja", f"-j{jobs}", "-C", TREE, "--quiet", *programs], check=True)
 
 
 class Programs:
@@ -99,6 +99,48 @@ class Programs:
         return [str(program) if word == str(TREE / "bin" / name) else word for word in command], environment
 
 
+class Together:
+    """The object that holds many mutants of one source, and the programs with it. All slots share it."""
+
+    def __init__(self, programs):
+        self._folder = TREE / "mutants" / "together"
+        self._programs = programs
+        self._source, self._numbers, self._linked = None, {}, {}
+        self._working = threading.Lock()
+        shutil.rmtree(self._folder, ignore_errors=True)
+        self._folder.mkdir(parents=True)
+
+    def numbers(self, source, tokens, mutants):
+        """The numbers of those mutants that the object holds; `program` gives programs with it."""
+        with self._working:
+            if self._source != source:
+                self._source, self._linked = source, {}
+                self._numbers = self._compile(source, tokens, dict(enumerate(mutants)))
+            return self._numbers
+
+    def _compile(self, source, tokens, mutants):
+        """Compiles as many mutants together as compile."""
+        original, copy = source.read_bytes(), self._folder / source.name
+        command = self._programs.compilation(source, copy, self._folder / "together.o")
+        while True:
+            text, held = switched.switched(tokens, original, mutants)
+            copy.write_bytes(text)
+            done = subprocess.run([*command, "-ferror-limit=0"], cwd=TREE, capture_output=True, text=True)
+            if done.returncode == 0:
+                return {mutants[number]: number for number in held}
+            refused = switched.refused(done.stderr) & mutants.keys()
+            if not refused:
+                return {}
+            for number in refused:
+                del mutants[number]
+
+    def program(self, slot, name):
+        with self._working:
+            if name not in self._linked:
+                self._linked[name] = slot.link(name, [self._folder / "together.o"], self._folder / name)
+            return self._linked[name]
+
+
 class Slot:
     """A folder in which one mutant at a time is compiled, linked and run."""
 
@@ -109,8 +151,6 @@ class Slot:
         self.folder = TREE / "mutants" / str(number)
         self._programs = programs
         self._unchanged = {}
-        self._switched = None, {}
-        self._switched_programs = {}
         shutil.rmtree(self.folder, ignore_errors=True)
         (self.folder / "home").mkdir(parents=True, exist_ok=True)
 
@@ -125,40 +165,12 @@ class Slot:
         status, _ = run(command, 600, 600, cwd=TREE)
         return (output.read_bytes() if status == 0 else b""), output
 
-    def switch(self, source, tokens, mutants):
-        """The numbers of those mutants that one object holds together; `switched_program` gives programs with it."""
-        if self._switched[0] != source:
-            self._switched = source, self._together(source, tokens, dict(enumerate(mutants)))
-            self._switched_programs = {}
-        return self._switched[1]
-
-    def _together(self, source, tokens, mutants):
-        """Compiles as many mutants together as compile."""
-        original, copy = source.read_bytes(), self.folder / f"switched-{source.name}"
-        command = self._programs.compilation(source, copy, self.folder / "switched.o")
-        while True:
-            text, held = switched.switched(tokens, original, mutants)
-            copy.write_bytes(text)
-            done = subprocess.run([*command, "-ferror-limit=0"], cwd=TREE, capture_output=True, text=True)
-            if done.returncode == 0:
-                return {mutants[number]: number for number in held}
-            refused = switched.refused(done.stderr) & mutants.keys()
-            if not refused:
-                return {}
-            for number in refused:
-                del mutants[number]
-
-    def switched_program(self, name):
-        if name not in self._switched_programs:
-            (self.folder / "switched").mkdir(exist_ok=True)
-            self._switched_programs[name] = self.link(name, [self.folder / "switched.o"],
-                                                      self.folder / "switched" / name)
-        return self._switched_programs[name]
-
     def unchanged(self, source, *options):
         """The bytes of the object of a source as it is."""
         if (source, options) not in self._unchanged:
             self._unchanged[source, options] = self.compile(source, source.read_bytes(), *options)[0]
+            if not self._unchanged[source, options]:
+                sys.exit(f"{source.name} does not compile without any change, {' '.join(options)}")
         return self._unchanged[source, options]
 
     def link(self, name, objects, program=None):

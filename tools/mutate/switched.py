@@ -37,6 +37,12 @@ def switched(tokens, source, mutants):
     return b"".join([*parts, source[place:]]), held
 
 
+def inside_bodies(tokens, mutants):
+    """Those mutants that stand in bodies of functions."""
+    places = [(first.start, last.end) for first, last, _ in bodies(tokens, partners(tokens))]
+    return [mutant for mutant in mutants if any(start < mutant.start and mutant.end < end for start, end in places)]
+
+
 def refused(messages):
     """The numbers of the mutants that the compiler names."""
     return {int(number) for number in re.findall(rf'{PLACE}(\d+):\d+:\d+: (?:fatal )?error', messages)} or \
