@@ -1,7 +1,7 @@
 #include "Components/Buttons.h"
 
-#include "Components/Painting.h"
-#include "Components/Tokens.h"
+#include "Components/Drawing/Painting.h"
+#include "Components/Drawing/Tokens.h"
 #include "Platform/Desktop/Palette.h"
 #include "Platform/Window/AccessibleWidget.h"
 

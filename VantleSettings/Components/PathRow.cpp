@@ -1,8 +1,8 @@
 #include "Components/PathRow.h"
 
 #include "Components/Buttons.h"
-#include "Components/Label.h"
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
+#include "Components/Text/Label.h"
 #include "Foundation/Seam.h"
 #include "Platform/Desktop/Pasteboard.h"
 #include "Platform/Window/AccessibleRole.h"

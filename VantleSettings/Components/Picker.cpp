@@ -1,6 +1,6 @@
 #include "Components/Picker.h"
 
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
 #include "Platform/Window/AccessibleComboBox.h"
 
 #include <QSignalBlocker>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
 
 #include <initializer_list>
 

@@ -1,9 +1,9 @@
 #include "Components/SettingsGroup.h"
 
-#include "Components/Label.h"
-#include "Components/Painting.h"
+#include "Components/Drawing/Painting.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/SettingsRow.h"
-#include "Components/Tokens.h"
+#include "Components/Text/Label.h"
 #include "Foundation/KeyNames.h"
 #include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/AccessibleText.h"

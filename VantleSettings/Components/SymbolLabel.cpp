@@ -1,6 +1,6 @@
 #include "Components/SymbolLabel.h"
 
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
 #include "Platform/Window/AccessibleRole.h"
 
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "SettingsWindow/SectionPane.h"
 
-#include "Components/Tokens.h"
-#include "Components/TouchScrolling.h"
+#include "Components/Drawing/Tokens.h"
+#include "Components/Text/TouchScrolling.h"
 #include "Foundation/Seam.h"
 #include "Platform/Desktop/FontRegistry.h"
 #include "Platform/Window/AccessibleRole.h"

@@ -1,7 +1,7 @@
 #include "SettingsWindow/SettingsRootView.h"
 
-#include "Components/Painting.h"
-#include "Components/Tokens.h"
+#include "Components/Drawing/Painting.h"
+#include "Components/Drawing/Tokens.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/FirstFrame.h"

@@ -1,6 +1,6 @@
 #include "SettingsWindow/SettingsWindowController.h"
 
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/WindowChrome.h"

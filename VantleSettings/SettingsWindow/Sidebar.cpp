@@ -1,8 +1,8 @@
 #include "SettingsWindow/Sidebar.h"
 
-#include "Components/Painting.h"
+#include "Components/Drawing/Painting.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/SidebarIcon.h"
-#include "Components/Tokens.h"
 #include "Platform/Desktop/Palette.h"
 
 #include <QAccessible>

@@ -1,4 +1,4 @@
-#include "Components/SettingsStyle.h"
+#include "Components/Style/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"

@@ -1,5 +1,5 @@
-#include "Components/PatternsEditor.h"
-#include "Components/SettingsStyle.h"
+#include "Components/Text/PatternsEditor.h"
+#include "Components/Style/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "OpenPage.h"
 #include "Persistence/Persistence.h"

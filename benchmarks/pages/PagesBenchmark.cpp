@@ -1,6 +1,6 @@
-#include "Components/PatternsEditor.h"
+#include "Components/Text/PatternsEditor.h"
 #include "Components/RowList.h"
-#include "Components/SettingsStyle.h"
+#include "Components/Style/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "HeapInUse.h"
 #include "OpenPage.h"

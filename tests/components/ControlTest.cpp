@@ -1,7 +1,7 @@
 #include "Components/Buttons.h"
-#include "Components/FocusRing.h"
 #include "Components/Picker.h"
 #include "Components/SessionCountBadge.h"
+#include "Components/Style/FocusRing.h"
 #include "Components/Switch.h"
 #include "LookTest.h"
 

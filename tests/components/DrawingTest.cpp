@@ -1,6 +1,6 @@
-#include "Components/Painting.h"
+#include "Components/Drawing/Painting.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/SettingsRow.h"
-#include "Components/Tokens.h"
 #include "LookTest.h"
 #include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/Symbol.h"

@@ -1,4 +1,4 @@
-#include "Components/Label.h"
+#include "Components/Text/Label.h"
 
 #include "LookTest.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Components/SettingsStyle.h"
+#include "Components/Style/SettingsStyle.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "Components/ShortenedText.h"
+#include "Components/Text/ShortenedText.h"
 
 #include <gtest/gtest.h>
 

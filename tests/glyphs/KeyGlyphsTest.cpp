@@ -1,5 +1,5 @@
-#include "Components/SettingsStyle.h"
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
+#include "Components/Style/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Platform/Desktop/FontRegistry.h"
 

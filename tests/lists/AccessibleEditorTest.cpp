@@ -1,4 +1,4 @@
-#include "Components/PatternsEditor.h"
+#include "Components/Text/PatternsEditor.h"
 
 #include <QAccessible>
 #include <QScrollBar>

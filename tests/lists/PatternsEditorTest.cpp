@@ -1,6 +1,6 @@
-#include "Components/PatternsEditor.h"
+#include "Components/Text/PatternsEditor.h"
 
-#include "Components/DocumentText.h"
+#include "Components/Text/DocumentText.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,5 +1,5 @@
-#include "Components/PatternsEditor.h"
 #include "Components/RowList.h"
+#include "Components/Text/PatternsEditor.h"
 #include "PageTest.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/ProjectRow.h"

@@ -1,6 +1,6 @@
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 
-#include "Components/PatternsEditor.h"
+#include "Components/Text/PatternsEditor.h"
 #include "PageTest.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 

@@ -1,5 +1,5 @@
-#include "Components/Label.h"
-#include "Components/PatternsEditor.h"
+#include "Components/Text/Label.h"
+#include "Components/Text/PatternsEditor.h"
 #include "PageTest.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/PlanningSection.h"

@@ -1,6 +1,6 @@
 #include "PageTest.h"
 
-#include "Components/Label.h"
+#include "Components/Text/Label.h"
 
 #include <QApplication>
 #include <QPushButton>

@@ -1,8 +1,8 @@
 #include "SettingsWindow/Sections/PlanningProjectRow.h"
 
-#include "Components/Label.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/SidebarIcon.h"
-#include "Components/Tokens.h"
+#include "Components/Text/Label.h"
 #include "PageTest.h"
 #include "SettingsWindow/Sections/MissingLabel.h"
 

@@ -1,8 +1,8 @@
 #include "SettingsWindow/Sections/PlanningSection.h"
 
-#include "Components/Label.h"
 #include "Components/RowList.h"
 #include "Components/SidebarIcon.h"
+#include "Components/Text/Label.h"
 #include "PageTest.h"
 #include "SettingsWindow/Sections/PlanningPathRow.h"
 

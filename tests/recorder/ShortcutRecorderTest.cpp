@@ -1,6 +1,6 @@
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
 #include "Foundation/Seam.h"
 #include "KeyPresses.h"
 #include "Platform/Desktop/Palette.h"

@@ -1,7 +1,7 @@
 #include "ShortcutRecorder/ShortcutSettingsRow.h"
 
 #include "Components/Buttons.h"
-#include "Components/Label.h"
+#include "Components/Text/Label.h"
 #include "KeyPresses.h"
 #include "Model/SettingsModel.h"
 #include "OutsideWorld.h"

@@ -1,8 +1,8 @@
 #include "SettingsWindow/Sections/AboutSection.h"
 
 #include "ChildProcess.h"
-#include "Components/Label.h"
 #include "Components/PathRow.h"
+#include "Components/Text/Label.h"
 #include "Finding.h"
 #include "Foundation/Seam.h"
 #include "HomeFiles.h"

@@ -1,7 +1,7 @@
 #include "Gallery.h"
 
 #include "Components/Buttons.h"
-#include "Components/Label.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/PathRow.h"
 #include "Components/Picker.h"
 #include "Components/SessionCountBadge.h"
@@ -9,7 +9,7 @@
 #include "Components/SettingsRow.h"
 #include "Components/SidebarIcon.h"
 #include "Components/Switch.h"
-#include "Components/Tokens.h"
+#include "Components/Text/Label.h"
 #include "Platform/Desktop/Symbol.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 

@@ -1,4 +1,4 @@
-#include "Components/SettingsStyle.h"
+#include "Components/Style/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
 #include "Platform/Desktop/FontRegistry.h"

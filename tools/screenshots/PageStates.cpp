@@ -1,9 +1,9 @@
 #include "PageStates.h"
 
 #include "AppDelegate/MainMenu.h"
-#include "Components/Label.h"
 #include "Components/Picker.h"
 #include "Components/Switch.h"
+#include "Components/Text/Label.h"
 #include "Model/SettingsModel.h"
 #include "SampleDesk.h"
 #include "SettingsWindow/SettingsRootView.h"

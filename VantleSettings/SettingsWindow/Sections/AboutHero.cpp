@@ -1,8 +1,8 @@
 #include "SettingsWindow/Sections/AboutHero.h"
 
-#include "Components/Label.h"
-#include "Components/Painting.h"
-#include "Components/Tokens.h"
+#include "Components/Drawing/Painting.h"
+#include "Components/Drawing/Tokens.h"
+#include "Components/Text/Label.h"
 #include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/Symbol.h"
 

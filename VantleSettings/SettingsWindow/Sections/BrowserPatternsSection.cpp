@@ -1,9 +1,9 @@
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 
 #include "Components/Buttons.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/RowList.h"
 #include "Components/SettingsGroup.h"
-#include "Components/Tokens.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Window/Announcement.h"
 #include "SettingsWindow/Sections/NoBrowserProjectsRow.h"
@@ -32,7 +32,7 @@ BrowserPatternsSection::BrowserPatternsSection(SettingsModel &model, QWidget *pa
 
 BrowserPatternsSection::~BrowserPatternsSection()
 {
-    delete m_rows; // they hand their work to this page
+    delete m_rows; // they save their editors' state in this page
 }
 
 RowList *BrowserPatternsSection::projectRows()
@@ -92,17 +92,17 @@ void BrowserPatternsSection::render()
     m_noProjects->setVisible(projects.empty());
     m_rows->setVisible(!projects.empty());
     if (m_rows->setIds(std::move(ids)))
-        forgetWork();
+        forgetEditStates();
     m_save->setEnabled(!projects.empty());
 }
 
 /// What was done to projects that are no longer listed.
-void BrowserPatternsSection::forgetWork()
+void BrowserPatternsSection::forgetEditStates()
 {
     const std::vector<BrowserConfigProject> &projects = m_model.projects;
-    std::erase_if(m_editStates, [&](const auto &work) {
+    std::erase_if(m_editStates, [&](const auto &state) {
         return std::none_of(projects.begin(), projects.end(),
-                            [&](const BrowserConfigProject &project) { return project.id == work.first; });
+                            [&](const BrowserConfigProject &project) { return project.id == state.first; });
     });
 }
 

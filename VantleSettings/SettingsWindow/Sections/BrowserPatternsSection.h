@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Components/PatternsEditor.h"
+#include "Components/Text/PatternsEditor.h"
 #include "SettingsWindow/Sections/SectionContent.h"
 
 #include <QUuid>
@@ -25,7 +25,7 @@ private:
     RowList *projectRows();
     QWidget *saveLine();
     void render();
-    void forgetWork();
+    void forgetEditStates();
     void edit(const QUuid &id, const QString &urls);
     void save();
 

@@ -1,9 +1,9 @@
 #include "SettingsWindow/Sections/EmptyProjectsRow.h"
 
-#include "Components/Label.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/RowLayout.h"
 #include "Components/SidebarIcon.h"
-#include "Components/Tokens.h"
+#include "Components/Text/Label.h"
 
 #include <QHBoxLayout>
 #include <QStringBuilder>

@@ -1,6 +1,6 @@
 #include "SettingsWindow/Sections/MissingLabel.h"
 
-#include "Components/Painting.h"
+#include "Components/Drawing/Painting.h"
 
 #include <QPainter>
 

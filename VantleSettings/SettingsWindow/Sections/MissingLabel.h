@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Components/Label.h"
+#include "Components/Text/Label.h"
 
 /// The small capsule beside the name of a project whose folder is gone.
 class MissingLabel : public Label

@@ -1,8 +1,8 @@
 #include "SettingsWindow/Sections/NoBrowserProjectsRow.h"
 
-#include "Components/Label.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/SymbolLabel.h"
-#include "Components/Tokens.h"
+#include "Components/Text/Label.h"
 
 #include <QHBoxLayout>
 

@@ -1,10 +1,10 @@
 #include "SettingsWindow/Sections/PlanningProjectRow.h"
 
-#include "Components/Label.h"
 #include "Components/MenuButton.h"
 #include "Components/RowLayout.h"
 #include "Components/SessionCountBadge.h"
 #include "Components/SidebarIcon.h"
+#include "Components/Text/Label.h"
 #include "Foundation/Seam.h"
 #include "Platform/Desktop/Pasteboard.h"
 #include "Platform/Desktop/Workspace.h"

@@ -1,10 +1,10 @@
 #include "SettingsWindow/Sections/PlanningSection.h"
 
 #include "Components/Buttons.h"
-#include "Components/Label.h"
+#include "Components/Drawing/Tokens.h"
 #include "Components/RowList.h"
 #include "Components/SettingsGroup.h"
-#include "Components/Tokens.h"
+#include "Components/Text/Label.h"
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
 #include "PlanningProjects/PlanningProjects.h"

@@ -1,6 +1,6 @@
 #include "SettingsWindow/Sections/SectionContent.h"
 
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
 
 #include <QShowEvent>
 #include <QVBoxLayout>

@@ -1,7 +1,7 @@
-#include "Components/Painting.h"
-#include "Components/ScrollBarFade.h"
-#include "Components/StyleDrawing.h"
-#include "Components/Tokens.h"
+#include "Components/Drawing/Painting.h"
+#include "Components/Drawing/Tokens.h"
+#include "Components/Style/ScrollBarFade.h"
+#include "Components/Style/StyleDrawing.h"
 
 #include <QPainter>
 #include <QStyleOption>

@@ -1,9 +1,9 @@
-#include "Components/PatternsEditor.h"
+#include "Components/Text/PatternsEditor.h"
 
-#include "Components/AccessibleEditor.h"
-#include "Components/DocumentText.h"
-#include "Components/Tokens.h"
-#include "Components/TouchScrolling.h"
+#include "Components/Drawing/Tokens.h"
+#include "Components/Text/AccessibleEditor.h"
+#include "Components/Text/DocumentText.h"
+#include "Components/Text/TouchScrolling.h"
 
 #include <QClipboard>
 #include <QFontMetrics>

@@ -1,7 +1,7 @@
-#include "Components/FoldMark.h"
+#include "Components/Text/FoldMark.h"
 
-#include "Components/Painting.h"
-#include "Components/Tokens.h"
+#include "Components/Drawing/Painting.h"
+#include "Components/Drawing/Tokens.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>

@@ -1,4 +1,4 @@
-#include "Components/TouchScrolling.h"
+#include "Components/Text/TouchScrolling.h"
 
 #include <QAbstractScrollArea>
 #include <QCoreApplication>

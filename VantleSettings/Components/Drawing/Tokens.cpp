@@ -1,4 +1,4 @@
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
 
 #include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/SystemFont.h"

@@ -1,6 +1,6 @@
-#include "Components/Label.h"
+#include "Components/Text/Label.h"
 
-#include "Components/ShortenedText.h"
+#include "Components/Text/ShortenedText.h"
 #include "Platform/Window/AccessibleRole.h"
 #include "Platform/Window/AccessibleText.h"
 

@@ -1,7 +1,7 @@
-#include "Components/AccessibleEditor.h"
+#include "Components/Text/AccessibleEditor.h"
 
-#include "Components/DocumentText.h"
-#include "Components/PatternsEditor.h"
+#include "Components/Text/DocumentText.h"
+#include "Components/Text/PatternsEditor.h"
 #include "Platform/Window/AccessibleText.h"
 
 #include <QScrollBar>

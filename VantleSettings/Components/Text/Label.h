@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Components/TextBlock.h"
-#include "Components/Tokens.h"
+#include "Components/Drawing/Tokens.h"
+#include "Components/Text/TextBlock.h"
 
 #include <QLabel>
 

@@ -1,7 +1,7 @@
-#include "Components/DocumentText.h"
+#include "Components/Text/DocumentText.h"
 
-#include "Components/FoldMark.h"
-#include "Components/ShortenedText.h"
+#include "Components/Text/FoldMark.h"
+#include "Components/Text/ShortenedText.h"
 
 #include <QTextBlock>
 #include <QTextCursor>

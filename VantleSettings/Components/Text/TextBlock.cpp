@@ -1,6 +1,6 @@
-#include "Components/TextBlock.h"
+#include "Components/Text/TextBlock.h"
 
-#include "Components/ShortenedText.h"
+#include "Components/Text/ShortenedText.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

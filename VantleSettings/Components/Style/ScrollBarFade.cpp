@@ -1,4 +1,4 @@
-#include "Components/ScrollBarFade.h"
+#include "Components/Style/ScrollBarFade.h"
 
 #include "Platform/Desktop/Palette.h"
 
