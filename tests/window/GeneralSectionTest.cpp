@@ -1,16 +1,8 @@
-#include "SettingsWindow/Sections/GeneralSection.h"
-
 #include "Components/Buttons.h"
-#include "Components/Picker.h"
 #include "Components/SettingsGroup.h"
 #include "Components/SettingsRow.h"
-#include "Components/Switch.h"
-#include "FakeFonts.h"
 #include "Finding.h"
-#include "Model/SettingsModel.h"
-#include "OutsideWorld.h"
-
-#include <QTest>
+#include "GeneralPage.h"
 
 #include <gmock/gmock.h>
 
@@ -22,54 +14,6 @@ namespace
 {
 
 const QString usedForEveryLabel = u"Used for every label rendered by the notch overlay."_s;
-
-/// A model and its page over the world as a test has prepared it; the record starts when the page is shown.
-class ShownPage
-{
-public:
-    explicit ShownPage(OutsideWorld &world) : m_world(world)
-    {
-        view.addDeferredGroups();
-        view.resize(580, 900);
-        view.show();
-        settle();
-        m_world.takeRecord();
-    }
-
-    Switch &launch() const { return *named<Switch>(view, u"Launch at Login"_s); }
-    Switch &recording() const { return *named<Switch>(view, u"Marketing Recording Mode"_s); }
-    Switch &updates() const { return *named<Switch>(view, u"Automatic Updates"_s); }
-    Picker &typeface() const { return *named<Picker>(view, u"Typeface"_s); }
-    Picker &terminal() const { return *named<Picker>(view, u"Terminal"_s); }
-
-    /// What was asked of the outside by a click on this switch, or by choosing this entry.
-    std::vector<std::string> click(Switch &button)
-    {
-        QTest::mouseClick(&button, Qt::LeftButton);
-        settle();
-        return m_world.takeRecord();
-    }
-    std::vector<std::string> pick(Picker &picker, int index)
-    {
-        picker.setCurrentIndex(index);
-        Q_EMIT picker.activated(index);
-        settle();
-        return m_world.takeRecord();
-    }
-
-    SettingsModel model;
-    GeneralSection view{model};
-
-private:
-    OutsideWorld &m_world;
-};
-
-class GeneralPage : public testing::Test
-{
-protected:
-    OutsideWorld world;
-    FakeFonts fonts;
-};
 
 QStringList entries(const Picker &picker)
 {
@@ -180,91 +124,6 @@ TEST_F(GeneralPage, ChoosingWhatIsChosenDoesNothing)
     ShownPage page(world);
     EXPECT_THAT(page.pick(page.typeface(), 1), IsEmpty());
     EXPECT_THAT(page.pick(page.terminal(), 0), IsEmpty());
-}
-
-TEST_F(GeneralPage, LaunchAtLoginLoadsOrUnloadsAndReadsBack)
-{
-    ShownPage page(world);
-    EXPECT_THAT(page.click(page.launch()), ElementsAre("load the job", "is the job loaded"));
-    EXPECT_TRUE(page.model.launchAtLogin);
-    EXPECT_TRUE(page.launch().isChecked());
-    EXPECT_THAT(page.click(page.launch()), ElementsAre("unload the job", "is the job loaded"));
-    EXPECT_FALSE(page.model.launchAtLogin);
-    EXPECT_FALSE(page.launch().isChecked());
-}
-
-TEST_F(GeneralPage, AJobThatWillNotLoadLeavesTheSwitchOff)
-{
-    world.serviceRefuses = true;
-    ShownPage page(world);
-    page.click(page.launch());
-    EXPECT_FALSE(page.model.launchAtLogin);
-    EXPECT_FALSE(page.launch().isChecked());
-}
-
-TEST_F(GeneralPage, AJobThatWillNotUnloadLeavesTheSwitchOn)
-{
-    world.serviceIsLoaded = true;
-    world.serviceRefuses = true;
-    ShownPage page(world);
-    page.click(page.launch());
-    EXPECT_TRUE(page.model.launchAtLogin);
-    EXPECT_TRUE(page.launch().isChecked());
-}
-
-TEST_F(GeneralPage, WhileTheJobIsBeingLoadedTheSwitchIsPendingAndAsksNothing)
-{
-    ShownPage page(world);
-    world.serviceIsSlow = true;
-    page.launch().setFocus();
-    EXPECT_THAT(page.click(page.launch()), ElementsAre("load the job"));
-    EXPECT_TRUE(page.launch().isPending());
-    EXPECT_FALSE(page.launch().isChecked());
-    EXPECT_TRUE(page.launch().hasFocus());
-    EXPECT_THAT(page.click(page.launch()), IsEmpty());
-    world.answerForService();
-    settle();
-    EXPECT_TRUE(page.launch().isPending()) << "the state is still to be read back";
-    EXPECT_THAT(world.takeRecord(), ElementsAre("is the job loaded"));
-    world.answerForService();
-    settle();
-    EXPECT_FALSE(page.launch().isPending());
-    EXPECT_TRUE(page.launch().isChecked());
-}
-
-TEST_F(GeneralPage, AJobThatAfterSomeTimeWasNotLoadedLeavesTheSwitchOff)
-{
-    world.serviceRefuses = true;
-    ShownPage page(world);
-    world.serviceIsSlow = true;
-    page.click(page.launch());
-    world.answerForService();
-    world.answerForService();
-    settle();
-    EXPECT_FALSE(page.launch().isPending());
-    EXPECT_FALSE(page.launch().isChecked());
-    EXPECT_THAT(page.click(page.launch()), ElementsAre("is the job loaded", "load the job"));
-}
-
-TEST_F(GeneralPage, APageThatIsMadeMeanwhileShowsThePendingSwitchToo)
-{
-    ShownPage page(world);
-    world.serviceIsSlow = true;
-    page.click(page.launch());
-    GeneralSection second(page.model);
-    EXPECT_TRUE(named<Switch>(second, u"Launch at Login"_s)->isPending());
-}
-
-TEST_F(GeneralPage, AnAnswerAfterTheEndOfTheModelIsDropped)
-{
-    {
-        ShownPage page(world);
-        world.serviceIsSlow = true;
-        page.click(page.launch());
-    }
-    world.answerForService();
-    world.answerForService();
-    EXPECT_THAT(world.takeRecord(), ElementsAre("is the job loaded"));
 }
 
 TEST_F(GeneralPage, RecordingModeSavesThenPostsOncePerRealChange)
