@@ -1,15 +1,10 @@
 #include "Components/Text/PatternsEditor.h"
-#include "Components/Style/SettingsStyle.h"
-#include "FontRegistration/FontRegistration.h"
 #include "OpenPage.h"
 #include "Persistence/Persistence.h"
-#include "Platform/Desktop/FontRegistry.h"
 #include "Ratios.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/PlanningSection.h"
 
-#include <QApplication>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <benchmark/benchmark.h>
@@ -151,14 +146,7 @@ bool isFlat(const Ratios &ratios, const std::string &name)
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    QApplication application(argc, argv);
-    FontRegistration::registerBundledFonts();
-    FontRegistry::system().finish();
-    installLook(application);
-    const NothingOutside nothingOutside;
+    const BenchmarkApplication application(argc, argv);
 
     benchmark::Initialize(&argc, argv);
     const std::vector<std::string> names = registerAll();

@@ -1,17 +1,12 @@
-#include "Components/Text/PatternsEditor.h"
 #include "Components/RowList.h"
-#include "Components/Style/SettingsStyle.h"
-#include "FontRegistration/FontRegistration.h"
+#include "Components/Text/PatternsEditor.h"
 #include "HeapInUse.h"
 #include "OpenPage.h"
-#include "Platform/Desktop/FontRegistry.h"
 #include "Ratios.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/PlanningSection.h"
 
-#include <QApplication>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <benchmark/benchmark.h>
@@ -125,14 +120,7 @@ double growth(SettingsSection section)
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    QApplication application(argc, argv);
-    FontRegistration::registerBundledFonts();
-    FontRegistry::system().finish();
-    installLook(application);
-    const NothingOutside nothingOutside;
+    const BenchmarkApplication application(argc, argv);
 
     constexpr auto planning = SettingsSection::planning;
     constexpr auto browser = SettingsSection::browser;

@@ -21,6 +21,16 @@ QStringList names(const std::vector<PlanningProject> &projects)
     return result;
 }
 
+/// Leaves the model without any of the sample data.
+void empty(SettingsModel &model)
+{
+    model.projects = std::vector<BrowserConfigProject>{};
+    model.browserPatternsCount = 0;
+    model.sessionsCount = 0;
+    model.planningRoot = std::nullopt;
+    model.planningProjects = std::vector<PlanningProject>{};
+}
+
 /// A model in demo mode, of a user who has files of their own.
 struct SettingsModelDemoTest : testing::Test {
     OutsideWorld world;
@@ -117,11 +127,7 @@ TEST_F(SettingsModelDemoTest, ClearingTheSessionsRestartsTheDemo)
 TEST_F(SettingsModelDemoTest, ClearingThePatternsBringsTheSampleRowsBack)
 {
     const auto model = made();
-    model->projects = std::vector<BrowserConfigProject>{};
-    model->browserPatternsCount = 0;
-    model->sessionsCount = 0;
-    model->planningRoot = std::nullopt;
-    model->planningProjects = std::vector<PlanningProject>{};
+    empty(*model);
     model->clearBrowserPatterns();
     EXPECT_EQ(model->projects->size(), 4);
     EXPECT_EQ(model->browserPatternsCount, 3);
@@ -134,11 +140,7 @@ TEST_F(SettingsModelDemoTest, ClearingThePatternsBringsTheSampleRowsBack)
 TEST_F(SettingsModelDemoTest, TheSampleDataComesBackInTheOrderInWhichItIsMade)
 {
     const auto model = made();
-    model->projects = std::vector<BrowserConfigProject>{};
-    model->browserPatternsCount = 0;
-    model->sessionsCount = 0;
-    model->planningRoot = std::nullopt;
-    model->planningProjects = std::vector<PlanningProject>{};
+    empty(*model);
     using Values = std::array<std::size_t, 5>;
     std::vector<Values> before;
     QObject::connect(model.get(), &Observable::objectWillChange, [&] {

@@ -34,67 +34,19 @@ def _answer(connection):
     return None
 
 
-class Picture:
-    """A program in which a picture was selected and copied: it offers that, and no text."""
+class _Owner:
+    """A program that owns selections of the screen until it is closed. It answers in a thread of its own."""
 
-    _SELECTIONS = "CLIPBOARD", "PRIMARY"
-
-    def __init__(self):
+    def __init__(self, *selections):
         self._display = display.Display()
         self._window = self._display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
-        self._format = self._display.intern_atom("image/png")
-        self._targets = self._display.intern_atom("TARGETS")
-        for name in self._SELECTIONS:
+        for name in selections:
             self._window.set_selection_owner(self._display.intern_atom(name), X.CurrentTime)
         self._display.sync()
         self._ends = threading.Event()
         self._thread = threading.Thread(target=self._serve, daemon=True)
-        self._thread.start()
 
-    def close(self):
-        self._ends.set()
-        self._thread.join()
-        self._display.close()
-
-    def _serve(self):
-        while not self._ends.is_set():
-            select.select([self._display.fileno()], [], [], 0.05)
-            while self._display.pending_events():
-                request = self._display.next_event()
-                if request.type == X.SelectionRequest:
-                    self._answer(request)
-
-    def _answer(self, request):
-        place = request.property
-        if request.target == self._targets:
-            request.requestor.change_property(place, Xatom.ATOM, 32, [self._targets, self._format])
-        elif request.target == self._format:
-            request.requestor.change_property(place, self._format, 8, b"a picture")
-        else:
-            place = X.NONE
-        request.requestor.send_event(event.SelectionNotify(
-            time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,
-            property=place))
-        self._display.flush()
-
-
-class Manager:
-    """A clipboard manager, which takes over what is on the clipboard when it is asked to; one that is not `quick` never
-    answers."""
-
-    def __init__(self, quick=True):
-        self.requests = 0
-        self._quick = quick
-        self._text = b""
-        self._display = display.Display()
-        self._window = self._display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
-        self._clipboard, self._format, self._place = (
-            self._display.intern_atom(name) for name in ("CLIPBOARD", "UTF8_STRING", "VANTLE_TEST_MANAGER"))
-        self._manager = self._display.intern_atom("CLIPBOARD_MANAGER")
-        self._window.set_selection_owner(self._manager, X.CurrentTime)
-        self._display.sync()
-        self._ends = threading.Event()
-        self._thread = threading.Thread(target=self._serve, daemon=True)
+    def open(self):
         self._thread.start()
 
     def close(self):
@@ -108,6 +60,51 @@ class Manager:
             while self._display.pending_events():
                 self._take(self._display.next_event())
 
+    @staticmethod
+    def _answer(request, place):
+        """Says where the answer is, or with X.NONE that there is none."""
+        request.requestor.send_event(event.SelectionNotify(
+            time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,
+            property=place))
+
+
+class Picture(_Owner):
+    """A program in which a picture was selected and copied: it offers that, and no text."""
+
+    def __init__(self):
+        super().__init__("CLIPBOARD", "PRIMARY")
+        self._format = self._display.intern_atom("image/png")
+        self._targets = self._display.intern_atom("TARGETS")
+        self.open()
+
+    def _take(self, request):
+        if request.type != X.SelectionRequest:
+            return
+        place = request.property
+        if request.target == self._targets:
+            request.requestor.change_property(place, Xatom.ATOM, 32, [self._targets, self._format])
+        elif request.target == self._format:
+            request.requestor.change_property(place, self._format, 8, b"a picture")
+        else:
+            place = X.NONE
+        self._answer(request, place)
+        self._display.flush()
+
+
+class Manager(_Owner):
+    """A clipboard manager, which takes over what is on the clipboard when it is asked to; one that is not `quick` never
+    answers."""
+
+    def __init__(self, quick=True):
+        super().__init__("CLIPBOARD_MANAGER")
+        self.requests = 0
+        self._quick = quick
+        self._text = b""
+        self._clipboard, self._format, self._place = (
+            self._display.intern_atom(name) for name in ("CLIPBOARD", "UTF8_STRING", "VANTLE_TEST_MANAGER"))
+        self._manager = self._display.intern_atom("CLIPBOARD_MANAGER")
+        self.open()
+
     def _take(self, happened):
         if happened.type == X.SelectionRequest and happened.selection == self._manager:
             self.requests += 1
@@ -117,14 +114,8 @@ class Manager:
         elif happened.type == X.SelectionNotify:
             self._text = self._window.get_full_property(self._place, X.AnyPropertyType).value
             self._window.set_selection_owner(self._clipboard, X.CurrentTime)
-            self._answer(self._asked)
+            self._answer(self._asked, self._asked.property)
         elif happened.type == X.SelectionRequest:
             happened.requestor.change_property(happened.property, self._format, 8, self._text)
-            self._answer(happened)
+            self._answer(happened, happened.property)
         self._display.flush()
-
-    @staticmethod
-    def _answer(request):
-        request.requestor.send_event(event.SelectionNotify(
-            time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,
-            property=request.property))

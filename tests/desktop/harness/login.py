@@ -1,4 +1,4 @@
-"""A stand-in for the keeper of the login job: its tool and its place on the session bus, for this test alone."""
+"""A stand-in for the manager of the login job: its tool and its place on the session bus, for this test alone."""
 
 import pathlib
 import subprocess
