@@ -93,13 +93,15 @@ private:
         m_out.resize(start + 2 + (end - begin) + escaped * (longestEscape - 1));
         char *out = m_out.data() + start;
         *out++ = '"';
-        if (escaped == 0)
+        if (escaped == 0) {
             out = std::transform(begin, end, out, [](Units unit) { return char(unit); });
-        for (; escaped != 0 && begin != end; ++begin) {
-            if (mustBeEscaped(*begin))
-                out = escape(char(*begin), out);
-            else
-                *out++ = char(*begin);
+        } else {
+            for (; begin != end; ++begin) {
+                if (mustBeEscaped(*begin))
+                    out = escape(char(*begin), out);
+                else
+                    *out++ = char(*begin);
+            }
         }
         *out++ = '"';
         m_out.truncate(out - m_out.constData());

@@ -145,13 +145,13 @@ int titleBarHeight(const QWidget &)
     return 0;
 }
 
-// On X11 a compositing manager owns the selection of this name.
+// On X11 a compositing manager owns the selection of this name. It may come and go, so it is asked each time.
 bool windowsAreComposited()
 {
     xcb_connection_t *connection = x11Connection();
     if (!connection)
         return true;
-    const xcb_atom_t selection = atom(connection, askForAtom(connection, "_NET_WM_CM_S0"));
+    static const xcb_atom_t selection = atom(connection, askForAtom(connection, "_NET_WM_CM_S0"));
     const std::unique_ptr<xcb_get_selection_owner_reply_t, decltype(&std::free)> reply(
         xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr),
         &std::free);
