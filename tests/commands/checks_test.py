@@ -55,6 +55,32 @@ class PinnedTools(unittest.TestCase):
         self.assertEqual((done.returncode, done.stdout), (0, "– Lint left out: no tool\nthen\n"))
 
 
+class FailedTests(unittest.TestCase):
+    """tools/check/tests with a ctest that fails as it is told to, and remembers how it was called."""
+
+    def after(self, *failed, again=0):
+        lines = "".join(f"\\t {number} - {name} (Failed)\\n" for number, name in enumerate(failed, 1))
+        with tools({}, ("bash", "dirname", "mktemp", "tee", "sed", "grep", "wc", "rm")) as path:
+            ctest = pathlib.Path(path, "ctest")
+            ctest.write_text(f"#!/bin/sh\necho called: $*\ncase $* in *--rerun-failed) exit {again} ;; esac\n"
+                             f"printf '{lines}'\nexit {8 if failed else 0}\n")
+            ctest.chmod(0o755)
+            done = run(SOURCE / "tools/check/tests", "asan", "--parallel", "2", path=path)
+        return done.returncode, done.stdout.splitlines()[1 + len(failed):]
+
+    def test_of_the_desktop_have_one_more_attempt_and_are_named(self):
+        attempt = ["Once more, alone: desktop_a, desktop_b", "called: --preset asan --rerun-failed"]
+        passed = ["Passed only at the second attempt: desktop_a, desktop_b"]
+        self.assertEqual(self.after("desktop_a", "desktop_b"), (0, attempt + passed))
+        self.assertEqual(self.after("desktop_a", "desktop_b", again=8), (8, attempt))
+
+    def test_of_other_kinds_and_many_at_once_have_failed(self):
+        self.assertEqual(self.after(), (0, []))
+        for failed in (["model_test"], ["desktop_a", "model_test"], [f"desktop_{name}" for name in "abcd"]):
+            with self.subTest(failed=failed):
+                self.assertEqual(self.after(*failed), (8, []))
+
+
 class Compiler(unittest.TestCase):
     def chosen(self, **said):
         with tools({name.replace("_", "-").replace("clang", "clang++"): text for name, text in said.items()}) as path:
