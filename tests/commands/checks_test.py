@@ -81,6 +81,18 @@ class FailedTests(unittest.TestCase):
                 self.assertEqual(self.after(*failed), (8, []))
 
 
+class ChangedSources(unittest.TestCase):
+    def test_are_the_eight_of_the_newest_commits_where_nothing_has_changed(self):
+        with tools({}, ("awk", "bash", "cat", "mkdir", "sed", "seq", "sort")) as path:
+            git = pathlib.Path(path, "git")
+            git.write_text("#!/bin/sh\n[ $1 != log ] || seq -f f%.0f.cpp 100000\n")
+            git.chmod(0o755)
+            done = subprocess.run(
+                ["bash", "-euo", "pipefail", "-c", f". {SOURCE}/tools/check/sources.sh; mkdir -p build/log; changedSources"],
+                cwd=path, env={**os.environ, "PATH": path}, text=True, stdout=subprocess.PIPE)
+        self.assertEqual((done.returncode, done.stdout.split()), (0, [f"f{number}.cpp" for number in range(1, 9)]))
+
+
 class Compiler(unittest.TestCase):
     def chosen(self, **said):
         with tools({name.replace("_", "-").replace("clang", "clang++"): text for name, text in said.items()}) as path:

@@ -6,7 +6,7 @@ pinnedVersion=16
 pinnedTool() {
     local tool
     for tool in "$1-$pinnedVersion" "$1"; do
-        if command -v "$tool" >/dev/null && "$tool" --version | grep -q "version $pinnedVersion\."; then
+        if command -v "$tool" >/dev/null && [[ $("$tool" --version) == *"version $pinnedVersion."* ]]; then
             printf '%s\n' "$tool"
             return
         fi

@@ -16,7 +16,7 @@ changedSources() {
         git ls-files --others --exclude-standard -- '*.cpp' '*.h'
     } | sort -u >build/log/changed
     if [ ! -s build/log/changed ]; then
-        git log --format= --name-only -n 20 -- '*.cpp' '*.h' | awk '!seen[$0]++' | head -n 8 >build/log/changed
+        git log --format= --name-only -n 20 -- '*.cpp' '*.h' | awk '!seen[$0]++ && ++count <= 8' >build/log/changed
     fi
     cat build/log/changed
 }
