@@ -40,13 +40,19 @@ _ACCESSIBILITY_SERVICE = "/usr/share/dbus-1/services/org.a11y.Bus.service"
 _FOREIGN = ("XDG_", "QT_", "LC_", "GTK_", "WAYLAND_", "DBUS_", "SESSION_", "AT_SPI", "DISPLAY")
 
 
+def pictures_of(program):
+    """Where the pictures of a program's desktop go."""
+    return (pathlib.Path(program).resolve().parent / "../desktop-tests").resolve()
+
+
 class Desktop:
     """Everything that the program meets, and the hands and eyes of the tests. Sets the environment of this process
-    and so of those that it starts."""
+    and so of those that it starts. `manager` is the command of the window manager, openbox if not said otherwise."""
 
-    def __init__(self, program, folder):
+    def __init__(self, program, folder, manager=None):
         self.program = str(pathlib.Path(program).resolve())
         self.folder = pathlib.Path(folder)
+        self._manager = manager
         self._log = open(self.folder / "desktop.log", "wb")
         self._running = []
 
@@ -89,9 +95,9 @@ class Desktop:
 
     def picture(self, name):
         """Takes a picture of the screen and returns its path."""
-        folder = pathlib.Path(self.program).parent / "../desktop-tests"
+        folder = pictures_of(self.program)
         folder.mkdir(exist_ok=True)
-        file = folder.resolve() / f"{name}.png"
+        file = folder / f"{name}.png"
         subprocess.run(["import", "-window", "root", str(file)], stderr=self._log, timeout=60)
         return file
 
@@ -128,8 +134,8 @@ class Desktop:
     def _start_window_manager(self, screen):
         configuration = self.folder / "window-manager.xml"
         configuration.write_text(_WINDOW_MANAGER)
-        self._start("openbox", "--sm-disable", "--config-file", str(configuration), stdout=self._log,
-                    env=dict(os.environ, DISPLAY=screen))
+        command = self._manager or ["openbox", "--sm-disable", "--config-file", str(configuration)]
+        self._start(*command, stdout=self._log, env=dict(os.environ, DISPLAY=screen))
 
 
 class Screen:

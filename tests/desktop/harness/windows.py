@@ -110,6 +110,15 @@ class Window:
     def minimise(self):
         self._tell_manager("WM_CHANGE_STATE", Xutil.IconicState)
 
+    @property
+    def maximised(self):
+        """Whether it fills the screen, as far as the window manager lets it."""
+        states = _property(self._display, self._window, "_NET_WM_STATE")
+        return all(state in states for state in self._maximised_states())
+
+    def maximise(self, on=True):
+        self._tell_manager("_NET_WM_STATE", int(on), *self._maximised_states(), 2)
+
     def activate(self):
         self._tell_manager("_NET_ACTIVE_WINDOW", 2, X.CurrentTime)
 
@@ -127,6 +136,9 @@ class Window:
         x, y, width, _ = self.box
         top = self.frame[2]
         return x + width - top / 2, y - top / 2
+
+    def _maximised_states(self):
+        return [self._display.intern_atom(f"_NET_WM_STATE_MAXIMIZED_{way}") for way in ("HORZ", "VERT")]
 
     def _tell_manager(self, message, *values):
         data = (list(values) + [0] * 5)[:5]
