@@ -1,0 +1,51 @@
+"""How the compositors are started, asked and told; each is started anew for each scale factor."""
+
+import dataclasses
+import os
+import subprocess
+
+from harness import processes
+from harness.waiting import eventually
+
+import expected
+
+
+@dataclasses.dataclass
+class Seen:
+    """A window as the compositor has it. `box` is its x, y, width and height with its frame, in points."""
+    title: str
+    app: str
+    box: tuple
+    minimised: bool
+    maximised: bool
+
+
+class Compositor:
+    """One that makes its socket in the session's runtime folder. `socket` is what WAYLAND_DISPLAY has to be. The size
+    of its screen is given in pixels."""
+
+    SCALES = expected.SCALES
+    TELLS_OF_WINDOWS = True
+    DARK = False  # whether frames are always dark for who asks for them
+    MINIMISED, MAXIMISED = "minimised and back", "maximised and back"
+
+    def __init__(self, socket, command, log, environment=()):
+        self.socket = socket
+        self._log = log
+        self._process = processes.start(command, env=dict(os.environ, DISPLAY="", **dict(environment)),
+                                        stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+        path = os.path.join(os.environ["XDG_RUNTIME_DIR"], socket)
+        eventually(lambda: os.path.exists(path), "the compositor does not start")
+
+    def look(self, title, report):
+        """Says what else it knows of the window."""
+
+    def close(self):
+        processes.end(self._process)
+
+    def _run(self, *command):
+        done = subprocess.run(command, env=dict(os.environ, WAYLAND_DISPLAY=self.socket), text=True, timeout=60,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        if done.returncode != 0:
+            raise RuntimeError(f"{command} says {done.stdout}")
+        return done.stdout

@@ -1,0 +1,33 @@
+"""Weston, which tells nobody of its windows."""
+
+import shutil
+
+from compositors import Compositor
+
+# At the start the screen would come up from black slowly.
+_CONFIGURATION = """[shell]
+animation=none
+startup-animation=none
+"""
+
+
+class Weston(Compositor):
+    SCALES = 1, 2
+    TELLS_OF_WINDOWS = False
+
+    def __init__(self, place, screen, scale, log):
+        self._place = place
+        configuration = place / "weston.ini"
+        configuration.write_text(_CONFIGURATION)
+        width, height = screen
+        # Here the size is in points. Only with --debug may a client take pictures.
+        super().__init__(f"vantle-weston-{scale:g}", [
+            "weston", "--backend=headless-backend.so", "--use-pixman", f"--config={configuration}",
+            "--idle-time=0", "--debug", f"--scale={scale}", f"--width={width // scale}", f"--height={height // scale}",
+            f"--socket=vantle-weston-{scale:g}"], log)
+
+    def take(self, picture):
+        """The tool chooses the name itself, in the folder where it is started."""
+        self._run("sh", "-c", 'cd "$1" && weston-screenshooter', "sh", str(self._place))
+        taken, = self._place.glob("wayland-screenshot-*.png")
+        shutil.move(taken, picture)
