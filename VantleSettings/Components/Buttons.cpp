@@ -2,8 +2,8 @@
 
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Window/AccessibleWidget.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Window/Accessibility/AccessibleWidget.h"
 
 #include <QPainter>
 #include <QShortcut>

@@ -1,6 +1,6 @@
 #include "Components/MenuButton.h"
 
-#include "Platform/Window/AccessibleWidget.h"
+#include "Platform/Window/Accessibility/AccessibleWidget.h"
 
 #include <QMenu>
 

@@ -5,8 +5,8 @@
 #include "Components/Text/Label.h"
 #include "Foundation/Seam.h"
 #include "Platform/Desktop/Pasteboard.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/Announcement.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 #include "Components/Picker.h"
 
 #include "Components/Drawing/Tokens.h"
-#include "Platform/Window/AccessibleComboBox.h"
+#include "Platform/Window/Accessibility/AccessibleComboBox.h"
 
 #include <QSignalBlocker>
 #include <QWheelEvent>

@@ -1,7 +1,7 @@
 #include "Components/RowList.h"
 
 #include "Components/SettingsRow.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
 #include <QEvent>
 #include <QHash>

@@ -2,9 +2,9 @@
 
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/Symbol.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
 #include <QFontMetrics>
 #include <QPainter>

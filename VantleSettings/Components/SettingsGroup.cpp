@@ -5,8 +5,8 @@
 #include "Components/SettingsRow.h"
 #include "Components/Text/Label.h"
 #include "Foundation/KeyNames.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/AccessibleText.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleText.h"
 
 #include <QPainter>
 #include <QVBoxLayout>

@@ -4,8 +4,8 @@
 #include "Components/RowLayout.h"
 #include "Components/SidebarIcon.h"
 #include "Components/Text/Label.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/AccessibleText.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleText.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

@@ -2,9 +2,9 @@
 
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Window/AccessibleWidget.h"
-#include "Platform/Window/Announcement.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Window/Accessibility/AccessibleWidget.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 
 #include <QPainter>
 #include <QPen>

@@ -1,7 +1,7 @@
 #include "Components/SymbolLabel.h"
 
 #include "Components/Drawing/Tokens.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/Symbol.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
 
 #include <QWidget>
 

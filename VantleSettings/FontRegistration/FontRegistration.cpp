@@ -1,7 +1,7 @@
 #include "FontRegistration/FontRegistration.h"
 
 #include "Foundation/Seam.h"
-#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
 #include "Platform/Files/Path.h"
 
 #include <QFileInfo>

@@ -4,9 +4,9 @@
 #include "Components/Drawing/Tokens.h"
 #include "Components/Text/Label.h"
 #include "Foundation/KeyNames.h"
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/Symbol.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
 #include <QPainter>
 #include <QVBoxLayout>

@@ -3,8 +3,8 @@
 #include "Components/Drawing/Tokens.h"
 #include "Components/Text/TouchScrolling.h"
 #include "Foundation/Seam.h"
-#include "Platform/Desktop/FontRegistry.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 #include "SettingsWindow/DetailHero.h"
 #include "SettingsWindow/Sections/SectionContent.h"
 

@@ -3,7 +3,7 @@
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
 #include "Model/SettingsModel.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 #include "Platform/Window/FirstFrame.h"
 #include "SettingsWindow/SectionPane.h"
 #include "SettingsWindow/Sections/AboutSection.h"

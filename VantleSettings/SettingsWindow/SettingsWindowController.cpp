@@ -2,7 +2,7 @@
 
 #include "Components/Drawing/Tokens.h"
 #include "Model/SettingsModel.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 #include "Platform/Window/WindowChrome.h"
 #include "Platform/Window/WindowFrame.h"
 #include "SettingsWindow/SettingsRootView.h"

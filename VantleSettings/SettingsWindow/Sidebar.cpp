@@ -3,7 +3,7 @@
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
 #include "Components/SidebarIcon.h"
-#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Appearance/Palette.h"
 
 #include <QAccessible>
 #include <QKeyEvent>

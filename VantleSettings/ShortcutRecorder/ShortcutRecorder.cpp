@@ -3,10 +3,10 @@
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
 #include "Foundation/KeyNames.h"
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/AccessibleWidget.h"
-#include "Platform/Window/Announcement.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleWidget.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 
 #include <QHideEvent>
 #include <QPainter>

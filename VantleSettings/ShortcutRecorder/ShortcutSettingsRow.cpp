@@ -5,8 +5,8 @@
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Keyboard/KeyboardLayout.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/Announcement.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 #include "ShortcutRecorder/ShortcutRecorder.h"
 
 #include <QHBoxLayout>

@@ -6,7 +6,7 @@
 #include "Model/SettingsModel.h"
 #include "Platform/Agent/LoopbackPost.h"
 #include "Platform/Agent/ServiceManager.h"
-#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
 #include "SettingsWindow/SectionPane.h"
 
 #include <QApplication>

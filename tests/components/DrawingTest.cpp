@@ -2,8 +2,8 @@
 #include "Components/Drawing/Tokens.h"
 #include "Components/SettingsRow.h"
 #include "LookTest.h"
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/Symbol.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
 
 #include <QDir>
 #include <QImage>

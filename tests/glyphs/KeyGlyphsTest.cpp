@@ -1,7 +1,7 @@
 #include "Components/Drawing/Tokens.h"
 #include "Components/Style/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
-#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
 
 #include <QApplication>
 #include <QFontDatabase>

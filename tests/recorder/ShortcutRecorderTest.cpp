@@ -3,7 +3,7 @@
 #include "Components/Drawing/Tokens.h"
 #include "Foundation/Seam.h"
 #include "KeyPresses.h"
-#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Appearance/Palette.h"
 #include "Platform/Keyboard/USKeyboardLayout.h"
 
 #include <QLineEdit>

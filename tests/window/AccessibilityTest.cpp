@@ -5,7 +5,7 @@
 #include "HomeFiles.h"
 #include "Model/SettingsModel.h"
 #include "OutsideWorld.h"
-#include "Platform/Desktop/detail/SymbolDrawing.h"
+#include "Platform/Desktop/Appearance/detail/SymbolDrawing.h"
 #include "SettingsWindow/SettingsWindowController.h"
 #include "SettingsWindow/Sidebar.h"
 

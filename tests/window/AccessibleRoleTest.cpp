@@ -1,6 +1,6 @@
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
-#include "Platform/Window/AccessibleWidget.h"
+#include "Platform/Window/Accessibility/AccessibleWidget.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,4 +1,4 @@
-#include "Platform/Window/AccessibleText.h"
+#include "Platform/Window/Accessibility/AccessibleText.h"
 
 #include <gtest/gtest.h>
 

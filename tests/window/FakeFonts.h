@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Foundation/Seam.h"
-#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
 
 /// A machine on which every font is installed, or none.
 struct FakeFonts final : FontRegistry {

@@ -2,8 +2,8 @@
 #include "Components/Style/SettingsStyle.h"
 #include "Components/Switch.h"
 #include "Components/Text/Label.h"
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/detail/AppearancePortal.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Desktop/Appearance/detail/AppearancePortal.h"
 #include "PrivateBus.h"
 
 #include <QApplication>

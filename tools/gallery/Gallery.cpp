@@ -10,7 +10,7 @@
 #include "Components/SidebarIcon.h"
 #include "Components/Switch.h"
 #include "Components/Text/Label.h"
-#include "Platform/Desktop/Symbol.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "Components/Style/SettingsStyle.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
-#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
 
 #include <QApplication>
 #include <QScrollArea>

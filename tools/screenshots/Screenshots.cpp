@@ -5,7 +5,7 @@
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
 #include "PageStates.h"
-#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
 
 #include <QAbstractAnimation>
 #include <QAbstractEventDispatcher>

@@ -1,7 +1,7 @@
 #include "Components/Drawing/Tokens.h"
 
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/SystemFont.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Desktop/Appearance/SystemFont.h"
 
 #include <QApplication>
 #include <QVariant>

@@ -1,6 +1,6 @@
 #include "Components/Style/ScrollBarFade.h"
 
-#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Appearance/Palette.h"
 
 #include <QEvent>
 #include <QScrollBar>

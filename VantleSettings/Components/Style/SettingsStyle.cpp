@@ -4,8 +4,8 @@
 #include "Components/Style/FocusRing.h"
 #include "Components/Style/ScrollBarFade.h"
 #include "Components/Style/StyleDrawing.h"
-#include "Platform/Desktop/BaseStyle.h"
-#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Appearance/BaseStyle.h"
+#include "Platform/Desktop/Appearance/Palette.h"
 #include "Platform/Window/WindowChrome.h"
 
 #include <QAbstractScrollArea>

@@ -2,7 +2,7 @@
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
 #include "Components/Style/StyleDrawing.h"
-#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Appearance/Palette.h"
 
 #include <QPainter>
 #include <QStyle>

@@ -2,7 +2,7 @@
 
 #include "Components/Text/DocumentText.h"
 #include "Components/Text/PatternsEditor.h"
-#include "Platform/Window/AccessibleText.h"
+#include "Platform/Window/Accessibility/AccessibleText.h"
 
 #include <QScrollBar>
 #include <QTextBlock>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Window/AccessibleWidget.h"
+#include "Platform/Window/Accessibility/AccessibleWidget.h"
 
 class PatternsEditor;
 class QTextCursor;

@@ -1,8 +1,8 @@
 #include "Components/Text/Label.h"
 
 #include "Components/Text/ShortenedText.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/AccessibleText.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleText.h"
 
 #include <QEvent>
 #include <QFontMetricsF>

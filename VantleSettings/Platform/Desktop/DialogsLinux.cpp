@@ -3,7 +3,7 @@
 #include "Platform/Desktop/detail/DirectoryPortal.h"
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Home.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
 #include <QApplication>
 #include <QDir>

@@ -3,8 +3,8 @@
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
 #include "Components/Text/Label.h"
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/Symbol.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
 
 #include <QPainter>
 #include <QVBoxLayout>

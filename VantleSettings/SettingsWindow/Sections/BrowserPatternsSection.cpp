@@ -5,7 +5,7 @@
 #include "Components/RowList.h"
 #include "Components/SettingsGroup.h"
 #include "Model/SettingsModel.h"
-#include "Platform/Window/Announcement.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 #include "SettingsWindow/Sections/NoBrowserProjectsRow.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 

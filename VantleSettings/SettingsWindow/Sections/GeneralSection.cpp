@@ -9,7 +9,7 @@
 #include "LaunchAgent/LaunchAgent.h"
 #include "Model/SettingsModel.h"
 #include "Persistence/Persistence.h"
-#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
 
 #include <QPointer>

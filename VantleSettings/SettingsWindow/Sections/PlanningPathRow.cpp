@@ -8,13 +8,13 @@
 #include "Components/Text/Label.h"
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
+#include "Platform/Desktop/Appearance/Palette.h"
 #include "Platform/Desktop/Dialogs.h"
-#include "Platform/Desktop/Palette.h"
 #include "Platform/Desktop/Workspace.h"
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Path.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/AccessibleText.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleText.h"
 
 #include <QDropEvent>
 #include <QHBoxLayout>

@@ -9,9 +9,9 @@
 #include "Platform/Desktop/Pasteboard.h"
 #include "Platform/Desktop/Workspace.h"
 #include "Platform/Files/FileSystem.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/AccessibleText.h"
-#include "Platform/Window/Announcement.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleText.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 #include "SettingsWindow/Sections/MissingLabel.h"
 
 #include <QHBoxLayout>

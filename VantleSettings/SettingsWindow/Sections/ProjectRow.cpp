@@ -8,8 +8,8 @@
 #include "Components/Text/Label.h"
 #include "Components/Text/PatternsEditor.h"
 #include "Platform/Files/Path.h"
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/AccessibleText.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleText.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

@@ -2,7 +2,7 @@
 
 #include "Components/Buttons.h"
 #include "Components/SettingsRow.h"
-#include "Platform/Window/Announcement.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 #include "ShortcutRecorder/ShortcutSettingsRow.h"
 
 #include <QHBoxLayout>

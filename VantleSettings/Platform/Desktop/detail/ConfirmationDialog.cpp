@@ -1,8 +1,8 @@
 #include "Platform/Desktop/detail/ConfirmationDialog.h"
 
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/Symbol.h"
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
 #include <QApplication>
 #include <QFontInfo>

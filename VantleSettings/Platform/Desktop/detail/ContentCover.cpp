@@ -1,6 +1,6 @@
 #include "Platform/Desktop/detail/ContentCover.h"
 
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
 #include <QApplication>
 #include <QKeyEvent>

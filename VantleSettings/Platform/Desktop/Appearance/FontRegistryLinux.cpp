@@ -1,4 +1,4 @@
-#include "Platform/Desktop/FontRegistry.h"
+#include "Platform/Desktop/Appearance/FontRegistry.h"
 
 #include <QFontDatabase>
 

@@ -1,4 +1,4 @@
-#include "Platform/Desktop/SystemFont.h"
+#include "Platform/Desktop/Appearance/SystemFont.h"
 
 #include <QGuiApplication>
 

@@ -1,4 +1,4 @@
-#include "Platform/Desktop/detail/AppearancePortal.h"
+#include "Platform/Desktop/Appearance/detail/AppearancePortal.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>

@@ -1,4 +1,4 @@
-#include "Platform/Desktop/BaseStyle.h"
+#include "Platform/Desktop/Appearance/BaseStyle.h"
 
 #include <QGuiApplication>
 #include <QStyleFactory>

@@ -1,5 +1,5 @@
-#include "Platform/Desktop/Palette.h"
-#include "Platform/Desktop/detail/AppearancePortal.h"
+#include "Platform/Desktop/Appearance/Palette.h"
+#include "Platform/Desktop/Appearance/detail/AppearancePortal.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,4 +1,4 @@
-#include "Platform/Window/AccessibleComboBox.h"
+#include "Platform/Window/Accessibility/AccessibleComboBox.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "Platform/Window/Announcement.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 
 #include <QAccessible>
 #include <QGuiApplication>

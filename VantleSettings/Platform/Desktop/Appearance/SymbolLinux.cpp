@@ -1,4 +1,4 @@
-#include "Platform/Desktop/detail/SymbolDrawing.h"
+#include "Platform/Desktop/Appearance/detail/SymbolDrawing.h"
 
 QImage symbolMask(const Symbol &symbol, qreal scale)
 {

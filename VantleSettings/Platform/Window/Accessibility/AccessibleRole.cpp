@@ -1,7 +1,7 @@
-#include "Platform/Window/AccessibleRole.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 
-#include "Platform/Window/AccessibleWidget.h"
-#include "Platform/Window/detail/AccessibleProperties.h"
+#include "Platform/Window/Accessibility/AccessibleWidget.h"
+#include "Platform/Window/Accessibility/detail/AccessibleProperties.h"
 
 #include <QLabel>
 #include <QPointer>

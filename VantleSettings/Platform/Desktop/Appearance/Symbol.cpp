@@ -1,6 +1,6 @@
-#include "Platform/Desktop/Symbol.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
 
-#include "Platform/Desktop/detail/SymbolDrawing.h"
+#include "Platform/Desktop/Appearance/detail/SymbolDrawing.h"
 
 #include <QIconEngine>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "Platform/Desktop/Palette.h"
+#include "Platform/Desktop/Appearance/Palette.h"
 
 #import <AppKit/AppKit.h>
 

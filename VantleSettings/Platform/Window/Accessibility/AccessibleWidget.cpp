@@ -1,6 +1,6 @@
-#include "Platform/Window/AccessibleWidget.h"
+#include "Platform/Window/Accessibility/AccessibleWidget.h"
 
-#include "Platform/Window/detail/AccessibleProperties.h"
+#include "Platform/Window/Accessibility/detail/AccessibleProperties.h"
 
 #include <QAbstractButton>
 #include <QFocusFrame>

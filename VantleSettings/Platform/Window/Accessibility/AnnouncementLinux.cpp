@@ -1,5 +1,5 @@
-#include "Platform/Window/AccessibleRole.h"
-#include "Platform/Window/Announcement.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
+#include "Platform/Window/Accessibility/Announcement.h"
 
 #include <QAccessible>
 #include <QWidget>

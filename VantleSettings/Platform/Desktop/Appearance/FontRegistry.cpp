@@ -1,0 +1,3 @@
+#include "Platform/Desktop/Appearance/FontRegistry.h"
+
+FontRegistry::~FontRegistry() = default;

@@ -1,3 +1,0 @@
-#include "Platform/Desktop/FontRegistry.h"
-
-FontRegistry::~FontRegistry() = default;
