@@ -1,7 +1,6 @@
 #include "Components/SidebarIcon.h"
 
 #include "Components/Drawing/Painting.h"
-#include "Components/Drawing/Tokens.h"
 #include "Platform/Desktop/Appearance/Palette.h"
 #include "Platform/Desktop/Appearance/Symbol.h"
 #include "Platform/Window/Accessibility/AccessibleRole.h"
@@ -10,10 +9,10 @@
 
 #include <utility>
 
-SidebarIcon::SidebarIcon(QString symbol, SystemColor tint, QWidget *parent)
-    : QWidget(parent), m_symbol(std::move(symbol)), m_tint(tint)
+SidebarIcon::SidebarIcon(QString symbol, SystemColor tint, TileSize size, QWidget *parent)
+    : QWidget(parent), m_symbol(std::move(symbol)), m_tint(tint), m_size(size)
 {
-    setFixedSize(Tokens::iconTile, Tokens::iconTile);
+    setFixedSize(m_size.side, m_size.side);
     markAsDecoration(this);
 }
 
@@ -24,19 +23,15 @@ void SidebarIcon::setSymbol(const QString &symbol, SystemColor tint)
     update();
 }
 
-QSize SidebarIcon::sizeHint() const
-{
-    return {Tokens::iconTile, Tokens::iconTile};
-}
-
 void SidebarIcon::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    drawSidebarIcon(painter, rect(), m_symbol, m_tint);
+    drawSidebarIcon(painter, rect(), m_symbol, m_tint, m_size);
 }
 
-void drawSidebarIcon(QPainter &painter, const QRectF &tile, const QString &symbol, SystemColor tint)
+void drawSidebarIcon(QPainter &painter, const QRectF &tile, const QString &symbol, SystemColor tint,
+                     TileSize size)
 {
-    fill(painter, continuousRectangle(tile, Tokens::iconTileRadius), tintGradient(tile, color(tint)));
-    drawSymbol(painter, {symbol, Tokens::iconTilePointSize, QFont::DemiBold}, tile, Qt::white);
+    fill(painter, continuousRectangle(tile, size.radius), tintGradient(tile, color(tint)));
+    drawSymbol(painter, {symbol, size.symbol, QFont::DemiBold}, tile, Qt::white);
 }

@@ -1,8 +1,16 @@
 #pragma once
 
+#include "Components/Drawing/Tokens.h"
 #include "Foundation/SystemColor.h"
 
 #include <QWidget>
+
+/// A tile's side and corner radius in pixels, and the size of its symbol in points.
+struct TileSize {
+    int side = Tokens::iconTile;
+    int radius = Tokens::iconTileRadius;
+    qreal symbol = Tokens::iconTilePointSize;
+};
 
 /// A small tinted tile with a white symbol. Decoration: not in the accessibility tree.
 class SidebarIcon : public QWidget
@@ -10,13 +18,11 @@ class SidebarIcon : public QWidget
     Q_OBJECT
 
 public:
-    explicit SidebarIcon(QString symbol, SystemColor tint, QWidget *parent = nullptr);
+    explicit SidebarIcon(QString symbol, SystemColor tint, TileSize size = {}, QWidget *parent = nullptr);
 
     const QString &symbol() const { return m_symbol; }
     SystemColor tint() const { return m_tint; }
     void setSymbol(const QString &symbol, SystemColor tint);
-
-    QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -24,7 +30,9 @@ protected:
 private:
     QString m_symbol;
     SystemColor m_tint;
+    TileSize m_size;
 };
 
 /// The tile itself, for views that paint their rows.
-void drawSidebarIcon(QPainter &painter, const QRectF &tile, const QString &symbol, SystemColor tint);
+void drawSidebarIcon(QPainter &painter, const QRectF &tile, const QString &symbol, SystemColor tint,
+                     TileSize size = {});

@@ -4,7 +4,6 @@
 #include "Components/SidebarIcon.h"
 #include "Components/Text/Label.h"
 #include "PageTest.h"
-#include "SettingsWindow/Sections/MissingLabel.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -77,14 +76,16 @@ protected:
         withMenu([&](QMenu *menu) { pick(menu, item); });
     }
 
-    bool saysMissing() const
+    const Label *missing() const
     {
         for (const Label *label : row->findChildren<Label *>()) {
             if (label->text() == u"missing")
-                return label->isVisible();
+                return label;
         }
-        return false;
+        return nullptr;
     }
+
+    bool saysMissing() const { return missing() && missing()->isVisible(); }
 
     const SidebarIcon *icon() const { return row->findChild<SidebarIcon *>(); }
 
@@ -116,8 +117,7 @@ TEST_F(PlanningProjectRowTest, TheWordMissingHasRoomAroundIt)
 {
     showRow({.name = u"App"_s, .path = homePath(u"gone"_s)});
     const Label word(u"missing"_s, TextStyle::size10);
-    const auto *capsule = row->findChild<MissingLabel *>();
-    EXPECT_EQ(capsule->size(), word.sizeHint() + QSize(2 * 6, 2 * 2));
+    EXPECT_EQ(missing()->size(), word.sizeHint() + QSize(2 * 6, 2 * 2));
 }
 
 TEST_F(PlanningProjectRowTest, AProjectMustBeADirectory)

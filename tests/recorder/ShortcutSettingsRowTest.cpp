@@ -1,6 +1,7 @@
 #include "ShortcutRecorder/ShortcutSettingsRow.h"
 
 #include "Components/Buttons.h"
+#include "Components/SettingsGroup.h"
 #include "Components/Text/Label.h"
 #include "KeyPresses.h"
 #include "Model/SettingsModel.h"
@@ -17,6 +18,8 @@
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
@@ -224,11 +227,11 @@ TEST_F(ShortcutRows, FollowTheKeyboardLayout)
 
 TEST_F(ShortcutRows, TheGroupListsThemWithDividersBetweenAndAboveResetAll)
 {
-    ShortcutsGroup group(model());
-    EXPECT_EQ(group.accessibleName(), u"Keyboard Shortcuts"_s);
-    EXPECT_EQ(group.accessibleDescription(), u"Click a shortcut to rebind it. Press ⎋ to cancel."_s);
+    const std::unique_ptr<SettingsGroup> group(shortcutsGroup(model()));
+    EXPECT_EQ(group->accessibleName(), u"Keyboard Shortcuts"_s);
+    EXPECT_EQ(group->accessibleDescription(), u"Click a shortcut to rebind it. Press ⎋ to cancel."_s);
     QString order;
-    for (const QObject *part : group.findChild<ShortcutSettingsRow *>()->parentWidget()->children()) {
+    for (const QObject *part : group->findChild<ShortcutSettingsRow *>()->parentWidget()->children()) {
         if (qobject_cast<const ShortcutSettingsRow *>(part))
             order += u'R';
         else if (qobject_cast<const SettingsRowDivider *>(part))
@@ -237,16 +240,16 @@ TEST_F(ShortcutRows, TheGroupListsThemWithDividersBetweenAndAboveResetAll)
             order += u'A';
     }
     EXPECT_EQ(order, u"R-R-R-A"_s);
-    EXPECT_EQ(group.findChild<LinkButton *>()->text(), u"Reset all shortcuts"_s);
+    EXPECT_EQ(group->findChild<LinkButton *>()->text(), u"Reset all shortcuts"_s);
 }
 
 TEST_F(ShortcutRows, ResetAllWritesAndPostsThreeTimesAlsoAtTheDefaults)
 {
     SettingsModel &settings = model(R"({"focusLast": {"keyCode": 0, "modifiers": 256}})");
-    ShortcutsGroup group(settings);
+    const std::unique_ptr<SettingsGroup> group(shortcutsGroup(settings));
     for (int time = 0; time < 2; ++time) {
         const QSignalSpy announcements(&settings, &Observable::objectWillChange);
-        group.findChild<LinkButton *>()->click();
+        group->findChild<LinkButton *>()->click();
         EXPECT_THAT(written(), ElementsAre("write", "post", "write", "post", "write", "post"));
         EXPECT_EQ(announcements.size(), 3);
         EXPECT_EQ(settings.shortcuts().bindings.value(), Shortcuts::defaults());
@@ -258,11 +261,11 @@ TEST_F(ShortcutRows, ResetAllGoesThroughTheActionsInTheirOrder)
     SettingsModel &settings = model(R"({"focusLast": {"keyCode": 0, "modifiers": 256},
                                         "focusPrevious": {"keyCode": 0, "modifiers": 256},
                                         "openPlan": {"keyCode": 0, "modifiers": 256}})");
-    ShortcutsGroup group(settings);
+    const std::unique_ptr<SettingsGroup> group(shortcutsGroup(settings));
     std::vector<Shortcuts::Bindings> announced;
-    QObject::connect(&settings, &Observable::objectWillChange, &group,
+    QObject::connect(&settings, &Observable::objectWillChange, group.get(),
                      [&] { announced.push_back(settings.shortcuts().bindings); });
-    group.findChild<LinkButton *>()->click();
+    group->findChild<LinkButton *>()->click();
     Shortcuts::Bindings expected = Shortcuts::defaults();
     expected[ShortcutAction::openPlan] = {0, 256};
     ASSERT_EQ(announced.size(), 3);

@@ -5,9 +5,9 @@
 #include "SettingsWindow/DetailHero.h"
 #include "SettingsWindow/SectionPane.h"
 #include "SettingsWindow/Sections/SectionContent.h"
-#include "SettingsWindow/Sections/ShortcutsGroup.h"
 #include "SettingsWindow/SettingsRootView.h"
 #include "SettingsWindow/Sidebar.h"
+#include "ShortcutRecorder/ShortcutSettingsRow.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -67,9 +67,9 @@ TEST_F(RootView, StartsWithThePageThatTheModelHasSelected)
 TEST_F(RootView, DrawsThePageBeforeItsLowerGroupsAreMade)
 {
     SettingsRootView later{model, 0};
-    EXPECT_EQ(later.findChild<ShortcutsGroup *>(), nullptr);
+    EXPECT_EQ(later.findChild<ShortcutSettingsRow *>(), nullptr);
     later.show();
-    EXPECT_TRUE(QTest::qWaitFor([&later] { return later.findChild<ShortcutsGroup *>() != nullptr; }));
+    EXPECT_TRUE(QTest::qWaitFor([&later] { return later.findChild<ShortcutSettingsRow *>() != nullptr; }));
 }
 
 TEST_F(RootView, ChoosingAnEntryChangesTheModelAndThePageAndNothingElse)

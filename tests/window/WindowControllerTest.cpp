@@ -4,9 +4,9 @@
 #include "Finding.h"
 #include "Model/SettingsModel.h"
 #include "OutsideWorld.h"
-#include "SettingsWindow/Sections/ShortcutsGroup.h"
 #include "SettingsWindow/SettingsWindowController.h"
 #include "SettingsWindow/Sidebar.h"
+#include "ShortcutRecorder/ShortcutSettingsRow.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -77,7 +77,7 @@ TEST(SettingsWindow, NeverDrawsAPageHalfLaidOut)
     SettingsWindowController controller(SettingsSection::general, model);
     const SettingsNSWindow &window = controller.window();
     controller.showWindow();
-    ASSERT_TRUE(QTest::qWaitFor([&window] { return window.findChild<ShortcutsGroup *>() != nullptr; }));
+    ASSERT_TRUE(QTest::qWaitFor([&window] { return window.findChild<ShortcutSettingsRow *>() != nullptr; }));
     settle();
     EXPECT_EQ(cramped.count, 0);
 

@@ -4,9 +4,10 @@
 #include "Components/Drawing/Tokens.h"
 #include "Components/RowList.h"
 #include "Components/SettingsGroup.h"
+#include "Components/SymbolLabel.h"
+#include "Components/Text/Label.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Window/Accessibility/Announcement.h"
-#include "SettingsWindow/Sections/NoBrowserProjectsRow.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 
 #include <QHBoxLayout>
@@ -17,8 +18,34 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+constexpr int noProjectsPaddingVertical = 14;
+constexpr int noProjectsGap = 8;
+constexpr qreal noProjectsSymbolSize = 13;
+
+/// What the page shows before any project is known.
+QWidget *noProjectsRow()
+{
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(Tokens::rowPadding, noProjectsPaddingVertical, Tokens::rowPadding,
+                               noProjectsPaddingVertical);
+    layout->setSpacing(noProjectsGap);
+    layout->addWidget(new SymbolLabel({u"tray"_s, noProjectsSymbolSize}), 0, Qt::AlignTop);
+    layout->addWidget(
+        new WrappedLabel(u"No projects yet — a project is added here the first time Vantle sees "
+                         "a notification from one."_s,
+                         TextStyle::size12),
+        1);
+    return row;
+}
+
+} // namespace
+
 BrowserPatternsSection::BrowserPatternsSection(SettingsModel &model, QWidget *parent)
-    : SectionContent(parent), m_model(model), m_noProjects(new NoBrowserProjectsRow), m_rows(projectRows())
+    : SectionContent(parent), m_model(model), m_noProjects(noProjectsRow()), m_rows(projectRows())
 {
     add(new SettingsGroup(
         {.header = u"URL Patterns"_s,

@@ -68,7 +68,7 @@ GeneralSection::GeneralSection(SettingsModel &model, QWidget *parent) : SectionC
 
 void GeneralSection::addDeferredGroups()
 {
-    add(new ShortcutsGroup(m_model));
+    add(shortcutsGroup(m_model));
 }
 
 void GeneralSection::addAgentGroup()

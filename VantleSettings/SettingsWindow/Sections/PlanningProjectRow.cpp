@@ -1,5 +1,6 @@
 #include "SettingsWindow/Sections/PlanningProjectRow.h"
 
+#include "Components/Drawing/Painting.h"
 #include "Components/MenuButton.h"
 #include "Components/RowLayout.h"
 #include "Components/SessionCountBadge.h"
@@ -12,10 +13,10 @@
 #include "Platform/Window/Accessibility/AccessibleRole.h"
 #include "Platform/Window/Accessibility/AccessibleText.h"
 #include "Platform/Window/Accessibility/Announcement.h"
-#include "SettingsWindow/Sections/MissingLabel.h"
 
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QPainter>
 #include <QStringBuilder>
 #include <QVBoxLayout>
 
@@ -25,8 +26,35 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
 constexpr int nameGap = 6;
 constexpr qreal actionsSymbolSize = 13;
+constexpr int missingPadding = 6;
+constexpr int missingPaddingVertical = 2;
+constexpr float missingFillOpacity = 0.18F;
+
+/// The small capsule beside the name of a project whose folder is gone.
+class MissingLabel : public Label
+{
+public:
+    MissingLabel() : Label(u"missing"_s, TextStyle::size10)
+    {
+        setContentsMargins(missingPadding, missingPaddingVertical, missingPadding, missingPaddingVertical);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QPainter painter(this);
+        QColor background = textColor(TextColor::secondary);
+        background.setAlphaF(background.alphaF() * missingFillOpacity);
+        fill(painter, capsule(rect()), background);
+        painter.end();
+        Label::paintEvent(event);
+    }
+};
+
 } // namespace
 
 PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *parent)

@@ -2,8 +2,10 @@
 
 #include "Components/Buttons.h"
 #include "Components/Drawing/Tokens.h"
+#include "Components/RowLayout.h"
 #include "Components/RowList.h"
 #include "Components/SettingsGroup.h"
+#include "Components/SidebarIcon.h"
 #include "Components/Text/Label.h"
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
@@ -12,12 +14,12 @@
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Window/Accessibility/AccessibleRole.h"
 #include "Platform/Window/Accessibility/Announcement.h"
-#include "SettingsWindow/Sections/EmptyProjectsRow.h"
 #include "SettingsWindow/Sections/PlanningPathRow.h"
 #include "SettingsWindow/Sections/PlanningProjectRow.h"
 
 #include <QHBoxLayout>
 #include <QStringBuilder>
+#include <QVBoxLayout>
 #include <QtNumeric>
 
 #include <algorithm>
@@ -29,6 +31,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+constexpr int emptyPaddingVertical = 14;
 constexpr int summaryPaddingVertical = 10;
 constexpr int summaryGap = 8;
 constexpr qreal refreshSymbolSize = 11;
@@ -43,7 +46,10 @@ QString counted(std::int64_t count, const QString &singular)
 PlanningSection::PlanningSection(SettingsModel &model, QWidget *parent)
     : SectionContent(parent),
       m_model(model),
-      m_empty(new EmptyProjectsRow),
+      m_emptyIcon(new SidebarIcon(u"doc.badge.ellipsis"_s, SystemColor::gray)),
+      m_emptyTitle(new Label({}, TextStyle::size13Medium)),
+      m_emptyText(new WrappedLabel({}, TextStyle::size11, TextColor::secondary)),
+      m_empty(emptyRow()),
       m_rows(projectRows()),
       m_summaryLine(new Label({}, TextStyle::size11, TextColor::secondary)),
       m_summary(summary()),
@@ -57,6 +63,18 @@ PlanningSection::PlanningSection(SettingsModel &model, QWidget *parent)
         {new PlanningPathRow(model)}));
     add(m_projects);
     renderPage(model, [this] { render(); });
+}
+
+/// Why the page lists no projects.
+QWidget *PlanningSection::emptyRow()
+{
+    auto *row = new QWidget;
+    auto *layout = rowLayout(m_emptyIcon, rowTexts({m_emptyTitle, m_emptyText}));
+    layout->setContentsMargins(Tokens::rowPadding, emptyPaddingVertical, Tokens::rowPadding,
+                               emptyPaddingVertical);
+    layout->setAlignment(m_emptyIcon, Qt::AlignTop);
+    row->setLayout(layout);
+    return row;
 }
 
 RowList *PlanningSection::projectRows()
@@ -124,7 +142,17 @@ void PlanningSection::renderManifest()
     m_manifest = Manifest{root, path, exists, isEmpty};
     m_projects->setFooter(footerForProjects(exists, path));
     if (isEmpty)
-        m_empty->setManifest(exists, path);
+        renderEmpty(exists, path);
+}
+
+void PlanningSection::renderEmpty(bool exists, const std::optional<QString> &path)
+{
+    m_emptyIcon->setSymbol(exists ? u"questionmark.folder"_s : u"doc.badge.ellipsis"_s, SystemColor::gray);
+    m_emptyTitle->setText(exists ? u"No projects parsed"_s : u"projects.toml not found"_s);
+    m_emptyText->setText(
+        exists ? u"The file exists but no [[projects]] entries were found."_s
+               : u"Create "_s % path.value_or(u"projects.toml"_s) %
+                     u" with [[projects]] blocks listing each project’s name, path, and todo_path."_s);
 }
 
 /// Whether anything is at the manifest's place under the root, even under an empty one.

@@ -4,11 +4,11 @@
 
 #include <optional>
 
-class EmptyProjectsRow;
 class Label;
 class RowList;
 class SettingsGroup;
 class SettingsModel;
+class SidebarIcon;
 
 /// The Planning page: the planning root and the projects of its manifest.
 class PlanningSection : public SectionContent
@@ -27,17 +27,22 @@ private:
         bool isEmpty = false; ///< it holds no projects
     };
 
+    QWidget *emptyRow();
     RowList *projectRows();
     QWidget *summary();
     void render();
     void renderManifest();
+    void renderEmpty(bool exists, const std::optional<QString> &path);
     bool tomlExists(const std::optional<QString> &path) const;
     static std::optional<QString> footerForProjects(bool exists, const std::optional<QString> &path);
     QString summaryLine() const;
 
     SettingsModel &m_model;
     std::optional<Manifest> m_manifest;
-    EmptyProjectsRow *m_empty;
+    SidebarIcon *m_emptyIcon;
+    Label *m_emptyTitle;
+    Label *m_emptyText;
+    QWidget *m_empty;
     RowList *m_rows;
     Label *m_summaryLine;
     QWidget *m_refresh = nullptr;

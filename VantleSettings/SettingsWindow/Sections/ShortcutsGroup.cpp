@@ -1,6 +1,7 @@
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
 
 #include "Components/Buttons.h"
+#include "Components/SettingsGroup.h"
 #include "Components/SettingsRow.h"
 #include "Platform/Window/Accessibility/Announcement.h"
 #include "ShortcutRecorder/ShortcutSettingsRow.h"
@@ -35,13 +36,12 @@ QWidget *resetAllRow(SettingsModel &model)
 
 } // namespace
 
-ShortcutsGroup::ShortcutsGroup(SettingsModel &model, QWidget *parent)
-    : SettingsGroup({.header = u"Keyboard Shortcuts"_s,
-                     .footer = u"Click a shortcut to rebind it. Press ⎋ to cancel."_s},
-                    {new ShortcutSettingsRow(ShortcutAction::focusLast, model), new SettingsRowDivider,
-                     new ShortcutSettingsRow(ShortcutAction::focusPrevious, model), new SettingsRowDivider,
-                     new ShortcutSettingsRow(ShortcutAction::openPlan, model), new SettingsRowDivider,
-                     resetAllRow(model)},
-                    parent)
+SettingsGroup *shortcutsGroup(SettingsModel &model)
 {
+    return new SettingsGroup(
+        {.header = u"Keyboard Shortcuts"_s, .footer = u"Click a shortcut to rebind it. Press ⎋ to cancel."_s},
+        {new ShortcutSettingsRow(ShortcutAction::focusLast, model), new SettingsRowDivider,
+         new ShortcutSettingsRow(ShortcutAction::focusPrevious, model), new SettingsRowDivider,
+         new ShortcutSettingsRow(ShortcutAction::openPlan, model), new SettingsRowDivider,
+         resetAllRow(model)});
 }

@@ -1,14 +1,7 @@
 #pragma once
 
-#include "Components/SettingsGroup.h"
-
+class SettingsGroup;
 class SettingsModel;
 
-/// The keyboard shortcuts: a row for each action, and a way back to all their defaults.
-class ShortcutsGroup : public SettingsGroup
-{
-    Q_OBJECT
-
-public:
-    explicit ShortcutsGroup(SettingsModel &model, QWidget *parent = nullptr);
-};
+/// Makes the group of the keyboard shortcuts: a row for each action, and a way back to all their defaults.
+SettingsGroup *shortcutsGroup(SettingsModel &model);
