@@ -3,6 +3,7 @@
 #include "AgentBridge/AgentBridge.h"
 #include "LaunchAgent/LaunchAgent.h"
 #include "Model/DemoData.h"
+#include "Persistence/SharedFiles.h"
 #include "Planning/Planning.h"
 #include "PlanningProjects/PlanningProjects.h"
 
@@ -44,7 +45,7 @@ void SettingsModel::setTypeface(TypefaceOption option)
         return;
     Persistence::saveTypeface(rawValue(option));
     typeface = option;
-    AgentBridge::fireAndForget(u"/settings/reload-typeface"_s);
+    AgentBridge::fireAndForget(SharedFiles::typeface.reload);
 }
 
 void SettingsModel::setTerminalBackend(TerminalBackendOption option)
@@ -53,7 +54,7 @@ void SettingsModel::setTerminalBackend(TerminalBackendOption option)
         return;
     Persistence::saveTerminalBackend(rawValue(option));
     terminalBackend = option;
-    AgentBridge::fireAndForget(u"/settings/reload-terminal-backend"_s);
+    AgentBridge::fireAndForget(SharedFiles::terminalBackend.reload);
 }
 
 void SettingsModel::setPlanningRoot(const std::optional<QString> &root)
@@ -69,7 +70,7 @@ void SettingsModel::setPlanningRoot(const std::optional<QString> &root)
     else
         Planning::clear();
     refreshPlanningProjects();
-    AgentBridge::fireAndForget(u"/settings/reload-planning"_s);
+    AgentBridge::fireAndForget(SharedFiles::planning.reload);
 }
 
 void SettingsModel::refreshPlanningProjects()
@@ -114,7 +115,7 @@ void SettingsModel::rebindShortcut(ShortcutAction action, const KeyCombo &combo)
 {
     m_shortcuts->bindings.modify([&](Shortcuts::Bindings &bindings) { bindings[action] = combo; });
     m_shortcuts->save();
-    AgentBridge::fireAndForget(u"/settings/reload-shortcuts"_s);
+    AgentBridge::fireAndForget(SharedFiles::shortcuts.reload);
     Q_EMIT objectWillChange();
 }
 

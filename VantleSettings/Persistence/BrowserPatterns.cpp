@@ -1,5 +1,6 @@
 #include "Persistence/HomeFile.h"
 #include "Persistence/Persistence.h"
+#include "Persistence/SharedFiles.h"
 
 #include <algorithm>
 
@@ -7,8 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-const QString patternsFile = u".claude/browser-patterns.json"_s;
 
 /// The patterns of each root; nothing when any of it is invalid.
 std::optional<Text::Map<Json::Value>> listsByRoot(const Json::Value &top)
@@ -57,7 +56,7 @@ QStringList patterns(const QString &urls)
 
 Persistence::BrowserPatterns Persistence::loadBrowserPatterns()
 {
-    return HomeFile::load(patternsFile, allPatterns).value_or(BrowserPatterns());
+    return HomeFile::load(SharedFiles::browserPatterns.path, allPatterns).value_or(BrowserPatterns());
 }
 
 bool Persistence::saveBrowserPatterns(const BrowserPatterns &patterns)
@@ -65,12 +64,12 @@ bool Persistence::saveBrowserPatterns(const BrowserPatterns &patterns)
     Json::Object object;
     for (const auto &[root, list] : patterns)
         object.emplace_back(root, list);
-    return HomeFile::save(patternsFile, object, listsByRoot);
+    return HomeFile::save(SharedFiles::browserPatterns.path, object, listsByRoot);
 }
 
 void Persistence::clearBrowserPatterns()
 {
-    HomeFile::remove(patternsFile);
+    HomeFile::remove(SharedFiles::browserPatterns.path);
 }
 
 Persistence::BrowserPatterns Persistence::browserPatterns(const std::vector<BrowserConfigProject> &rows)

@@ -1,17 +1,12 @@
 #include "Persistence/Persistence.h"
 
 #include "Persistence/HomeFile.h"
+#include "Persistence/SharedFiles.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-const QString typefaceFile = u".vantle/typeface.json"_s;
-const QString greenScreenFile = u".vantle/green-screen.json"_s;
-const QString terminalBackendFile = u".vantle/terminal-backend.json"_s;
-const QString updatesFile = u".vantle/updates.json"_s;
-const QString demoModeFile = u".vantle/demo-mode.json"_s;
 
 /// Reads the record that is one member, a text or a boolean.
 auto text(std::string_view member)
@@ -37,44 +32,47 @@ std::optional<Persistence::UpdatesConfig> updatesConfig(const Json::Value &top)
 
 TypefaceOption Persistence::loadTypeface()
 {
-    return typefaceOption(HomeFile::load(typefaceFile, text("name")).value_or(QString()))
+    return typefaceOption(HomeFile::load(SharedFiles::typeface.path, text("name")).value_or(QString()))
         .value_or(TypefaceOption::jetbrainsMono);
 }
 
 bool Persistence::loadGreenScreen()
 {
-    return HomeFile::load(greenScreenFile, boolean("enabled")).value_or(false);
+    return HomeFile::load(SharedFiles::greenScreen.path, boolean("enabled")).value_or(false);
 }
 
 TerminalBackendOption Persistence::loadTerminalBackend()
 {
-    return terminalBackendOption(HomeFile::load(terminalBackendFile, text("backend")).value_or(QString()))
+    return terminalBackendOption(
+               HomeFile::load(SharedFiles::terminalBackend.path, text("backend")).value_or(QString()))
         .value_or(TerminalBackendOption::iterm);
 }
 
 Persistence::UpdatesConfig Persistence::loadUpdatesConfig()
 {
-    return HomeFile::load(updatesFile, updatesConfig).value_or(UpdatesConfig());
+    return HomeFile::load(SharedFiles::updates.path, updatesConfig).value_or(UpdatesConfig());
 }
 
 bool Persistence::loadDemoMode()
 {
-    return HomeFile::load(demoModeFile, boolean("enabled")).value_or(false);
+    return HomeFile::load(SharedFiles::demoMode.path, boolean("enabled")).value_or(false);
 }
 
 bool Persistence::saveTypeface(const QString &name)
 {
-    return HomeFile::save(typefaceFile, Json::Object{{u"name"_s, name}}, text("name"));
+    return HomeFile::save(SharedFiles::typeface.path, Json::Object{{u"name"_s, name}}, text("name"));
 }
 
 bool Persistence::saveGreenScreen(bool enabled)
 {
-    return HomeFile::save(greenScreenFile, Json::Object{{u"enabled"_s, enabled}}, boolean("enabled"));
+    return HomeFile::save(SharedFiles::greenScreen.path, Json::Object{{u"enabled"_s, enabled}},
+                          boolean("enabled"));
 }
 
 bool Persistence::saveTerminalBackend(const QString &backend)
 {
-    return HomeFile::save(terminalBackendFile, Json::Object{{u"backend"_s, backend}}, text("backend"));
+    return HomeFile::save(SharedFiles::terminalBackend.path, Json::Object{{u"backend"_s, backend}},
+                          text("backend"));
 }
 
 bool Persistence::saveUpdatesConfig(const UpdatesConfig &config)
@@ -82,5 +80,5 @@ bool Persistence::saveUpdatesConfig(const UpdatesConfig &config)
     Json::Object record{{u"automatic"_s, config.automatic}};
     if (config.manifestURL)
         record.emplace_back(u"manifest_url"_s, *config.manifestURL);
-    return HomeFile::save(updatesFile, record, updatesConfig);
+    return HomeFile::save(SharedFiles::updates.path, record, updatesConfig);
 }

@@ -2,6 +2,7 @@
 
 #include "Persistence/HomeFile.h"
 #include "Persistence/Persistence.h"
+#include "Persistence/SharedFiles.h"
 
 #include <algorithm>
 #include <deque>
@@ -15,7 +16,7 @@ namespace
 
 std::optional<Json::Document> readRegistry()
 {
-    return HomeFile::read(u".vantle/sessions.json"_s);
+    return HomeFile::read(SharedFiles::sessions.path);
 }
 
 /// Collects directories, telling equal ones by their bytes for as long as it can: the registry may hold a

@@ -2,13 +2,12 @@
 
 #include "Foundation/Text.h"
 #include "Persistence/HomeFile.h"
+#include "Persistence/SharedFiles.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-const QString planningFile = u".vantle/planning.json"_s;
 
 std::optional<Planning::Config> decoded(const Json::Value &top)
 {
@@ -30,15 +29,15 @@ bool Planning::save(const Config &config)
     Json::Object record;
     if (config.root)
         record.emplace_back(u"root"_s, *config.root);
-    return HomeFile::save(planningFile, record, decoded);
+    return HomeFile::save(SharedFiles::planning.path, record, decoded);
 }
 
 void Planning::clear()
 {
-    HomeFile::remove(planningFile);
+    HomeFile::remove(SharedFiles::planning.path);
 }
 
 std::optional<QString> Planning::loadPlanningConfig()
 {
-    return HomeFile::load(planningFile, decoded).value_or(Config()).root;
+    return HomeFile::load(SharedFiles::planning.path, decoded).value_or(Config()).root;
 }

@@ -4,6 +4,7 @@
 #include "Components/Buttons.h"
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
+#include "Persistence/SharedFiles.h"
 #include "Platform/Keyboard/KeyboardLayout.h"
 #include "Platform/Window/Accessibility/AccessibleRole.h"
 #include "Platform/Window/Accessibility/Announcement.h"
@@ -52,7 +53,7 @@ QWidget *sideBySide(QWidget *first, QWidget *second)
 void resetShortcut(SettingsModel &model, ShortcutAction action)
 {
     model.shortcuts().reset(action);
-    AgentBridge::fireAndForget(u"/settings/reload-shortcuts"_s);
+    AgentBridge::fireAndForget(SharedFiles::shortcuts.reload);
     Q_EMIT model.objectWillChange();
 }
 

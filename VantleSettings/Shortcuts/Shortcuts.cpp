@@ -1,13 +1,12 @@
 #include "Shortcuts/Shortcuts.h"
 
 #include "Persistence/HomeFile.h"
+#include "Persistence/SharedFiles.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-const QString shortcutsFile = u".vantle/shortcuts.json"_s;
 
 /// The action a member of the file binds. Earlier versions of the agent had two others, whose bindings their
 /// successors take over.
@@ -73,12 +72,12 @@ void Shortcuts::save() const
     Json::Object members;
     for (const auto &[action, combo] : bindings.value())
         members.emplace_back(rawValue(action), encoded(combo));
-    HomeFile::save(shortcutsFile, members, allBindings);
+    HomeFile::save(SharedFiles::shortcuts.path, members, allBindings);
 }
 
 std::optional<Shortcuts::Bindings> Shortcuts::load()
 {
-    return HomeFile::load(shortcutsFile, allBindings);
+    return HomeFile::load(SharedFiles::shortcuts.path, allBindings);
 }
 
 Shortcuts::Bindings Shortcuts::defaults()

@@ -1,10 +1,9 @@
 #include "Notification.h"
 
+#include "Persistence/SharedFiles.h"
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Home.h"
 #include "Platform/Files/Path.h"
-
-#include <QMap>
 
 using namespace Qt::StringLiterals;
 
@@ -42,15 +41,12 @@ std::optional<Notification> Notification::parse(const QByteArray &request)
 
 std::optional<QString> Notification::announcedFile() const
 {
-    static const QMap<QByteArray, QString> files{
-        {"/settings/reload-typeface", u".vantle/typeface.json"_s},
-        {"/settings/reload-terminal-backend", u".vantle/terminal-backend.json"_s},
-        {"/settings/reload-planning", u".vantle/planning.json"_s},
-        {"/settings/reload-shortcuts", u".vantle/shortcuts.json"_s},
-        {"/settings/reload-green-screen", u".vantle/green-screen.json"_s},
-    };
-    const auto found = files.find(target);
-    return found == files.end() ? std::nullopt : std::optional(*found);
+    using namespace SharedFiles;
+    for (const SharedFile *file : {&typeface, &terminalBackend, &greenScreen, &shortcuts, &planning}) {
+        if (file->reload.toUtf8() == target)
+            return file->path;
+    }
+    return std::nullopt;
 }
 
 QString Notification::description() const

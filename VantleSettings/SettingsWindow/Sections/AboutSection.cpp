@@ -7,32 +7,17 @@
 #include "Components/SettingsRow.h"
 #include "Components/SidebarIcon.h"
 #include "Components/Text/Label.h"
+#include "Persistence/SharedFiles.h"
 #include "Platform/Files/Home.h"
 #include "Platform/Files/Path.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-struct SharedFile {
-    QStringView label;
-    QStringView pathInHome;
-};
-
-constexpr std::array sharedFiles{
-    SharedFile{u"Sessions", u".vantle/sessions.json"},
-    SharedFile{u"Browser Patterns", u".claude/browser-patterns.json"},
-    SharedFile{u"Planning Config", u".vantle/planning.json"},
-    SharedFile{u"Green-Screen Mode", u".vantle/green-screen.json"},
-    SharedFile{u"Automatic Updates", u".vantle/updates.json"},
-    SharedFile{u"LaunchAgent", u"Library/LaunchAgents/com.vantle.agent.plist"},
-};
 
 constexpr TileSize heroTile{.side = 54, .radius = 12, .symbol = 26};
 constexpr int versionExtraSpacing = 2;
@@ -59,10 +44,16 @@ std::vector<QWidget *> pathRows(const Bundle &bundle)
     std::vector<QWidget *> rows{
         new PathRow(u"Settings Helper"_s, bundle.executablePath.value_or(u"(unknown)"_s))};
     const QString home = homeDirectory().value_or(QString());
-    for (const SharedFile &file : sharedFiles) {
+    const auto add = [&](const QString &label, const QString &pathInHome) {
         rows.push_back(new SettingsRowDivider);
-        rows.push_back(new PathRow(file.label.toString(), Path::appending(home, file.pathInHome.toString())));
-    }
+        rows.push_back(new PathRow(label, Path::appending(home, pathInHome)));
+    };
+    add(u"Sessions"_s, SharedFiles::sessions.path);
+    add(u"Browser Patterns"_s, SharedFiles::browserPatterns.path);
+    add(u"Planning Config"_s, SharedFiles::planning.path);
+    add(u"Green-Screen Mode"_s, SharedFiles::greenScreen.path);
+    add(u"Automatic Updates"_s, SharedFiles::updates.path);
+    add(u"LaunchAgent"_s, u"Library/LaunchAgents/com.vantle.agent.plist"_s);
     return rows;
 }
 

@@ -6,6 +6,7 @@
 #include "Components/SettingsRow.h"
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
+#include "Persistence/SharedFiles.h"
 #include "Platform/Desktop/Dialogs.h"
 #include "Platform/Files/Home.h"
 #include "Platform/Files/Path.h"
@@ -55,7 +56,7 @@ DataSection::DataSection(SettingsModel &model, QWidget *parent) : SectionContent
 
 QString DataSection::sessionsSubtitle() const
 {
-    const QString registry = Path::appending(homeDirectory().value_or(QString()), u".vantle/sessions.json"_s);
+    const QString registry = Path::appending(homeDirectory().value_or(QString()), SharedFiles::sessions.path);
     return u"%1 stored · "_s.arg(m_model.sessionsCount.value()) + registry;
 }
 

@@ -9,6 +9,7 @@
 #include "LaunchAgent/LaunchAgent.h"
 #include "Model/SettingsModel.h"
 #include "Persistence/Persistence.h"
+#include "Persistence/SharedFiles.h"
 #include "Platform/Desktop/Appearance/FontRegistry.h"
 #include "SettingsWindow/Sections/ShortcutsGroup.h"
 
@@ -177,7 +178,7 @@ void GeneralSection::setGreenScreen(bool on)
         return;
     Persistence::saveGreenScreen(on);
     m_model.greenScreen = on;
-    AgentBridge::fireAndForget(u"/settings/reload-green-screen"_s);
+    AgentBridge::fireAndForget(SharedFiles::greenScreen.reload);
 }
 
 void GeneralSection::setAutomaticUpdates(bool on)

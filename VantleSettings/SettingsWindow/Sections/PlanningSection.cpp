@@ -9,6 +9,7 @@
 #include "Components/Text/Label.h"
 #include "Foundation/Seam.h"
 #include "Model/SettingsModel.h"
+#include "Persistence/SharedFiles.h"
 #include "PlanningProjects/PlanningProjects.h"
 #include "Platform/Desktop/Appearance/Symbol.h"
 #include "Platform/Files/FileSystem.h"
@@ -167,7 +168,7 @@ std::optional<QString> PlanningSection::footerForProjects(bool exists, const std
     if (!path)
         return std::nullopt;
     if (exists)
-        return u"Reads "_s % *path % u". Session counts come from ~/.vantle/sessions.json."_s;
+        return u"Reads "_s % *path % u". Session counts come from ~/"_s % SharedFiles::sessions.path % u'.';
     return u"Expected projects.toml at "_s % *path % u'.';
 }
 
