@@ -7,8 +7,8 @@
 
 /// An on/off switch that asks before it changes: a click keeps the present state and sends `requested`;
 /// the owner of the state answers with `setChecked` before returning. Without an answer the knob returns,
-/// and a screen reader hears the state that has stayed. An owner that needs time for its answer says so with
-/// `setPending`.
+/// and a screen reader is told the state that has stayed. An owner that needs time for its answer says so
+/// with `setPending`.
 class Switch : public QCheckBox
 {
     Q_OBJECT

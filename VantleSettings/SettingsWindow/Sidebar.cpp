@@ -161,7 +161,7 @@ void Sidebar::focusInEvent(QFocusEvent *event)
     QMetaObject::invokeMethod(this, &Sidebar::announceCurrentEntry, Qt::QueuedConnection);
 }
 
-// The toolkit tells of the entry first and of the list behind it, so that screen readers read out the list
+// The toolkit sends the entry's event before the list's, so that screen readers read out the list
 // alone.
 void Sidebar::announceCurrentEntry()
 {

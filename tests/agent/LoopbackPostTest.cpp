@@ -154,7 +154,7 @@ TEST(LoopbackTransfer, WaitsASecondAndAHalfForAnAnswer)
     EXPECT_EQ(waited, 1500);
 }
 
-TEST_F(LoopbackPostTest, AnAbsentAgentIsNothingToWaitFor)
+TEST_F(LoopbackPostTest, FinishDoesNotWaitForAnAbsentAgent)
 {
     const quint16 port = deafPort();
     for (int i = 0; i < 1000; ++i)
@@ -162,7 +162,7 @@ TEST_F(LoopbackPostTest, AnAbsentAgentIsNothingToWaitFor)
     LoopbackPost::system().finish(24h);
 }
 
-TEST_F(LoopbackPostTest, NothingPostedIsNothingToWaitFor)
+TEST_F(LoopbackPostTest, FinishDoesNotWaitWhenNothingWasPosted)
 {
     LoopbackPost::system().finish(24h);
 }
@@ -175,7 +175,7 @@ TEST_F(LoopbackPostTest, AnAgentThatHasAnsweredIsNotWaitedFor)
     EXPECT_EQ(agent.requests().size(), 10);
 }
 
-TEST_F(LoopbackPostTest, AnAgentThatWasRestartedHearsTheNextChange)
+TEST_F(LoopbackPostTest, ARestartedAgentReceivesTheNextChange)
 {
     auto agent = std::make_unique<FakeAgent>(Behaviour::answers);
     const quint16 port = agent->port();

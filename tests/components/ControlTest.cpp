@@ -206,7 +206,7 @@ TEST_F(ControlTest, PushButtonsHaveTwoHeightsAndShowAmpersands)
     EXPECT_EQ(outline(large), QStringList{u"Button Save & Close"_s});
 }
 
-TEST_F(ControlTest, IconAndLinkButtonsAreHeardByTheirWords)
+TEST_F(ControlTest, IconAndLinkButtonsHaveAccessibleNames)
 {
     IconButton icon({u"doc.on.doc"_s, 11}, u"Copy path"_s);
     EXPECT_EQ(icon.size(), QSize(22, 22));

@@ -73,7 +73,7 @@ TEST_F(LabelTest, AShortTextOfTwoPossibleLinesTakesOne)
     EXPECT_THAT(label.shownLines(), ElementsAre(u"Short."_s));
 }
 
-TEST_F(LabelTest, TheWholeTextIsHeardWhateverIsShown)
+TEST_F(LabelTest, TheAccessibleNameIsTheWholeText)
 {
     ElidedLabel label(longPath, TextStyle::size11);
     show(label, {100, 20});
@@ -266,7 +266,7 @@ TEST_F(LabelTest, APathBeginsOnTheLeftWhateverItsFoldersAreWrittenIn)
     EXPECT_EQ(hebrew.grab(slash).toImage(), root.grab(slash).toImage());
 }
 
-TEST_F(LabelTest, ANewTextReplacesWhatIsShownAndHeard)
+TEST_F(LabelTest, ANewTextReplacesTheShownAndTheAccessibleOne)
 {
     ElidedLabel label(u"before"_s, TextStyle::size11);
     show(label, {200, 20});

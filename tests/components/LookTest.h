@@ -35,7 +35,8 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    /// What is heard of a widget and of all that is visible within it: role and name, children indented.
+    /// Role and name of a widget and of all that is visible within it, as assistive technology gets them;
+    /// children are indented.
     static QStringList outline(QWidget &widget)
     {
         QStringList lines;

@@ -229,7 +229,7 @@ TEST_F(RowTest, CopyingPutsThePathExactlyAsGivenOnThePasteboard)
     EXPECT_EQ(pasteboard.texts, QStringList({path, path}));
 }
 
-TEST_F(RowTest, APathRowIsHeardWithItsWholePath)
+TEST_F(RowTest, ACopyButtonsAccessibleDescriptionIsTheWholePath)
 {
     const QString path = u"/home/demo/"_s + u"deep/"_s.repeated(60) + u"file.json"_s;
     PathRow row(u"Sessions"_s, path);
@@ -237,7 +237,7 @@ TEST_F(RowTest, APathRowIsHeardWithItsWholePath)
     EXPECT_EQ(outline(row), QStringList({u"Client "_s, u" StaticText Sessions"_s, u" StaticText "_s + path,
                                          u" Button Copy path of Sessions"_s}));
     const auto *copy = QAccessible::queryAccessibleInterface(partOf<IconButton>(row));
-    EXPECT_EQ(copy->text(QAccessible::Description), path) << "Tab hears it with its button";
+    EXPECT_EQ(copy->text(QAccessible::Description), path) << "it is read when Tab reaches the button";
     EXPECT_EQ(partOf<ElidedLabel>(row)->width(), 136);
     EXPECT_TRUE(partOf<ElidedLabel>(row, 1)->isElided());
 }

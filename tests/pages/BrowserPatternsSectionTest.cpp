@@ -189,7 +189,7 @@ TEST_F(BrowserPatternsSectionTest, TwoRowsWithTheSameRootAreEditedApartAndTheLat
     EXPECT_EQ(homeFile(patternsFile), "{\n  \"\\/a\" : [\n    \"xsecond\"\n  ]\n}");
 }
 
-TEST_F(BrowserPatternsSectionTest, AnEditorIsHeardAsTextThatCanBeChangedThroughTheTree)
+TEST_F(BrowserPatternsSectionTest, AnEditorIsExposedAsEditableText)
 {
     putHomeFile(patternsFile, R"({"/a":["one"]})");
     show<BrowserPatternsSection>();

@@ -39,7 +39,7 @@ TEST_F(DataSectionTest, NoSessionsReadZeroStoredAndTheFullPath)
     EXPECT_TRUE(shows(u"0 projects configured"_s));
 }
 
-TEST_F(DataSectionTest, TheTwoClearsAreHeardApart)
+TEST_F(DataSectionTest, TheTwoClearButtonsHaveDifferentAccessibleNames)
 {
     show<DataSection>();
     EXPECT_EQ(button(u"Clear Sessions…"_s)->text(), u"Clear…");

@@ -195,7 +195,7 @@ TEST_F(PlanningProjectRowTest, TheRowMayGoWhileItsMenuIsOpen)
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-TEST_F(PlanningProjectRowTest, IsHeardAsAPanelNamedLikeTheProject)
+TEST_F(PlanningProjectRowTest, IsExposedAsAPanelNamedLikeTheProject)
 {
     showRow({.name = u"App"_s, .path = homePath(u"gone"_s)});
     const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(row.get());

@@ -127,7 +127,7 @@ TEST_F(ShortcutRows, ARecordedComboIsBoundWrittenAndPosted)
     EXPECT_EQ(subtitle(row), u"Default ⇧⌘J"_s);
 }
 
-TEST_F(ShortcutRows, WhatWasShownBeforeIsNotHeardAgain)
+TEST_F(ShortcutRows, AfterRecordingTheOldCombinationIsNotDescribedAgain)
 {
     ShortcutSettingsRow row(ShortcutAction::focusLast, model());
     recorder(row).click();

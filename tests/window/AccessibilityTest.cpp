@@ -212,7 +212,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, Accessibility, testing::ValuesIn(states), [](con
     return name;
 });
 
-TEST(SidebarFocus, NoEntryIsHeardAsFocusedWhileTheKeyboardIsElsewhere)
+TEST(SidebarFocus, NoEntryIsFocusedWhileTheSidebarIsNot)
 {
     OutsideWorld world;
     FakeFonts fonts;

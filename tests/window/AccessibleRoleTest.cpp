@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-TEST(AccessibleRole, AWidgetIsHeardAsWhatItWasSaidToBe)
+TEST(AccessibleRole, AWidgetHasTheRoleItWasGiven)
 {
     QWidget page;
     setAccessibleRole(&page, QAccessible::Pane);

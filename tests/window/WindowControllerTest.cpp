@@ -91,7 +91,7 @@ TEST(SettingsWindow, NeverDrawsAPageHalfLaidOut)
     EXPECT_EQ(cramped.count, 0);
 }
 
-TEST_F(WindowController, IsHeardAsAWindowThatIsAlwaysCalledTheSame)
+TEST_F(WindowController, IsExposedAsAWindowWithOneConstantName)
 {
     model.section = SettingsSection::about;
     settle();

@@ -154,7 +154,7 @@ TEST(ConfirmationDialog, SpaceOnCancelIsCancel)
     }));
 }
 
-TEST(ConfirmationDialog, IsHeardAsADialogWithMessageInformationAndButtons)
+TEST(ConfirmationDialog, IsExposedAsADialogWithMessageInformationAndButtons)
 {
     answered([](QWidget *dialog) {
         const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(dialog);

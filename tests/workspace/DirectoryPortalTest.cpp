@@ -216,7 +216,7 @@ TEST(DirectoryPortal, CancelGivesNothing)
     EXPECT_EQ(choose(), std::nullopt);
 }
 
-TEST(DirectoryPortal, OneThatNamesItsRequestsItselfIsHeardToo)
+TEST(DirectoryPortal, AResponseOnADifferentRequestPathIsReceived)
 {
     Portal portal(Portal::Response{0, chosen(u"/plan"_s)});
     portal.ownRequestPath = true;

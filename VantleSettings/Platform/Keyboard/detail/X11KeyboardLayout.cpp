@@ -99,7 +99,7 @@ void X11KeyboardLayout::readEvents()
         Q_EMIT objectWillChange();
 }
 
-/// The group in force, from 0. The server tells of everything that came before its answer first, so with it
+/// The group in force, from 0. The server sends all earlier events before its answer, so with it
 /// what is known of the keymap is up to date.
 std::optional<std::uint8_t> X11KeyboardLayout::currentGroup()
 {

@@ -31,7 +31,7 @@ Appearance appearance(const PortalSettings &settings);
 /// the text size alone, or by twice or three times that on dense screens.
 qreal textScaleBesides(qreal textScale, qreal screenScale);
 
-/// Asks the desktop's settings portal, without ever waiting, and hears of its changes. Where no portal
+/// Asks the desktop's settings portal, without ever waiting, and follows its changes. Where no portal
 /// answers the appearance stays the default.
 class AppearancePortal : public QObject
 {
