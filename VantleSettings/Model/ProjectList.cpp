@@ -15,7 +15,7 @@ struct SortedRow {
 
 SortedRow sortedRow(const QString &root, const QStringList &patterns)
 {
-    return {Text::sortKey(Text::lowercased(Path::lastComponent(root))),
+    return {Text::sortKey(Text::lowercased(Path::lastComponent(root).toString())),
             {.root = root, .urls = patterns.join(u'\n')}};
 }
 

@@ -76,12 +76,11 @@ QString withoutDots(const QString &path)
 
 } // namespace
 
-QString Path::lastComponent(const QString &path)
+QStringView Path::lastComponent(QStringView path)
 {
-    QStringView plain(path);
-    while (plain.size() > 1 && plain.endsWith(u'/'))
-        plain.chop(1);
-    return plain == u"/" ? u"/"_s : plain.sliced(plain.lastIndexOf(u'/') + 1).toString();
+    while (path.size() > 1 && path.endsWith(u'/'))
+        path.chop(1);
+    return path == u"/" ? path : path.sliced(path.lastIndexOf(u'/') + 1);
 }
 
 QString Path::parent(const QString &path)

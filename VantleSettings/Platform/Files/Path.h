@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 /// Paths as texts, spelled by the rules of the agent's platform. Runs of slashes count as one everywhere, and
 /// a slash at the end doesn't count; links are not resolved.
@@ -8,7 +9,7 @@ namespace Path
 {
 
 /// The name at the end: `/` for the root, empty for the empty path.
-QString lastComponent(const QString &path);
+QStringView lastComponent(QStringView path);
 
 /// The path without its last component: `/` above a folder of the root, empty above a single name.
 QString parent(const QString &path);

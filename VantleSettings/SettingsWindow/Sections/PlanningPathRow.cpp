@@ -49,7 +49,7 @@ std::optional<QString> subtitle(const std::optional<QString> &root)
 {
     if (!isSet(root))
         return u"Click Choose… to point at a folder on disk."_s;
-    const QString folder = Path::lastComponent(root.value_or(QString()));
+    const QStringView folder = Path::lastComponent(*root);
     return folder.isEmpty() ? std::nullopt : std::optional<QString>(u"Selected folder: "_s % folder);
 }
 

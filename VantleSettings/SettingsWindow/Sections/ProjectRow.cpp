@@ -54,7 +54,7 @@ protected:
 ProjectRow::ProjectRow(const BrowserConfigProject &project, QWidget *parent)
     : QWidget(parent), m_id(project.id), m_editor(new PatternsEditor)
 {
-    auto *name = new ElidedLabel(Path::lastComponent(project.root), TextStyle::size13Semibold);
+    auto *name = new ElidedLabel(Path::lastComponent(project.root).toString(), TextStyle::size13Semibold);
     auto *root = new ElidedLabel(project.root, TextStyle::size11, TextColor::secondary);
     setDescribes(name, m_editor);
     setDescribes(root, m_editor);
