@@ -1,7 +1,9 @@
 """A stand-in for the manager of the login job: its tool and its place on the session bus, for this test alone."""
 
+import os
 import pathlib
 import subprocess
+import unittest
 
 from gi.repository import GLib
 
@@ -29,9 +31,12 @@ def answer_for_the_job(state):
 
 
 class LoginJobs:
-    """Needs a mount namespace of its own: the stand-ins lie over the system's tools there."""
+    """Needs a mount namespace of its own: the stand-ins lie over the system's tools there. Where the machine allows
+    none, the cases are left out."""
 
     def __init__(self, folder):
+        if os.environ["VANTLE_DESKTOP_TEST_NETWORK"] != "own":
+            raise unittest.SkipTest("This machine allows no mount namespace of one's own.")
         self._folder = pathlib.Path(folder)
         self._folder.mkdir()
         self.forget()
