@@ -26,6 +26,7 @@ class Compositor:
 
     SCALES = expected.SCALES
     TELLS_OF_WINDOWS = True
+    HEEDS_LEAST_SIZE = True  # where something else than a hand makes a window smaller
     DARK = False  # whether frames are always dark for who asks for them
     MINIMISED, MAXIMISED = "minimised and back", "maximised and back"
 
@@ -39,6 +40,9 @@ class Compositor:
 
     def look(self, title, report):
         """Says what else it knows of the window."""
+
+    def takes_pictures(self):
+        return True
 
     def close(self):
         processes.end(self._process)

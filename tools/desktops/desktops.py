@@ -33,7 +33,7 @@ class _Desktop:
 
 @dataclasses.dataclass(frozen=True)
 class X11Desktop(_Desktop):
-    dark: bool  # whether it has dark frames for who asks for them
+    dark: bool  # whether all its versions have dark frames for who asks for them
 
     def look(self, *arguments):
         x11.look(self, *arguments)
@@ -51,7 +51,8 @@ DESKTOPS = (
     X11Desktop("openbox", ("openbox", "--sm-disable"), "", dark=False),
     X11Desktop("xfwm4", ("xfwm4",), "XFCE", dark=False),
     X11Desktop("kwin-x11", ("kwin_x11",), "KDE", dark=True),
-    X11Desktop("mutter-x11", ("mutter", "--x11"), "GNOME", dark=True),
+    # In later versions the frames are a program of their own, which asks the session instead.
+    X11Desktop("mutter-x11", ("mutter", "--x11"), "GNOME", dark=False),
     WaylandDesktop("weston", ("weston",), "", weston.Weston),
     WaylandDesktop("sway", ("sway",), "sway", sway.Sway),
     WaylandDesktop("kwin-wayland", ("kwin_wayland",), "KDE", kwin.KWin),

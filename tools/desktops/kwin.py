@@ -10,6 +10,7 @@ from harness.service import BusService
 from harness.waiting import eventually
 
 from compositors import Compositor, Seen
+from expected import LEAST_SIZE
 
 _LISTENER = "com.vantle.desktops"
 _INTERFACE = """<node><interface name="com.vantle.desktops"><method name="Tell">
@@ -22,17 +23,18 @@ const seen = windows.filter(window => window.caption === %s).map(window => {
     const box = ({x, y, width, height}) => [x, y, width, height];
     return {title: window.caption, app: window.desktopFileName, minimised: window.minimized,
             box: box(window.frameGeometry), whole: box(workspace.clientArea(KWin.MaximizeArea, window)),
-            colours: window.colorScheme};
+            colours: window.colorScheme, least: window.minSize ? [window.minSize.width, window.minSize.height] : []};
 });
 callDBus("com.vantle.desktops", "/", "com.vantle.desktops", "Tell", JSON.stringify(seen));
 """
 _ACTIONS = {"minimise": "window.minimized = true;", "restore": "window.minimized = false;",
             "maximise": "window.setMaximize(true, true);", "unmaximise": "window.setMaximize(false, false);",
-            "shrink": "window.frameGeometry = {x: 10, y: 10, width: 100, height: 100};",
             "close": "window.closeWindow();"}
 
 
 class KWin(Compositor):
+    HEEDS_LEAST_SIZE = False
+
     def __init__(self, place, screen, scale, log):
         self._place = place
         self._told = []
@@ -54,11 +56,19 @@ class KWin(Compositor):
 
     def look(self, title, report):
         seen, = self._ask(title)
-        # Light ones unless the toolkit has a plugin for this desktop, which passes on what the program asks for.
+        report.check("least size", tuple(seen["least"]), LEAST_SIZE)
+        # The session's unless the toolkit has a plugin for this desktop, which passes on what the program asks for.
         report.note("colours of its frame", seen["colours"])
 
     def do(self, title, action):
         self._ask(title, _ACTIONS[action])
+
+    def takes_pictures(self):
+        """Version 6 draws without a graphics card, too, but takes no pictures then."""
+        answer, = Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
+            "org.kde.KWin", "/org/kde/KWin", "org.freedesktop.DBus.Introspectable", "Introspect", None, None,
+            Gio.DBusCallFlags.NONE, 20000).unpack()
+        return "ScreenShot2" in answer
 
     def take(self, picture):
         """The compositor writes bare pixels into a pipe."""

@@ -73,18 +73,30 @@ def _look_at_program(compositor, program, picture, report):
     report.note("size with its frame", seen().box[2:])
     compositor.look(WINDOW, report)
     _try_states(compositor, seen, program, report)
+    if compositor.takes_pictures():
+        _take(compositor, seen().box, picture, report)
+    else:
+        report.skip("picture", "the compositor takes none here")
+    if compositor.HEEDS_LEAST_SIZE:
+        _try_least_size(compositor, program, report)
+    compositor.do(WINDOW, "close")
+    report.check("end", (program.ended(), program.said), (0, ""))
+
+
+def _take(compositor, box, picture, report):
     with report.trying("picture"):
         take_settled(compositor.take, picture)
-        x, y, width, height = pixels(seen().box, report.scale)
+        x, y, width, height = pixels(box, report.scale)
         bar = height - pixels(FIRST_SIZE, report.scale)[1]
         report.check_frame(brightness(picture, x, y, width, bar), compositor.DARK)
+
+
+def _try_least_size(compositor, program, report):
     with report.trying("least size"):
         compositor.do(WINDOW, "shrink")
         eventually(lambda: tuple(program.frame.box[2:]) == LEAST_SIZE,
                    lambda: f"{tuple(program.frame.box[2:])} instead of {LEAST_SIZE}")
         report.check("least size", tuple(program.frame.box[2:]), LEAST_SIZE)
-    compositor.do(WINDOW, "close")
-    report.check("end", (program.ended(), program.said), (0, ""))
 
 
 def _try_states(compositor, seen, program, report):
