@@ -18,7 +18,9 @@ def take_settled(take, picture):
 
 def brightness(picture, x, y, width, height):
     """The average in that box of a picture, in its pixels: 0 for black, 1 for white."""
-    return float(_ask(picture, "%[fx:mean]", "-crop", f"{width}x{height}+{x}+{y}", "-colorspace", "gray"))
+    # Some pictures have an opacity, which would count as brightness.
+    return float(_ask(picture, "%[fx:mean]", "-alpha", "off", "-crop", f"{width}x{height}+{x}+{y}",
+                      "-colorspace", "gray"))
 
 
 def _ask(picture, what, *changes):
