@@ -29,6 +29,11 @@ def enter(as_user=False, folder=None):
     _refuse_if_somebody_listens()
 
 
+def has_own_mounts():
+    """Whether what this run mounts is seen by nobody else."""
+    return os.environ.get(_STAGE) == "own"
+
+
 def _enter_own_network():
     """Without the right to, goes on in the common network."""
     unshared = str(pathlib.Path(__file__).resolve().parents[2] / "support" / "unshared")

@@ -1,12 +1,12 @@
 """A stand-in for the manager of the login job: its tool and its place on the session bus, for this test alone."""
 
-import os
 import pathlib
 import subprocess
 import unittest
 
 from gi.repository import GLib
 
+from . import isolation
 from .service import BusService
 
 _TOOLS = ("systemctl", "systemd-run")
@@ -35,7 +35,7 @@ class LoginJobs:
     none, the cases are left out."""
 
     def __init__(self, folder):
-        if os.environ["VANTLE_DESKTOP_TEST_NETWORK"] != "own":
+        if not isolation.has_own_mounts():
             raise unittest.SkipTest("This machine allows no mount namespace of one's own.")
         self._folder = pathlib.Path(folder)
         self._folder.mkdir()
