@@ -1,14 +1,8 @@
-#include "Components/Style/SettingsStyle.h"
-#include "FontRegistration/FontRegistration.h"
-#include "Foundation/Seam.h"
+#include "BenchmarkApplication.h"
 #include "Model/SettingsModel.h"
-#include "Platform/Agent/LoopbackPost.h"
-#include "Platform/Agent/ServiceManager.h"
 #include "SettingsWindow/SettingsWindowController.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -20,18 +14,6 @@ namespace
 constexpr double frame = 1000.0 / 60; // milliseconds
 constexpr int windows = 15;
 constexpr int rounds = 20;
-
-struct NoService final : ServiceManager {
-    void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(false); }
-    void load(Answer answer) override { answer(false); }
-    void unload(Answer answer) override { answer(false); }
-    void finish(std::chrono::milliseconds) override {}
-};
-
-struct NoAgent final : LoopbackPost {
-    void post(const QUrl &) override {}
-    void finish(std::chrono::milliseconds) override {}
-};
 
 /// From the choice of a page until it is drawn, in milliseconds.
 double timeToShow(SettingsSection section, SettingsModel &model)
@@ -87,16 +69,7 @@ bool measure(SettingsSection section)
 /// Switching pages in software rendering, against the frames of a 60 Hz screen.
 int main(int argc, char **argv)
 {
-    const QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    FontRegistration::registerBundledFonts();
-    installLook(application);
-    NoService service;
-    NoAgent agent;
-    const Seam<ServiceManager>::Replacement noService(service);
-    const Seam<LoopbackPost>::Replacement noAgent(agent);
+    const BenchmarkApplication application(argc, argv);
     bool all = true;
     for (const SettingsSection section : allSettingsSections)
         all = measure(section) && all;

@@ -1,3 +1,4 @@
+#include "BenchmarkApplication.h"
 #include "Components/Text/PatternsEditor.h"
 #include "OpenPage.h"
 #include "Persistence/Persistence.h"

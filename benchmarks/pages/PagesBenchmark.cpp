@@ -1,3 +1,4 @@
+#include "BenchmarkApplication.h"
 #include "Components/RowList.h"
 #include "Components/Text/PatternsEditor.h"
 #include "HeapInUse.h"

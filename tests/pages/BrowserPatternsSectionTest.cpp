@@ -109,7 +109,7 @@ TEST_F(BrowserPatternsSectionTest, SaveWritesAllRowsAndTellsNobody)
     click(u"Save Patterns"_s);
     EXPECT_EQ(homeFile(patternsFile),
               "{\n  \"\\/a\" : [\n    \"x\"\n  ],\n  \"\\/b\" : [\n    \"new\",\n    \"y\"\n  ]\n}");
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
 }
 
 TEST_F(BrowserPatternsSectionTest, TheShortcutSavesWhileTypingAndOnlyWhileThePageIsShown)

@@ -60,7 +60,7 @@ TEST_F(DataSectionTest, ClearingSessionsAsksFirst)
               u"The notch will forget every session it knows about. This cannot be undone.");
     EXPECT_EQ(asked.style, Confirmation::Style::warning);
     EXPECT_EQ(asked.action, u"Clear");
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
     EXPECT_TRUE(shows(u"3 stored · "_s + registry()));
 }
 
@@ -70,7 +70,7 @@ TEST_F(DataSectionTest, AgreedTheAgentIsToldAndTheCountIsZeroAndTheFileStays)
     show<DataSection>();
     dialogs.agree = true;
     click(u"Clear Sessions…"_s);
-    EXPECT_EQ(posts.paths, QStringList{u"/settings/clear-sessions"_s});
+    EXPECT_EQ(posts.paths(), QStringList{u"/settings/clear-sessions"_s});
     EXPECT_TRUE(shows(u"0 stored · "_s + registry()));
     EXPECT_TRUE(homeFile(u".vantle/sessions.json"_s));
 }
@@ -99,7 +99,7 @@ TEST_F(DataSectionTest, AgreedThePatternsFileGoesAndTheRowsStayEmptiedUnderNewId
     click(u"Clear Browser Patterns…"_s);
     EXPECT_FALSE(homeFile(u".claude/browser-patterns.json"_s));
     EXPECT_TRUE(shows(u"0 projects configured"_s));
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
     ASSERT_EQ(model->projects->size(), before.size());
     for (size_t row = 0; row < before.size(); ++row) {
         EXPECT_EQ(model->projects.value()[row].root, before[row].root);
@@ -124,7 +124,7 @@ TEST_F(DataSectionTest, UninstallingHooksAsksFirst)
         "to the originals.");
     EXPECT_EQ(asked.style, Confirmation::Style::critical);
     EXPECT_EQ(asked.action, u"Uninstall");
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
 }
 
 TEST_F(DataSectionTest, AgreedTheAgentIsAskedToUninstallAndNothingElseChanges)
@@ -134,7 +134,7 @@ TEST_F(DataSectionTest, AgreedTheAgentIsAskedToUninstallAndNothingElseChanges)
     const QStringList before = texts();
     dialogs.agree = true;
     click(u"Uninstall Hooks…"_s);
-    EXPECT_EQ(posts.paths, QStringList{u"/settings/uninstall-hooks"_s});
+    EXPECT_EQ(posts.paths(), QStringList{u"/settings/uninstall-hooks"_s});
     EXPECT_EQ(texts(), before);
 }
 
@@ -147,7 +147,7 @@ TEST_F(DataSectionTest, InDemoModeClearingGivesTheSampleBack)
     dialogs.agree = true;
     click(u"Clear Sessions…"_s);
     click(u"Clear Browser Patterns…"_s);
-    EXPECT_EQ(posts.paths, QStringList{u"/settings/reload-demo-mode"_s});
+    EXPECT_EQ(posts.paths(), QStringList{u"/settings/reload-demo-mode"_s});
     EXPECT_TRUE(shows(u"4 stored · "_s + registry()));
     EXPECT_TRUE(shows(u"3 projects configured"_s));
 }
@@ -158,7 +158,7 @@ TEST_F(DataSectionTest, AnAnswerThatComesAfterThePageHasGoneDoesNothing)
     dialogs.agree = true;
     dialogs.meanwhile = [this] { closePage(); };
     button(u"Uninstall Hooks…"_s)->click();
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
 }
 
 } // namespace

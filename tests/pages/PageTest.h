@@ -1,10 +1,9 @@
 #pragma once
 
+#include "FakeServices.h"
 #include "Foundation/Seam.h"
 #include "HomeFiles.h"
 #include "Model/SettingsModel.h"
-#include "Platform/Agent/LoopbackPost.h"
-#include "Platform/Agent/ServiceManager.h"
 #include "Platform/Desktop/Dialogs.h"
 #include "Platform/Desktop/Pasteboard.h"
 #include "Platform/Desktop/Workspace.h"
@@ -69,17 +68,8 @@ protected:
         void setText(const QString &text) override { texts << text; }
         QStringList texts;
     } pasteboard;
-    struct NotedPosts final : LoopbackPost {
-        void post(const QUrl &url) override { paths << url.path(); }
-        void finish(std::chrono::milliseconds) override {}
-        QStringList paths;
-    } posts;
-    struct NoService final : ServiceManager {
-        void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(false); }
-        void load(Answer answer) override { answer(false); }
-        void unload(Answer answer) override { answer(false); }
-        void finish(std::chrono::milliseconds) override {}
-    } service;
+    FakeLoopbackPost posts;
+    FakeServiceManager service;
 
     Seam<Dialogs>::Replacement dialogsSeam{dialogs};
     Seam<Workspace>::Replacement workspaceSeam{workspace};

@@ -150,7 +150,7 @@ TEST_F(PlanningSectionTest, RefreshReadsTheManifestAgainAndTellsNobody)
     EXPECT_FALSE(shows(u"A"_s));
     EXPECT_TRUE(shows(u"B"_s));
     EXPECT_TRUE(shows(u"2 projects · 0 matched sessions"_s));
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
 }
 
 TEST_F(PlanningSectionTest, ProjectsStandInManifestOrder)
@@ -195,7 +195,7 @@ TEST_F(PlanningSectionTest, AChosenFolderBecomesTheRoot)
     click(u"Choose planning root…"_s);
     EXPECT_TRUE(shows(root()));
     EXPECT_TRUE(shows(u"A"_s));
-    EXPECT_EQ(posts.paths, QStringList{u"/settings/reload-planning"_s});
+    EXPECT_EQ(posts.paths(), QStringList{u"/settings/reload-planning"_s});
     EXPECT_TRUE(homeFile(u".vantle/planning.json"_s)->contains("plan"));
 }
 
@@ -208,7 +208,7 @@ TEST_F(PlanningSectionTest, CancelLeavesRootFileAndListUntouched)
     click(u"Choose planning root…"_s);
     EXPECT_EQ(texts(), before);
     EXPECT_EQ(homeFile(u".vantle/planning.json"_s), file);
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
 }
 
 TEST_F(PlanningSectionTest, AFolderChosenAfterThePageHasGoneIsNotTaken)
@@ -264,7 +264,7 @@ TEST_F(PlanningDropTest, AFolderDroppedOnTheRowBecomesTheRoot)
     EXPECT_EQ(drop(*urls({url(root())})), Qt::LinkAction);
     EXPECT_TRUE(shows(root()));
     EXPECT_TRUE(homeFile(u".vantle/planning.json"_s)->contains("plan"));
-    EXPECT_EQ(posts.paths, QStringList{u"/settings/reload-planning"_s});
+    EXPECT_EQ(posts.paths(), QStringList{u"/settings/reload-planning"_s});
 }
 
 TEST_F(PlanningDropTest, ItsPathIsSpelledAsWhenItIsChosen)
@@ -296,7 +296,7 @@ TEST_F(PlanningDropTest, AnythingButOneFolderIsRefused)
     EXPECT_EQ(drop(*urls({QUrl(u"sftp://host"_s + root())})), std::nullopt) << "elsewhere";
     EXPECT_EQ(drop(*urls({QUrl(u"file://"_s + root() + u"%00"_s)})), std::nullopt) << "no path";
     EXPECT_FALSE(homeFile(u".vantle/planning.json"_s));
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
 }
 
 TEST_F(PlanningDropTest, TheRowShowsThatAFolderCanBeDropped)
@@ -324,7 +324,7 @@ TEST_F(PlanningSectionTest, ClearRemovesTheRoot)
     EXPECT_TRUE(shows(u"Not set"_s));
     EXPECT_EQ(group(u"Projects"_s), nullptr);
     EXPECT_FALSE(homeFile(u".vantle/planning.json"_s));
-    EXPECT_EQ(posts.paths, QStringList{u"/settings/reload-planning"_s});
+    EXPECT_EQ(posts.paths(), QStringList{u"/settings/reload-planning"_s});
 }
 
 TEST_F(PlanningSectionTest, RevealSelectsTheRootAsItIsStored)
@@ -356,7 +356,7 @@ TEST_F(PlanningSectionTest, DemoModeShowsTheSampleAndKeepsIt)
     dialogs.folder = root();
     click(u"Choose planning root…"_s);
     EXPECT_TRUE(shows(u"/Users/demo/workspace/planning"_s));
-    EXPECT_TRUE(posts.paths.isEmpty());
+    EXPECT_TRUE(posts.paths().isEmpty());
 }
 
 TEST_F(PlanningSectionTest, OfTenThousandProjectsOnlyThoseInViewHaveRows)
