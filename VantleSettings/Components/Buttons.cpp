@@ -67,7 +67,7 @@ void IconButton::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setOpacity(opacity(*this));
     if (underMouse() && isEnabled())
-        fill(painter, continuousRectangle(rect(), Tokens::buttonRadius), Tokens::quaternaryFill);
+        fillShape(painter, continuousRectangle(rect(), Tokens::buttonRadius), Tokens::quaternaryFill);
     drawSymbol(painter, m_symbol, rect(), textColor(TextColor::secondary));
 }
 

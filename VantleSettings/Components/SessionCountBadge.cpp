@@ -63,7 +63,7 @@ void SessionCountBadge::paintEvent(QPaintEvent *)
         painter.drawText(rect(), Qt::AlignCenter, dash);
         return;
     }
-    fill(painter, capsule(rect()), accentColor());
+    fillShape(painter, capsule(rect()), accentColor());
     const QRect inner = rect().adjusted(padding, 0, -padding, 0);
     const QSize symbol(symbolExtent(symbolSize), symbolExtent(symbolSize));
     const Qt::LayoutDirection direction = layoutDirection();

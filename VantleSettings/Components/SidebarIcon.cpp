@@ -32,6 +32,6 @@ void SidebarIcon::paintEvent(QPaintEvent *)
 void drawSidebarIcon(QPainter &painter, const QRectF &tile, const QString &symbol, SystemColor tint,
                      TileSize size)
 {
-    fill(painter, continuousRectangle(tile, size.radius), tintGradient(tile, color(tint)));
+    fillShape(painter, continuousRectangle(tile, size.radius), tintGradient(tile, systemColor(tint)));
     drawSymbol(painter, {symbol, size.symbol, QFont::DemiBold}, tile, Qt::white);
 }

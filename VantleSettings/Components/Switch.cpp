@@ -198,12 +198,12 @@ void Switch::paintEvent(QPaintEvent *)
         painter.setOpacity(0.4);
     const QRectF track((width() - Tokens::switchWidth) / 2.0, (height() - Tokens::switchHeight) / 2.0,
                        Tokens::switchWidth, Tokens::switchHeight);
-    fill(painter, capsule(track), mixed(Tokens::switchOff, accentColor(), m_knob));
+    fillShape(painter, capsule(track), mixed(Tokens::switchOff, accentColor(), m_knob));
     const qreal diameter = Tokens::switchHeight - 2 * knobInset;
     const qreal way = Tokens::switchWidth - 2 * knobInset - diameter;
     const qreal share = layoutDirection() == Qt::RightToLeft ? 1 - m_knob : m_knob;
     const QRectF knob(track.left() + knobInset + way * share, track.top() + knobInset, diameter, diameter);
-    fill(painter, capsule(knob), isDown() ? QColor(230, 230, 230) : QColor(Qt::white));
+    fillShape(painter, capsule(knob), isDown() ? QColor(230, 230, 230) : QColor(Qt::white));
     if (m_pending)
         paintProgress(painter, knob);
 }

@@ -63,7 +63,7 @@ private:
 /// Calls `draw` now, and again on the next turn of the event loop after each announcement of `observed`, once
 /// however many announcements came, until `owner` is gone.
 template <class Draw>
-void render(QObject *owner, Observable &observed, Draw draw)
+void renderOnChange(QObject *owner, Observable &observed, Draw draw)
 {
     draw();
     struct State {

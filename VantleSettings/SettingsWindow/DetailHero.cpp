@@ -72,10 +72,10 @@ void DetailHero::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const QRectF tile((width() - tileSize) / 2.0, topPadding, tileSize, tileSize);
-    const QColor tint = color(::tint(m_section));
+    const QColor tint = systemColor(::tint(m_section));
     drawShadow(painter, tile.translated(0, shadowOffset), tint);
     QPainterPath circle;
     circle.addEllipse(tile);
-    fill(painter, circle, tintGradient(tile, tint));
+    fillShape(painter, circle, tintGradient(tile, tint));
     drawSymbol(painter, {symbol(m_section), symbolPointSize, QFont::DemiBold}, tile, Qt::white);
 }

@@ -76,7 +76,7 @@ SettingsRootView::SettingsRootView(SettingsModel &model, int titleBarHeight, QWi
         if (section != m_model.section)
             m_model.section = section;
     });
-    ::render(this, model, [this] { showSelectedPage(); });
+    renderOnChange(this, model, [this] { showSelectedPage(); });
 }
 
 void SettingsRootView::showSelectedPage()

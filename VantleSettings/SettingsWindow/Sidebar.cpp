@@ -41,9 +41,9 @@ public:
                                            -Tokens::sidebarEntryInset, -entryGap / 2.0);
         const QPainterPath shape = continuousRectangle(entry, Tokens::sidebarEntryRadius);
         if (option.state & QStyle::State_Selected)
-            fill(*painter, shape, Tokens::sidebarSelection);
+            fillShape(*painter, shape, Tokens::sidebarSelection);
         else if (option.state & QStyle::State_MouseOver)
-            fill(*painter, shape, Tokens::sidebarHover);
+            fillShape(*painter, shape, Tokens::sidebarHover);
         if (option.state & QStyle::State_HasFocus && option.state & QStyle::State_KeyboardFocusChange)
             drawFocusRing(*painter, entry);
 

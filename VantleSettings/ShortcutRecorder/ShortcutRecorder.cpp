@@ -117,7 +117,7 @@ void ShortcutRecorder::paintEvent(QPaintEvent *)
     if (isDown())
         painter.setOpacity(pressedOpacity);
     const QColor background = mixed(fillColor(), accentColor(), m_recordingProgress);
-    fill(painter, continuousRectangle(rect(), Tokens::buttonRadius), background);
+    fillShape(painter, continuousRectangle(rect(), Tokens::buttonRadius), background);
     painter.setPen(mixed(textColor(TextColor::primary), textColor(TextColor::white), m_recordingProgress));
     painter.drawText(rect(), Qt::AlignCenter, shownText());
 }

@@ -86,7 +86,7 @@ ShortcutSettingsRow::ShortcutSettingsRow(ShortcutAction action, SettingsModel &m
         changeAccessibleName(reset, u"Reset %1 to default (%2)"_s.arg(title(action), byDefault));
         setSpokenName(reset, u"Reset %1 to default (%2)"_s.arg(title(action), spokenDefault));
     };
-    ::render(this, model, draw);
-    ::render(this, model.shortcuts(), draw);
-    ::render(this, Seam<KeyboardLayout>::current(), draw);
+    renderOnChange(this, model, draw);
+    renderOnChange(this, model.shortcuts(), draw);
+    renderOnChange(this, Seam<KeyboardLayout>::current(), draw);
 }

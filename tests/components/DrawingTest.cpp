@@ -176,16 +176,16 @@ TEST_F(DrawingTest, ATintIsLightenedBy18HundredthsAtTheTop)
 
 TEST_F(DrawingTest, TheSystemColoursAreTheDarkOnes)
 {
-    EXPECT_EQ(color(SystemColor::gray).name(), u"#98989d"_s);
-    EXPECT_EQ(color(SystemColor::red).name(), u"#ff453a"_s);
-    EXPECT_EQ(color(SystemColor::orange).name(), u"#ff9f0a"_s);
-    EXPECT_EQ(color(SystemColor::yellow).name(), u"#ffd60a"_s);
-    EXPECT_EQ(color(SystemColor::green).name(), u"#30d158"_s);
-    EXPECT_EQ(color(SystemColor::teal).name(), u"#40c8e0"_s);
-    EXPECT_EQ(color(SystemColor::blue).name(), u"#0a84ff"_s);
-    EXPECT_EQ(color(SystemColor::indigo).name(), u"#5e5ce6"_s);
-    EXPECT_EQ(color(SystemColor::purple).name(), u"#bf5af2"_s);
-    EXPECT_EQ(color(SystemColor::pink).name(), u"#ff375f"_s);
+    EXPECT_EQ(systemColor(SystemColor::gray).name(), u"#98989d"_s);
+    EXPECT_EQ(systemColor(SystemColor::red).name(), u"#ff453a"_s);
+    EXPECT_EQ(systemColor(SystemColor::orange).name(), u"#ff9f0a"_s);
+    EXPECT_EQ(systemColor(SystemColor::yellow).name(), u"#ffd60a"_s);
+    EXPECT_EQ(systemColor(SystemColor::green).name(), u"#30d158"_s);
+    EXPECT_EQ(systemColor(SystemColor::teal).name(), u"#40c8e0"_s);
+    EXPECT_EQ(systemColor(SystemColor::blue).name(), u"#0a84ff"_s);
+    EXPECT_EQ(systemColor(SystemColor::indigo).name(), u"#5e5ce6"_s);
+    EXPECT_EQ(systemColor(SystemColor::purple).name(), u"#bf5af2"_s);
+    EXPECT_EQ(systemColor(SystemColor::pink).name(), u"#ff375f"_s);
 }
 
 TEST_F(DrawingTest, TextsFollowTheSizeOfTheSystemsFont)

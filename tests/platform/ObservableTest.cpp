@@ -56,7 +56,7 @@ TEST(Render, DrawsAtOnce)
     Thermostat thermostat;
     QObject owner;
     int drawn = 0;
-    render(&owner, thermostat, [&] { drawn = thermostat.degrees; });
+    renderOnChange(&owner, thermostat, [&] { drawn = thermostat.degrees; });
     EXPECT_EQ(drawn, 20);
 }
 
@@ -65,7 +65,7 @@ TEST(Render, DrawsOncePerTurnHoweverManyChangesCame)
     Thermostat thermostat;
     QObject owner;
     std::vector<int> drawn;
-    render(&owner, thermostat, [&] { drawn.push_back(thermostat.degrees); });
+    renderOnChange(&owner, thermostat, [&] { drawn.push_back(thermostat.degrees); });
     thermostat.degrees = 21;
     thermostat.degrees = 22;
     thermostat.degrees = 23;
@@ -82,7 +82,7 @@ TEST(Render, AChangeMadeWhileDrawingIsDrawnInTheNextTurn)
     Thermostat thermostat;
     QObject owner;
     std::vector<int> drawn;
-    render(&owner, thermostat, [&] {
+    renderOnChange(&owner, thermostat, [&] {
         drawn.push_back(thermostat.degrees);
         if (thermostat.degrees == 21)
             thermostat.degrees = 22;
@@ -98,7 +98,7 @@ TEST(Render, StopsWithItsOwner)
     Thermostat thermostat;
     auto owner = std::make_unique<QObject>();
     int draws = 0;
-    render(owner.get(), thermostat, [&] { ++draws; });
+    renderOnChange(owner.get(), thermostat, [&] { ++draws; });
     thermostat.degrees = 21;
     owner.reset();
     turnEventLoop();

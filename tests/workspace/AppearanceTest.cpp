@@ -103,7 +103,7 @@ TEST(Appearance, IsAskedOfTheDesktopAndFollowsItsChanges)
                                   QDBusVariant(QVariant::fromValue(Accent{2, 0, 0})));
     Q_EMIT desktop.SettingChanged(gnome, u"enable-animations"_s, QDBusVariant(true));
     ASSERT_TRUE(QTest::qWaitFor([] { return changes == 4; }));
-    EXPECT_EQ(accentColor(), color(SystemColor::blue)) << "no colour that there is";
+    EXPECT_EQ(accentColor(), systemColor(SystemColor::blue)) << "no colour that there is";
     EXPECT_EQ(Tokens::separator(), QColor::fromRgbF(1, 1, 1, 0.12F));
     EXPECT_EQ(textColor(TextColor::secondary), QColor::fromRgbF(1, 1, 1, 0.58F));
     EXPECT_NE(turnedOn(), alreadyOn.grab().toImage()) << "the knob is on its way";

@@ -86,7 +86,7 @@ QColor mixed(const QColor &from, const QColor &to, qreal share)
                             part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
 }
 
-void fill(QPainter &painter, const QPainterPath &path, const QBrush &brush)
+void fillShape(QPainter &painter, const QPainterPath &path, const QBrush &brush)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -117,7 +117,7 @@ void drawCard(QPainter &painter, const QRectF &rect)
 {
     // Between two pixels an edge would be spread over both, and half of it cut off with the widget.
     const QRectF card = inPoints(painter, devicePixels(painter, rect));
-    fill(painter, continuousRectangle(card, Tokens::cardRadius), Tokens::cardBackground);
+    fillShape(painter, continuousRectangle(card, Tokens::cardRadius), Tokens::cardBackground);
     const qreal width = std::max(0.5, devicePixel(painter));
     const qreal inset = width / 2;
     QColor stroke = Tokens::separator();

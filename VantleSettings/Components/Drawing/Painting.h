@@ -19,7 +19,7 @@ QBrush tintGradient(const QRectF &rect, const QColor &tint);
 QColor mixed(const QColor &from, const QColor &to, qreal share);
 
 /// Fills with antialiased edges, leaving the painter as it was.
-void fill(QPainter &painter, const QPainterPath &path, const QBrush &brush);
+void fillShape(QPainter &painter, const QPainterPath &path, const QBrush &brush);
 
 /// How wide one device pixel is, in points.
 qreal devicePixel(const QPainter &painter);

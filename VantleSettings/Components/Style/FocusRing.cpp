@@ -47,7 +47,7 @@ protected:
         QColor ring = accentColor();
         ring.setAlphaF(Tokens::focusRingOpacity);
         QPainter painter(this);
-        fill(painter, outside - inside, ring);
+        fillShape(painter, outside - inside, ring);
     }
 };
 

@@ -101,7 +101,7 @@ void StyleDrawing::drawButtonBevel(QPainter &painter, const QStyleOptionButton &
     painter.save();
     dimIfDisabled(painter, option);
     const QColor color = isDefault(option) ? accentBackground(option.state) : background(option.state);
-    fill(painter, continuousRectangle(option.rect, Tokens::buttonRadius), color);
+    fillShape(painter, continuousRectangle(option.rect, Tokens::buttonRadius), color);
     painter.restore();
 }
 
@@ -150,7 +150,7 @@ void StyleDrawing::drawPicker(QPainter &painter, const QStyleOptionComboBox &opt
     dimIfDisabled(painter, option);
     const QStyle::State pressed = option.state & (QStyle::State_On | QStyle::State_Sunken);
     const QStyle::State state = option.state | (pressed ? QStyle::State_Sunken : QStyle::State_None);
-    fill(painter, continuousRectangle(option.rect, Tokens::buttonRadius), background(state));
+    fillShape(painter, continuousRectangle(option.rect, Tokens::buttonRadius), background(state));
     const int width = pickerSides(option).chevrons;
     const QRect column(option.rect.right() + 1 - width, option.rect.top(), width, option.rect.height());
     drawChevrons(painter, QStyle::visualRect(option.direction, option.rect, column));

@@ -63,7 +63,7 @@ void StyleDrawing::drawPanel(QPainter &painter, const QRect &rect, qreal radius)
 {
     const qreal width = devicePixel(painter);
     const QRectF edge = QRectF(rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
-    fill(painter, continuousRectangle(rect, radius), Tokens::menuBackground);
+    fillShape(painter, continuousRectangle(rect, radius), Tokens::menuBackground);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.strokePath(continuousRectangle(edge, radius), QPen(Tokens::separator(), width));
@@ -95,8 +95,8 @@ void StyleDrawing::drawMenuItem(QPainter &painter, const QStyleOptionMenuItem &o
     const bool selected = enabled && option.state & QStyle::State_Selected;
     painter.save();
     if (selected)
-        fill(painter, continuousRectangle(option.rect.adjusted(inset, 0, -inset, 0), itemRadius),
-             accentColor());
+        fillShape(painter, continuousRectangle(option.rect.adjusted(inset, 0, -inset, 0), itemRadius),
+                  accentColor());
     const QColor color = textColor(selected  ? TextColor::white
                                    : enabled ? TextColor::primary
                                              : TextColor::tertiary);
@@ -121,8 +121,8 @@ void StyleDrawing::drawMenuBarItem(QPainter &painter, const QStyleOptionMenuItem
     const bool hovered = option.state & QStyle::State_Selected;
     if (enabled && (open || hovered)) {
         const QRectF item = QRectF(option.rect).adjusted(0, 2, 0, -2);
-        fill(painter, continuousRectangle(item, itemRadius),
-             open ? Tokens::sidebarSelection : Tokens::sidebarHover);
+        fillShape(painter, continuousRectangle(item, itemRadius),
+                  open ? Tokens::sidebarSelection : Tokens::sidebarHover);
     }
     painter.setPen(textColor(enabled ? TextColor::primary : TextColor::tertiary));
     painter.drawText(option.rect, Qt::AlignCenter | Qt::TextHideMnemonic | Qt::TextSingleLine, option.text);

@@ -36,6 +36,6 @@ void StyleDrawing::drawScrollBar(QPainter &painter, const QStyleOptionSlider &op
         color.setAlphaF(std::min(1.0F, color.alphaF() * 1.5F));
     painter.save();
     painter.setOpacity(opacity);
-    fill(painter, capsule(shape), color);
+    fillShape(painter, capsule(shape), color);
     painter.restore();
 }

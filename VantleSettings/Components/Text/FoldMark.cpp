@@ -53,7 +53,7 @@ void FoldMark::drawObject(QPainter *painter, const QRectF &box, QTextDocument *d
                           const QTextFormat &)
 {
     painter->save();
-    fill(*painter, continuousRectangle(box, radius), Tokens::quaternaryFill);
+    fillShape(*painter, continuousRectangle(box, radius), Tokens::quaternaryFill);
     painter->setFont(document->defaultFont());
     painter->setPen(textColor(TextColor::secondary));
     painter->drawText(box, Qt::AlignCenter, ellipsis);

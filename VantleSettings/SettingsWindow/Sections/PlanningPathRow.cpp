@@ -113,7 +113,7 @@ PlanningPathRow::PlanningPathRow(SettingsModel &model, QWidget *parent)
             [&model] { Seam<Workspace>::current().reveal(model.planningRoot->value_or(QString())); });
     connect(clear, &QPushButton::clicked, this, [&model] { model.setPlanningRoot(std::nullopt); });
     connect(choose, &QPushButton::clicked, this, &PlanningPathRow::chooseDirectory);
-    ::render(this, model, [this] { render(); });
+    renderOnChange(this, model, [this] { render(); });
 }
 
 void PlanningPathRow::render()
@@ -179,5 +179,5 @@ void PlanningPathRow::paintEvent(QPaintEvent *)
     QColor tint = accentColor();
     tint.setAlphaF(dropFillOpacity);
     QPainter painter(this);
-    fill(painter, continuousRectangle(rect(), Tokens::cardRadius), tint);
+    fillShape(painter, continuousRectangle(rect(), Tokens::cardRadius), tint);
 }

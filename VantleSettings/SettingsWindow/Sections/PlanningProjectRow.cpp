@@ -49,7 +49,7 @@ protected:
         QPainter painter(this);
         QColor background = textColor(TextColor::secondary);
         background.setAlphaF(background.alphaF() * missingFillOpacity);
-        fill(painter, capsule(rect()), background);
+        fillShape(painter, capsule(rect()), background);
         painter.end();
         Label::paintEvent(event);
     }

@@ -45,7 +45,7 @@ protected:
         QPainter painter(this);
         QColor background = Tokens::quaternaryFill;
         background.setAlphaF(background.alphaF() / 2);
-        fill(painter, continuousRectangle(rect(), editorRadius), background);
+        fillShape(painter, continuousRectangle(rect(), editorRadius), background);
     }
 };
 

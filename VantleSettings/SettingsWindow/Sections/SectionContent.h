@@ -26,7 +26,7 @@ public:
     template <class Draw>
     void renderPage(Observable &observed, Draw draw)
     {
-        ::render(this, observed, draw);
+        renderOnChange(this, observed, draw);
         connect(this, &SectionContent::shown, this, draw);
     }
 

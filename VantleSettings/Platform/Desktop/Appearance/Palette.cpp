@@ -1,6 +1,6 @@
 #include "Platform/Desktop/Appearance/Palette.h"
 
-QColor color(SystemColor name)
+QColor systemColor(SystemColor name)
 {
     switch (name) {
     case SystemColor::gray:

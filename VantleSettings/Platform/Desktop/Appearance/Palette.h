@@ -9,7 +9,7 @@
 /// The system's colours and wishes about appearance, always for the dark look.
 
 /// A colour of the system's palette in its dark variant.
-QColor color(SystemColor name);
+QColor systemColor(SystemColor name);
 
 /// The colour the user has chosen for selections and switches; blue where the system does not tell.
 QColor accentColor();

@@ -13,7 +13,7 @@ QColor accentColor()
       accent = [NSColor.controlAccentColor colorUsingColorSpace:NSColorSpace.sRGBColorSpace];
     }];
     if (accent == nil)
-        return color(SystemColor::blue);
+        return systemColor(SystemColor::blue);
     return QColor::fromRgbF(static_cast<float>(accent.redComponent),
                             static_cast<float>(accent.greenComponent),
                             static_cast<float>(accent.blueComponent));

@@ -21,7 +21,7 @@ Appearance &current()
 
 QColor accentColor()
 {
-    return current().accent.value_or(color(SystemColor::blue));
+    return current().accent.value_or(systemColor(SystemColor::blue));
 }
 
 bool reducedMotion()

@@ -34,7 +34,7 @@ QLabel *icon(Confirmation::Style style, QWidget *parent)
 {
     const bool critical = style == Confirmation::Style::critical;
     const QIcon sign = symbolIcon({u"exclamationmark.triangle.fill"_s, iconPointSize},
-                                  color(critical ? SystemColor::red : SystemColor::yellow));
+                                  systemColor(critical ? SystemColor::red : SystemColor::yellow));
     auto *label = new QLabel(parent);
     const int extent = symbolExtent(iconPointSize);
     label->setPixmap(sign.pixmap(QSize(extent, extent), parent->devicePixelRatio()));
