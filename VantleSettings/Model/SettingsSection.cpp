@@ -1,5 +1,7 @@
 #include "Model/SettingsSection.h"
 
+#include "Foundation/RawValue.h"
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -44,11 +46,7 @@ QString rawValue(SettingsSection section)
 
 std::optional<SettingsSection> settingsSection(const QString &rawValue)
 {
-    for (const auto section : allSettingsSections) {
-        if (::rawValue(section) == rawValue)
-            return section;
-    }
-    return std::nullopt;
+    return fromRawValue(allSettingsSections, rawValue);
 }
 
 SystemColor tint(SettingsSection section)

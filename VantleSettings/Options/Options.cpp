@@ -1,38 +1,37 @@
 #include "Options/Options.h"
 
+#include "Foundation/RawValue.h"
+
 using namespace Qt::StringLiterals;
-
-namespace
-{
-
-template <class Options>
-auto matching(const Options &options, const QString &text) -> std::optional<typename Options::value_type>
-{
-    for (const auto option : options) {
-        if (rawValue(option) == text)
-            return option;
-    }
-    return std::nullopt;
-}
-
-} // namespace
 
 QString rawValue(TypefaceOption option)
 {
-    return option == TypefaceOption::system ? u"system"_s : u"jetbrains-mono"_s;
+    switch (option) {
+    case TypefaceOption::system:
+        return u"system"_s;
+    case TypefaceOption::jetbrainsMono:
+        return u"jetbrains-mono"_s;
+    }
+    Q_UNREACHABLE();
 }
 
 QString rawValue(TerminalBackendOption option)
 {
-    return option == TerminalBackendOption::iterm ? u"iterm"_s : u"vantle-term"_s;
+    switch (option) {
+    case TerminalBackendOption::iterm:
+        return u"iterm"_s;
+    case TerminalBackendOption::vantleTerm:
+        return u"vantle-term"_s;
+    }
+    Q_UNREACHABLE();
 }
 
 std::optional<TypefaceOption> typefaceOption(const QString &rawValue)
 {
-    return matching(allTypefaceOptions, rawValue);
+    return fromRawValue(allTypefaceOptions, rawValue);
 }
 
 std::optional<TerminalBackendOption> terminalBackendOption(const QString &rawValue)
 {
-    return matching(allTerminalBackendOptions, rawValue);
+    return fromRawValue(allTerminalBackendOptions, rawValue);
 }

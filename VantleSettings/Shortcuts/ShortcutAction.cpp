@@ -1,5 +1,7 @@
 #include "Shortcuts/ShortcutAction.h"
 
+#include "Foundation/RawValue.h"
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -15,33 +17,30 @@ struct Traits {
 
 constexpr std::uint32_t commandShift = KeyCombo::command | KeyCombo::shift;
 
-const Traits &traits(ShortcutAction action)
+Traits traits(ShortcutAction action)
 {
-    // The agent's "last" is the user's "next": the list runs downwards.
-    static const Traits focusLast{u"focusLast"_s,
-                                  u"Focus next notification"_s,
-                                  u"arrow.down.circle.fill"_s,
-                                  SystemColor::pink,
-                                  {38, commandShift}};
-    static const Traits focusPrevious{u"focusPrevious"_s,
-                                      u"Focus previous notification"_s,
-                                      u"arrow.up.circle.fill"_s,
-                                      SystemColor::teal,
-                                      {40, commandShift}};
-    static const Traits openPlan{u"openPlan"_s,
-                                 u"Open Planning tab"_s,
-                                 u"list.bullet.rectangle.fill"_s,
-                                 SystemColor::purple,
-                                 {37, commandShift}};
     switch (action) {
     case ShortcutAction::focusLast:
-        return focusLast;
+        // The agent's "last" is the user's "next": the list runs downwards.
+        return {u"focusLast"_s,
+                u"Focus next notification"_s,
+                u"arrow.down.circle.fill"_s,
+                SystemColor::pink,
+                {38, commandShift}};
     case ShortcutAction::focusPrevious:
-        return focusPrevious;
+        return {u"focusPrevious"_s,
+                u"Focus previous notification"_s,
+                u"arrow.up.circle.fill"_s,
+                SystemColor::teal,
+                {40, commandShift}};
     case ShortcutAction::openPlan:
-        break;
+        return {u"openPlan"_s,
+                u"Open Planning tab"_s,
+                u"list.bullet.rectangle.fill"_s,
+                SystemColor::purple,
+                {37, commandShift}};
     }
-    return openPlan;
+    Q_UNREACHABLE();
 }
 
 } // namespace
@@ -53,11 +52,7 @@ QString rawValue(ShortcutAction action)
 
 std::optional<ShortcutAction> shortcutAction(const QString &rawValue)
 {
-    for (const ShortcutAction action : allShortcutActions) {
-        if (traits(action).rawValue == rawValue)
-            return action;
-    }
-    return std::nullopt;
+    return fromRawValue(allShortcutActions, rawValue);
 }
 
 QString title(ShortcutAction action)
