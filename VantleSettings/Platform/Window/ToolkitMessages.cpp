@@ -20,13 +20,14 @@ constexpr std::array<std::string_view, 4> categories{
     "qt.qpa.theme.gnome",
 };
 
-/// What other messages about them begin with.
+/// What other messages begin with: about helpers, and about what the toolkit sets right by itself.
 constexpr std::array beginnings{
     "Accessibility encountered a DBus error"_L1,
     "Could not find Accessibility DBus address"_L1,
     "Could not query active accessibility event listeners"_L1,
     "QIBusPlatformInputContext"_L1, // the input method
     "QSpiApplication"_L1,           // a screen reader that wants to know of keys
+    "The cached device pixel ratio value was stale on window update"_L1,
     "QXcbClipboard: Unable to receive an event from the clipboard manager"_L1,
 };
 
@@ -36,7 +37,7 @@ QtMessageHandler &previousHandler()
     return handler;
 }
 
-bool isAboutHelpers(const QMessageLogContext &context, const QString &message)
+bool isBeyondUs(const QMessageLogContext &context, const QString &message)
 {
     const std::string_view category = context.category ? context.category : "";
     return std::ranges::find(categories, category) != categories.end() ||
@@ -45,7 +46,7 @@ bool isAboutHelpers(const QMessageLogContext &context, const QString &message)
 
 void say(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (!isAboutHelpers(context, message))
+    if (!isBeyondUs(context, message))
         previousHandler()(type, context, message);
 }
 

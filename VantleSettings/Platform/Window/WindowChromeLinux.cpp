@@ -55,6 +55,15 @@ QString darkColors()
                                   QStringLiteral("color-schemes/BreezeDark.colors"));
 }
 
+/// Where the toolkit draws the frames itself, under Wayland compositors that draw none, its newer ones for
+/// GNOME follow the desktop's colours; the older ones follow the program's.
+void chooseFramesInOurColors()
+{
+    constexpr const char *variable = "QT_WAYLAND_DECORATION";
+    if (!qEnvironmentVariableIsSet(variable))
+        qputenv(variable, "bradient");
+}
+
 /// Asks for a dark frame around every window of the program, dialogs too, when it is made. Most window
 /// managers that have light and dark frames choose by a variant, KWin by a file of colours.
 class DarkFrames : public QObject
@@ -130,8 +139,10 @@ void prepareWindow(QWidget &window)
     // what it does not find here.
     qGuiApp->setProperty("KDE_COLOR_SCHEME_PATH", colors);
     xcb_connection_t *connection = x11Connection();
-    if (!connection)
+    if (!connection) {
+        chooseFramesInOurColors();
         return;
+    }
     new DarkFrames(connection, colors); // which the application owns
     afterFirstFrame(window, [&window] { showIcon(window); });
 }
