@@ -47,7 +47,7 @@ QString displayPath(const std::optional<QString> &root)
 
 std::optional<QString> subtitle(const std::optional<QString> &root)
 {
-    if (!isSet(root))
+    if (!root || root->isEmpty())
         return u"Click Choose… to point at a folder on disk."_s;
     const QStringView folder = Path::lastComponent(*root);
     return folder.isEmpty() ? std::nullopt : std::optional<QString>(u"Selected folder: "_s % folder);
