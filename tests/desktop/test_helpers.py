@@ -11,8 +11,10 @@ class Helpers(DesktopCase):
         accessibility = self.desktop.accessibility
         program = self.start()
         window = program.window
+        offered = accessibility.watch("NotifyListenersSync", "space")
+        # While somebody begins to watch, the registry tells of one listener less, and the toolkit asks it which are left,
+        # and waits. That is over when the keys below have been answered.
         program.focus("check box", "Marketing Recording Mode")
-        offered = accessibility.watch("NotifyListenersSync")
         registry = accessibility.process("org.a11y.atspi.Registry")
         os.kill(registry, signal.SIGSTOP)
         program.press("space")
