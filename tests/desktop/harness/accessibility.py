@@ -49,8 +49,9 @@ class AccessibilityBus:
         self._subscribe("PropertyChange", "object:property-change",
                         lambda control, _details: self.changed.append(control))
 
-    def watch(self, method, text):
-        """Returns a function that says whether anybody has called that method since with that text in it."""
+    def watch(self, method):
+        """Returns a function that counts the calls of that method since in whose arguments a text stands, as
+        dbus-monitor prints them."""
         monitor = processes.start(
             ["dbus-monitor", "--address", self._address, f"type='method_call',member='{method}'"], text=True,
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
@@ -58,7 +59,7 @@ class AccessibilityBus:
         threading.Thread(target=lambda: lines.extend(monitor.stdout), daemon=True).start()
         # A connection gives its name up when it begins to watch.
         eventually(lambda: any("member=NameLost" in line for line in list(lines)), "the bus lets nobody watch")
-        return lambda: any(f'string "{text}"' in line for line in list(lines))
+        return lambda text: sum(text in line for line in list(lines))
 
     def process(self, name):
         """The id of the process that has a name on the bus."""
