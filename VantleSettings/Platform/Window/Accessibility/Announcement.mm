@@ -6,15 +6,7 @@
 
 #import <AppKit/AppKit.h>
 
-#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-
-void announce(QWidget *widget, const QString &message)
-{
-    QAccessibleAnnouncementEvent event(widget, message);
-    QAccessible::updateAccessibility(&event);
-}
-
-#else
+#if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
 
 void announce(QWidget *widget, const QString &message)
 {

@@ -4,15 +4,7 @@
 #include <QAccessible>
 #include <QWidget>
 
-#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-
-void announce(QWidget *widget, const QString &message)
-{
-    QAccessibleAnnouncementEvent event(widget, message);
-    QAccessible::updateAccessibility(&event);
-}
-
-#else
+#if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
 
 // Screen readers of that time know no announcements, but read a notification as soon as it is said to show.
 void announce(QWidget *widget, const QString &message)
