@@ -18,7 +18,7 @@ int main()
     std::array name{'v', 'a', 'n', 't', 'l', 'e', '-', 's', 'e', 't', 't', 'i', 'n', 'g', 's', '\0'};
     std::array<char *, 2> arguments{name.data(), nullptr};
     int argumentCount = 1;
-    keepQuietAboutHelpers();
+    filterToolkitMessages();
     const LaunchToken token = launchToken();
     abandonSilentSessionBus(400ms); // the model waits too, and both together for less than a second
     Application application(argumentCount, arguments.data());

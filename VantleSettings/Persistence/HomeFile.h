@@ -27,8 +27,8 @@ auto load(const QString &relativePath, Decode decode) -> decltype(decode(Json::V
 
 /// Makes the directory where it is missing, then replaces the file's bytes in place. Whether it was written.
 /// A file that is there but holds no record is first copied beside itself, as `<name>.unreadable`, or with
-/// `-2` to
-/// `-9` after that where other bytes are there; the file is written whether or not it could be copied.
+/// `-2` to `-9` after that where other bytes are there; the file is written whether or not it could be
+/// copied.
 bool write(const QString &relativePath, const Json::Node &record,
            const std::function<bool(const Json::Value &)> &isRecord);
 

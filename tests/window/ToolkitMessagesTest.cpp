@@ -23,7 +23,7 @@ protected:
     {
         said.clear();
         m_before = qInstallMessageHandler(note);
-        keepQuietAboutHelpers();
+        filterToolkitMessages();
     }
     void TearDown() override { qInstallMessageHandler(m_before); }
 

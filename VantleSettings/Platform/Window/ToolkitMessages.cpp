@@ -37,22 +37,22 @@ QtMessageHandler &previousHandler()
     return handler;
 }
 
-bool isBeyondUs(const QMessageLogContext &context, const QString &message)
+bool isFiltered(const QMessageLogContext &context, const QString &message)
 {
     const std::string_view category = context.category ? context.category : "";
     return std::ranges::find(categories, category) != categories.end() ||
            std::ranges::any_of(beginnings, [&](QLatin1String each) { return message.startsWith(each); });
 }
 
-void say(QtMsgType type, const QMessageLogContext &context, const QString &message)
+void printUnlessFiltered(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (!isBeyondUs(context, message))
+    if (!isFiltered(context, message))
         previousHandler()(type, context, message);
 }
 
 } // namespace
 
-void keepQuietAboutHelpers()
+void filterToolkitMessages()
 {
-    previousHandler() = qInstallMessageHandler(say);
+    previousHandler() = qInstallMessageHandler(printUnlessFiltered);
 }

@@ -47,9 +47,10 @@ QString displayPath(const std::optional<QString> &root)
 
 std::optional<QString> subtitle(const std::optional<QString> &root)
 {
-    if (!root || root->isEmpty())
+    if (!isSet(root))
         return u"Click Choose… to point at a folder on disk."_s;
-    const QStringView folder = Path::lastComponent(*root);
+    const QString path = root.value_or(QString());
+    const QStringView folder = Path::lastComponent(path);
     return folder.isEmpty() ? std::nullopt : std::optional<QString>(u"Selected folder: "_s % folder);
 }
 
