@@ -35,6 +35,7 @@ welcome-dialog-last-shown-version='1000'
 
 class GnomeShell(Compositor):
     DARK = True  # as the program draws its frame itself
+
     def __init__(self, place, screen, scale, log):
         settings = place / "config/glib-2.0/settings/keyfile"
         settings.parent.mkdir(parents=True)
