@@ -52,10 +52,9 @@ RowList::RowList(RowDelegate delegate, QWidget *parent)
 
 RowList::~RowList() = default;
 
-bool RowList::setIds(std::vector<QUuid> ids)
+void RowList::setIds(std::vector<QUuid> ids)
 {
-    const bool changed = ids != m_ids;
-    if (changed) {
+    if (ids != m_ids) {
         keepRows(ids);
         m_ids = std::move(ids);
         expectHeights();
@@ -63,7 +62,6 @@ bool RowList::setIds(std::vector<QUuid> ids)
     for (const auto &[index, row] : m_rows)
         m_delegate.show(row.widget, index);
     refresh();
-    return changed;
 }
 
 QWidget *RowList::row(qsizetype index) const
@@ -208,22 +206,23 @@ void RowList::makeRow(qsizetype index)
     widget->show();
 }
 
-/// Lets the rows go that are not wanted; the one with the keyboard stays.
 void RowList::dropOutside(Range range)
 {
     if (count() <= virtualizationThreshold)
         return;
-    // The window's, which it has when another window has the keyboard, too.
-    const QWidget *focus = window()->focusWidget();
     std::erase_if(m_rows, [&](const auto &entry) {
         const auto &[index, row] = entry;
-        if ((index >= range.first && index < range.end) || holds(row.widget, focus))
+        if ((index >= range.first && index < range.end) || mustKeep(row.widget))
             return false;
-        if (m_delegate.leave)
-            m_delegate.leave(row.widget);
         discard(row);
         return true;
     });
+}
+
+bool RowList::mustKeep(const QWidget *row) const
+{
+    // The window's focus widget, which it also has while another window has the keyboard.
+    return holds(row, window()->focusWidget()) || (m_delegate.mustKeep && m_delegate.mustKeep(row));
 }
 
 void RowList::discard(const Row &row)

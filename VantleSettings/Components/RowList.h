@@ -11,8 +11,8 @@
 class QScrollArea;
 
 /// Rows one below the other with dividers between them, however many. Up to a hundred rows all exist; of a
-/// longer list only those in view do, besides the one that has the keyboard. A row lives as long as its id
-/// stays in the list and, in a long list, in view.
+/// longer list only those in view do, besides the one that has the keyboard and those that the delegate
+/// keeps. A row is deleted at the latest when its id leaves the list.
 class RowList : public QWidget
 {
     Q_OBJECT
@@ -27,8 +27,8 @@ public:
         /// Makes the function that says how high each row will probably be, in points; asked again after a
         /// change of the text size.
         std::function<std::function<int(qsizetype index)>()> expectedHeights;
-        /// Called before a row is deleted whose id may come back into view; may be empty.
-        std::function<void(QWidget *row)> leave;
+        /// Whether a row out of view has a state that only it knows, and so must not be deleted.
+        std::function<bool(const QWidget *row)> mustKeep = {};
     };
 
     static constexpr qsizetype virtualizationThreshold = 100;
@@ -37,8 +37,7 @@ public:
     ~RowList() override;
 
     /// Sets the ids of the rows, in order. Rows whose id stays are kept and updated.
-    /// True when the ids have changed.
-    bool setIds(std::vector<QUuid> ids);
+    void setIds(std::vector<QUuid> ids);
 
     /// The row at this place, or null where none exists at the moment.
     QWidget *row(qsizetype index) const;
@@ -77,6 +76,7 @@ private:
     void createMissingRows();
     void makeRow(qsizetype index);
     void dropOutside(Range range);
+    bool mustKeep(const QWidget *row) const;
     void discard(const Row &row);
     void place();
     void chainFocus(std::map<qsizetype, Row>::iterator row);

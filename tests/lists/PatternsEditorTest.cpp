@@ -198,44 +198,28 @@ TEST_F(PatternsEditorTest, TabMovesOn)
     EXPECT_TRUE(next->hasFocus());
 }
 
-TEST_F(PatternsEditorTest, AnUntouchedEditorHasNoStateToSave)
+TEST_F(PatternsEditorTest, IsTouchedByCaretSelectionScrollingAndEditsOnly)
 {
-    EXPECT_EQ(editor->saveState(), nullptr);
-    editor->setText(lines(20));
-    EXPECT_EQ(editor->saveState(), nullptr);
-}
-
-TEST_F(PatternsEditorTest, AnotherEditorRestoresCaretSelectionHistoryAndScrollPosition)
-{
+    EXPECT_FALSE(editor->isTouched());
     editor->setText(lines(20));
     QCoreApplication::sendPostedEvents();
-    QTest::keyClicks(editor, u"new"_s);
-    editor->moveCursor(QTextCursor::End);
-    editor->moveCursor(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
-    const int scroll = editor->verticalScrollBar()->value();
-    ASSERT_GT(scroll, 0);
-    std::unique_ptr<PatternsEditor::EditState> state = editor->saveState();
-    const QRect place = editor->geometry();
-    delete editor;
-
-    auto *other = new PatternsEditor(&window);
-    other->setGeometry(place);
-    other->show();
-    other->restoreState(std::move(state));
-    EXPECT_EQ(other->text(), u"new"_s + lines(20));
-    EXPECT_EQ(other->textCursor().selectedText(), u"a");
-    EXPECT_EQ(other->verticalScrollBar()->value(), scroll);
-    other->undo();
-    EXPECT_EQ(other->text(), lines(20));
-}
-
-TEST_F(PatternsEditorTest, ASavedStateMayOutliveAllEditors)
-{
-    editor->setText(u"a"_s);
+    EXPECT_FALSE(editor->isTouched());
+    editor->moveCursor(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    EXPECT_TRUE(editor->isTouched());
+    editor->moveCursor(QTextCursor::Start);
+    EXPECT_FALSE(editor->isTouched());
+    editor->verticalScrollBar()->setValue(1);
+    EXPECT_TRUE(editor->isTouched());
+    editor->verticalScrollBar()->setValue(0);
+    EXPECT_FALSE(editor->isTouched());
     QTest::keyClicks(editor, u"b"_s);
-    const std::unique_ptr<PatternsEditor::EditState> state = editor->saveState();
-    delete editor;
-    EXPECT_EQ(state->text, u"ba");
+    editor->moveCursor(QTextCursor::Start);
+    EXPECT_TRUE(editor->isTouched());
+    editor->undo();
+    editor->moveCursor(QTextCursor::Start);
+    EXPECT_TRUE(editor->isTouched()); // it can be done again
+    editor->setText(u"another"_s);
+    EXPECT_FALSE(editor->isTouched());
 }
 
 TEST_F(PatternsEditorTest, AFingerScrollsIt)

@@ -75,30 +75,11 @@ void PatternsEditor::setText(const QString &text)
     fitHeight();
 }
 
-std::unique_ptr<PatternsEditor::EditState> PatternsEditor::saveState()
+bool PatternsEditor::isTouched() const
 {
     const QTextCursor cursor = textCursor();
-    const int scroll = verticalScrollBar()->value();
-    const bool untouched = !document()->isUndoAvailable() && !document()->isRedoAvailable();
-    if (untouched && cursor.position() == 0 && cursor.anchor() == 0 && scroll == 0)
-        return nullptr;
-    auto state = std::make_unique<EditState>(
-        EditState{std::exchange(m_text, {}), std::unique_ptr<QTextDocument>(document()), cursor, scroll});
-    state->document->setParent(nullptr);
-    const QSignalBlocker ours(this);
-    setDocument(nullptr);
-    return state;
-}
-
-void PatternsEditor::restoreState(std::unique_ptr<EditState> state)
-{
-    const QSignalBlocker ours(this);
-    m_text = state->text;
-    state->document->setParent(this);
-    setDocument(state->document.release());
-    setTextCursor(state->cursor);
-    verticalScrollBar()->setValue(state->scroll);
-    fitHeight();
+    return document()->isUndoAvailable() || document()->isRedoAvailable() || cursor.position() != 0 ||
+           cursor.anchor() != 0 || verticalScrollBar()->value() != 0;
 }
 
 QSize PatternsEditor::sizeHint() const

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <QPlainTextEdit>
-#include <QTextCursor>
 
 #include <functional>
-#include <memory>
 
 /// A small editor for a list with one entry per line. It grows with its text between two heights and scrolls
 /// beyond; Tab moves on. Everything put into it is plain text. The middle of a text that would take too long
@@ -14,14 +12,6 @@ class PatternsEditor : public QPlainTextEdit
     Q_OBJECT
 
 public:
-    /// The state of an editor that another editor with the same text can restore.
-    struct EditState {
-        QString text;
-        std::unique_ptr<QTextDocument> document; ///< with its undo history
-        QTextCursor cursor;                      ///< caret and selection
-        int scroll = 0;
-    };
-
     static constexpr int minimumHeight = 70;
     static constexpr int maximumHeight = 96;
     /// Tells the height for a number of lines, none of them wrapped, under the fonts of this moment.
@@ -34,9 +24,9 @@ public:
     /// Shows another text; caret, selection and undo history stay where it is the same one.
     void setText(const QString &text);
 
-    /// Moves the state out of this editor, which is empty afterwards; null where there is nothing to keep.
-    std::unique_ptr<EditState> saveState();
-    void restoreState(std::unique_ptr<EditState> state);
+    /// Whether another editor that shows the same text would differ: in caret, selection, place of scrolling
+    /// or undo history.
+    bool isTouched() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

@@ -6,6 +6,7 @@
 #include "Components/SettingsGroup.h"
 #include "Components/SymbolLabel.h"
 #include "Components/Text/Label.h"
+#include "Components/Text/PatternsEditor.h"
 #include "Model/SettingsModel.h"
 #include "Platform/Window/Accessibility/Announcement.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
@@ -57,11 +58,6 @@ BrowserPatternsSection::BrowserPatternsSection(SettingsModel &model, QWidget *pa
     renderPage(model, [this] { render(); });
 }
 
-BrowserPatternsSection::~BrowserPatternsSection()
-{
-    delete m_rows; // they save their editors' state in this page
-}
-
 RowList *BrowserPatternsSection::projectRows()
 {
     const auto project = [this](qsizetype index) -> const BrowserConfigProject & {
@@ -71,10 +67,8 @@ RowList *BrowserPatternsSection::projectRows()
         .make =
             [this, project](qsizetype index, QWidget *list) {
                 auto *row = new ProjectRow(project(index), list);
-                if (auto left = m_editStates.extract(row->id()))
-                    row->editor().restoreState(std::move(left.mapped()));
                 connect(&row->editor(), &PatternsEditor::edited, this,
-                        [this, id = row->id()](const QString &urls) { edit(id, urls); });
+                        [this, id = project(index).id](const QString &urls) { edit(id, urls); });
                 return row;
             },
         .show =
@@ -87,12 +81,8 @@ RowList *BrowserPatternsSection::projectRows()
                     return height(project(index));
                 };
             },
-        .leave =
-            [this](QWidget *widget) {
-                auto *row = static_cast<ProjectRow *>(widget);
-                if (auto state = row->editor().saveState())
-                    m_editStates[row->id()] = std::move(state);
-            },
+        .mustKeep =
+            [](const QWidget *row) { return static_cast<const ProjectRow *>(row)->editor().isTouched(); },
     });
 }
 
@@ -118,19 +108,8 @@ void BrowserPatternsSection::render()
     std::transform(projects.begin(), projects.end(), ids.begin(), std::mem_fn(&BrowserConfigProject::id));
     m_noProjects->setVisible(projects.empty());
     m_rows->setVisible(!projects.empty());
-    if (m_rows->setIds(std::move(ids)))
-        forgetEditStates();
+    m_rows->setIds(std::move(ids));
     m_save->setEnabled(!projects.empty());
-}
-
-/// What was done to projects that are no longer listed.
-void BrowserPatternsSection::forgetEditStates()
-{
-    const std::vector<BrowserConfigProject> &projects = m_model.projects;
-    std::erase_if(m_editStates, [&](const auto &state) {
-        return std::none_of(projects.begin(), projects.end(),
-                            [&](const BrowserConfigProject &project) { return project.id == state.first; });
-    });
 }
 
 void BrowserPatternsSection::edit(const QUuid &id, const QString &urls)

@@ -1,12 +1,8 @@
 #pragma once
 
-#include "Components/Text/PatternsEditor.h"
 #include "SettingsWindow/Sections/SectionContent.h"
 
 #include <QUuid>
-
-#include <map>
-#include <memory>
 
 class RowList;
 class SettingsModel;
@@ -19,13 +15,11 @@ class BrowserPatternsSection : public SectionContent
 
 public:
     explicit BrowserPatternsSection(SettingsModel &model, QWidget *parent = nullptr);
-    ~BrowserPatternsSection() override;
 
 private:
     RowList *projectRows();
     QWidget *saveLine();
     void render();
-    void forgetEditStates();
     void edit(const QUuid &id, const QString &urls);
     void save();
 
@@ -33,6 +27,4 @@ private:
     QWidget *m_noProjects;
     RowList *m_rows;
     QWidget *m_save = nullptr;
-    /// What the user has done in editors that are out of view.
-    std::map<QUuid, std::unique_ptr<PatternsEditor::EditState>> m_editStates;
 };

@@ -88,7 +88,6 @@ RowList *PlanningSection::projectRows()
         .show = [](QWidget *row, qsizetype) { static_cast<PlanningProjectRow *>(row)->render(); },
         .expectedHeights =
             [] { return [height = PlanningProjectRow::expectedHeight()](qsizetype) { return height; }; },
-        .leave = {},
     });
 }
 

@@ -52,7 +52,7 @@ protected:
 } // namespace
 
 ProjectRow::ProjectRow(const BrowserConfigProject &project, QWidget *parent)
-    : QWidget(parent), m_id(project.id), m_editor(new PatternsEditor)
+    : QWidget(parent), m_editor(new PatternsEditor)
 {
     auto *name = new ElidedLabel(Path::lastComponent(project.root).toString(), TextStyle::size13Semibold);
     auto *root = new ElidedLabel(project.root, TextStyle::size11, TextColor::secondary);

@@ -19,10 +19,8 @@ public:
     /// Tells the height of a project's row where none of its patterns wraps, under the fonts of this moment.
     static std::function<int(const BrowserConfigProject &project)> expectedHeight();
 
-    const QUuid &id() const { return m_id; }
     PatternsEditor &editor() const { return *m_editor; }
 
 private:
-    QUuid m_id;
     PatternsEditor *m_editor;
 };
