@@ -7,7 +7,7 @@ sources() {
 }
 
 # The C++ files that differ from what has landed. Where nothing does, as in a fresh clone, those of the newest
-# commits, up to eight: all are checked by `./test --all`.
+# commits, up to four: all are checked by `./test --all`.
 changedSources() {
     local base
     base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify 'HEAD~1' || true)
@@ -16,7 +16,7 @@ changedSources() {
         git ls-files --others --exclude-standard -- '*.cpp' '*.h'
     } | sort -u >build/log/changed
     if [ ! -s build/log/changed ]; then
-        git log --format= --name-only -n 20 -- '*.cpp' '*.h' | awk '!seen[$0]++ && ++count <= 8' >build/log/changed
+        git log --format= --name-only -n 20 -- '*.cpp' '*.h' | awk '!seen[$0]++ && ++count <= 4' >build/log/changed
     fi
     cat build/log/changed
 }

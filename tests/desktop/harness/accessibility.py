@@ -198,17 +198,21 @@ class Control:
 
     def walk(self):
         """The control and everything below it, in reading order."""
-        yield self
-        if self.name == "Files" and self.role in ("list", "tree"):
+        return (control for control, _ in self._walk())
+
+    def _walk(self):
+        role = self.role
+        yield self, role
+        if role in ("list", "tree") and self.name == "Files":
             return  # the toolkit complains when its file dialog is asked for a file while it reads the folder
         for child in self.children:
-            yield from child.walk()
+            yield from child._walk()
 
     def find_all(self, role, name=None):
         """Everything of that role (or one of several) whose name, or the name of whose label, is as given."""
         roles = (role,) if isinstance(role, str) else role
-        return [control for control in self.walk()
-                if control.role in roles and (name is None or control.name == name or name in control.labels)]
+        return [control for control, its in self._walk()
+                if its in roles and (name is None or control.name == name or name in control.labels)]
 
     def find(self, role, name=None, showing=True):
         """The one such control, waited for until it shows."""
