@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -107,20 +108,13 @@ TextBlock::TextBlock(const QString &text, const QFont &font, TextFlow flow)
     // A path begins with its root, whatever script its folders are written in.
     option.setTextDirection(text.startsWith(u'/') ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
     m_layout.setTextOption(option);
-    m_layout.beginLayout();
-}
-
-int TextBlock::naturalWidth()
-{
-    if (!m_naturalWidth) {
-        createLines(m_layout, unlimited, 0);
-        m_width.reset();
-        qreal widest = 0;
-        for (int i = 0; i < m_layout.lineCount(); ++i)
-            widest = std::max(widest, m_layout.lineAt(i).horizontalAdvance());
-        m_naturalWidth = int(std::ceil(widest));
-    }
-    return *m_naturalWidth;
+    m_layout.setCacheEnabled(true); // keeps the shapes of an ended layout as well
+    begin();
+    createLines(m_layout, unlimited, 0);
+    qreal widest = 0;
+    for (int i = 0; i < m_layout.lineCount(); ++i)
+        widest = std::max(widest, m_layout.lineAt(i).horizontalAdvance());
+    m_naturalWidth = int(std::ceil(widest));
 }
 
 bool TextBlock::isElided(int width)
@@ -142,7 +136,7 @@ int TextBlock::lineCount(int width)
 
 std::vector<QString> TextBlock::lines(int width)
 {
-    breakAt(width);
+    layOut(width);
     std::vector<QString> lines;
     lines.reserve(size_t(m_wholeLines) + 1);
     for (int i = 0; i < m_wholeLines; ++i)
@@ -155,7 +149,7 @@ std::vector<QString> TextBlock::lines(int width)
 void TextBlock::draw(QPainter &painter, const QRect &box, qreal share, int lineHeight, int lineGap)
 {
     const int count = lineCount(box.width());
-    breakAt(box.width());
+    layOut(box.width());
     const int height = count * (lineHeight + lineGap) - lineGap;
     qreal baseline =
         std::round(box.top() + (box.height() - height) / 2.0 + QFontMetricsF(m_layout.font()).ascent());
@@ -167,11 +161,18 @@ void TextBlock::draw(QPainter &painter, const QRect &box, qreal share, int lineH
     }
 }
 
+void TextBlock::begin()
+{
+    if (!std::exchange(m_isBegun, true))
+        m_layout.beginLayout();
+}
+
 void TextBlock::breakAt(int width)
 {
     if (width == m_width)
         return;
-    const bool fits = naturalWidth() <= width;
+    begin();
+    const bool fits = m_naturalWidth <= width;
     const qreal room = fits ? unlimited : m_flow.balanced ? balancedWidth(m_layout, width) : width;
     createLines(m_layout, room, m_flow.maximumLines);
     m_width = width;
@@ -184,6 +185,14 @@ void TextBlock::breakAt(int width)
     }
 }
 
+/// Breaks the text at this width and ends the layout: lines are drawn of ended ones only.
+void TextBlock::layOut(int width)
+{
+    breakAt(width);
+    if (std::exchange(m_isBegun, false))
+        m_layout.endLayout();
+}
+
 std::unique_ptr<QTextLayout> TextBlock::elideLastLine(qsizetype start, int width)
 {
     const QString rest = onOneLine(m_layout.text().mid(start)).remove(wordJoiner);
@@ -191,7 +200,9 @@ std::unique_ptr<QTextLayout> TextBlock::elideLastLine(qsizetype start, int width
     m_isCut = elided != rest;
     auto line = std::make_unique<QTextLayout>(elided, m_layout.font());
     line->setTextOption(m_layout.textOption());
+    line->setCacheEnabled(true);
     line->beginLayout();
     line->createLine().setLineWidth(unlimited);
+    line->endLayout();
     return line;
 }

@@ -16,15 +16,19 @@ struct TextFlow {
     bool canShrink = true; ///< may become narrower than the text on one line
 };
 
-/// A text in a font, shaped once, then measured, broken into lines and drawn at whatever width is asked for.
-/// Widths are in points. The text's own line breaks hold, except in the last line that a limit allows.
+/// A text in a font, measured, broken into lines and drawn at whatever width is asked for. Widths are in
+/// points. The text's own line breaks hold, except in the last line that a limit allows.
+///
+/// No label of the toolkit knows a limit of lines or balanced ones, and shaping is the dearest part of a
+/// start: the toolkit's layout stays begun, and so keeps its shapes, while the window tries widths, until the
+/// first drawing.
 class TextBlock
 {
 public:
     TextBlock(const QString &text, const QFont &font, TextFlow flow);
 
     /// What the text takes where nothing limits it, rounded up.
-    int naturalWidth();
+    int naturalWidth() const { return m_naturalWidth; }
 
     /// Whether something is left out at this width.
     bool isElided(int width);
@@ -40,16 +44,19 @@ public:
     void draw(QPainter &painter, const QRect &box, qreal share, int lineHeight, int lineGap);
 
 private:
+    void begin();
     void breakAt(int width);
+    void layOut(int width);
     std::unique_ptr<QTextLayout> elideLastLine(qsizetype start, int width);
 
     TextFlow m_flow;
-    bool m_isShortened;   ///< before it was laid out, which would take too long for all of it
-    QTextLayout m_layout; ///< begun and never ended, which would forget the shapes
-    std::unique_ptr<QTextLayout> m_elidedLine; ///< the last line where something is left out in it
+    bool m_isShortened; ///< before it was laid out, which would take too long for all of it
+    QTextLayout m_layout;
+    bool m_isBegun = false; ///< the layout is begun and not ended
+    int m_naturalWidth;
+    std::optional<int> m_width;                ///< of the present lines, which are these:
+    int m_wholeLines = 0;                      ///< those of the layout, and after them
+    std::unique_ptr<QTextLayout> m_elidedLine; ///< the last line where not all of them are drawn
     bool m_isCut = false;                      ///< something is left out in that line
-    int m_wholeLines = 0;                      ///< before that one
-    std::optional<int> m_width;                ///< of the present lines
-    std::optional<int> m_naturalWidth;
-    std::map<int, int> m_lineCounts; ///< by width
+    std::map<int, int> m_lineCounts;           ///< by width
 };
