@@ -1,5 +1,5 @@
 #include "AppDelegate/SettingsAppDelegate.h"
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Platform/Agent/SessionBus.h"
 #include "Platform/Window/Application.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 #include "FakeServices.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Foundation/Seam.h"

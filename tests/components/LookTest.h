@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 
 #include <QAccessible>
 #include <QApplication>

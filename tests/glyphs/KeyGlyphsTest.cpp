@@ -1,5 +1,5 @@
 #include "Components/Drawing/Tokens.h"
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Platform/Desktop/Appearance/FontRegistry.h"
 

@@ -2,7 +2,7 @@
 #include "Components/Drawing/Tokens.h"
 #include "Components/SettingsGroup.h"
 #include "Components/SettingsRow.h"
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 #include "Components/Text/Label.h"
 #include "FakeFonts.h"
 #include "Finding.h"

@@ -1,7 +1,7 @@
 #include "Components/Buttons.h"
 #include "Components/Drawing/Tokens.h"
 #include "Components/Picker.h"
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 #include "Components/Text/Label.h"
 #include "FakeFonts.h"
 #include "Finding.h"

@@ -1,5 +1,5 @@
 #include "Components/Drawing/Tokens.h"
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 #include "Components/Switch.h"
 #include "Components/Text/Label.h"
 #include "Platform/Desktop/Appearance/Palette.h"

@@ -1,4 +1,4 @@
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
 #include "Platform/Desktop/Appearance/FontRegistry.h"

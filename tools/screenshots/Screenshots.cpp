@@ -1,7 +1,7 @@
 #include "Screenshots.h"
 
 #include "Alerts.h"
-#include "Components/Style/SettingsStyle.h"
+#include "Components/Style/Look.h"
 #include "FontRegistration/FontRegistration.h"
 #include "Gallery.h"
 #include "PageStates.h"

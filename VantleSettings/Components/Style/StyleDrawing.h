@@ -10,7 +10,7 @@ class QStyleOptionMenuItem;
 class QStyleOptionSlider;
 class QWidget;
 
-/// What SettingsStyle draws, control by control. Sizes include their padding.
+/// What ControlStyle draws, control by control. Sizes include their padding.
 namespace StyleDrawing
 {
 
