@@ -16,8 +16,6 @@
 namespace
 {
 
-constexpr int dividerHeight = 1;
-
 int heightOf(const QWidget *row, int width)
 {
     return row->hasHeightForWidth() ? row->heightForWidth(width) : row->sizeHint().height();
@@ -72,7 +70,7 @@ QWidget *RowList::row(qsizetype index) const
 
 QSize RowList::sizeHint() const
 {
-    return {0, m_tops.back()};
+    return {0, m_geometry.totalHeight()};
 }
 
 /// Moves the rows whose ids stay to their new places and lets the others go.
@@ -96,19 +94,10 @@ void RowList::keepRows(const std::vector<QUuid> &ids)
 void RowList::expectHeights()
 {
     const auto expectedHeight = m_delegate.expectedHeights();
-    m_heights.resize(m_ids.size());
+    std::vector<int> heights(m_ids.size());
     for (qsizetype index = 0; index < count(); ++index)
-        m_heights[size_t(index)] = expectedHeight(index);
-    addUpTops();
-}
-
-void RowList::addUpTops()
-{
-    m_tops.resize(m_heights.size() + 1);
-    m_tops[0] = 0;
-    for (size_t index = 0; index < m_heights.size(); ++index)
-        m_tops[index + 1] =
-            m_tops[index] + m_heights[index] + (index + 1 < m_heights.size() ? dividerHeight : 0);
+        heights[size_t(index)] = expectedHeight(index);
+    m_geometry.setHeights(std::move(heights));
     updateGeometry();
 }
 
@@ -117,18 +106,20 @@ void RowList::addUpTops()
 bool RowList::measure()
 {
     const int inView = m_scrollArea ? mapFrom(m_scrollArea->viewport(), QPoint()).y() : 0;
+    std::map<qsizetype, int> changed;
     int grownAbove = 0;
-    bool changed = false;
     for (const auto &[index, row] : m_rows) {
         const int height = heightOf(row.widget, width());
-        const int difference = height - std::exchange(m_heights[size_t(index)], height);
-        changed |= difference != 0;
-        if (top(index + 1) <= inView)
+        const int difference = height - m_geometry.height(index);
+        if (difference != 0)
+            changed[index] = height;
+        if (m_geometry.top(index + 1) <= inView)
             grownAbove += difference;
     }
-    if (!changed)
+    if (changed.empty())
         return false;
-    addUpTops();
+    m_geometry.changeHeights(changed);
+    updateGeometry();
     if (grownAbove != 0) {
         QScrollBar *bar = m_scrollArea->verticalScrollBar();
         bar->setValue(bar->value() + grownAbove);
@@ -145,9 +136,7 @@ RowList::Range RowList::wanted() const
         return {0, 0};
     const QWidget *viewport = m_scrollArea->viewport();
     const int from = mapFrom(viewport, QPoint()).y();
-    const auto first = std::upper_bound(m_tops.begin() + 1, m_tops.end(), from);
-    const auto end = std::lower_bound(first, m_tops.end() - 1, from + viewport->height());
-    return {first - m_tops.begin() - 1, std::min(qsizetype(end - m_tops.begin()), count())};
+    return m_geometry.rowsBetween(from, from + viewport->height());
 }
 
 void RowList::watchScrollArea()
@@ -197,7 +186,7 @@ void RowList::makeRow(qsizetype index)
 {
     QWidget *widget = m_delegate.make(index, this);
     const auto row = m_rows.emplace(index, Row{widget, nullptr}).first;
-    widget->setGeometry(0, top(index), width(), m_heights[size_t(index)]);
+    widget->setGeometry(0, m_geometry.top(index), width(), m_geometry.height(index));
     const auto next = std::next(row);
     if (next != m_rows.end())
         widget->stackUnder(next->second.widget); // the order in which screen readers find the rows
@@ -212,7 +201,7 @@ void RowList::dropOutside(Range range)
         return;
     std::erase_if(m_rows, [&](const auto &entry) {
         const auto &[index, row] = entry;
-        if ((index >= range.first && index < range.end) || mustKeep(row.widget))
+        if (range.contains(index) || mustKeep(row.widget))
             return false;
         discard(row);
         return true;
@@ -238,14 +227,16 @@ void RowList::discard(const Row &row)
 void RowList::place()
 {
     for (auto &[index, row] : m_rows) {
-        row.widget->setGeometry(0, top(index), width(), m_heights[size_t(index)]);
+        const int top = m_geometry.top(index);
+        const int height = m_geometry.height(index);
+        row.widget->setGeometry(0, top, width(), height);
         const bool last = index + 1 == count();
         if (!last && !row.divider)
             row.divider = new SettingsRowDivider(this);
         if (!row.divider)
             continue;
         row.divider->setVisible(!last);
-        row.divider->setGeometry(0, top(index) + m_heights[size_t(index)], width(), dividerHeight);
+        row.divider->setGeometry(0, top + height, width(), RowGeometry::dividerHeight);
     }
 }
 

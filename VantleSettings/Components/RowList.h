@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Components/RowGeometry.h"
+
 #include <QPointer>
 #include <QUuid>
 #include <QWidget>
@@ -59,16 +61,11 @@ private:
         QWidget *widget;
         QWidget *divider; ///< below the row; none below the last
     };
-    struct Range {
-        qsizetype first;
-        qsizetype end;
-    };
+    using Range = RowGeometry::Range;
 
     qsizetype count() const { return qsizetype(m_ids.size()); }
-    int top(qsizetype index) const { return m_tops[size_t(index)]; }
     void keepRows(const std::vector<QUuid> &ids);
     void expectHeights();
-    void addUpTops();
     bool measure();
     Range wanted() const;
     void watchScrollArea();
@@ -84,8 +81,7 @@ private:
     RowDelegate m_delegate;
     QWidget *m_start; ///< invisible; marks where the rows begin in the tab order
     std::vector<QUuid> m_ids;
-    std::vector<int> m_heights; ///< of rows without their dividers
-    std::vector<int> m_tops{0}; ///< of every row and of the end
+    RowGeometry m_geometry;
     std::map<qsizetype, Row> m_rows;
     QPointer<QScrollArea> m_scrollArea;
     bool m_updating = false;

@@ -4,14 +4,16 @@
 #include "Components/Drawing/Tokens.h"
 #include "Components/RowList.h"
 #include "Components/SettingsGroup.h"
-#include "Components/SymbolLabel.h"
 #include "Components/Text/Label.h"
 #include "Components/Text/PatternsEditor.h"
 #include "Model/SettingsModel.h"
+#include "Platform/Desktop/Appearance/Symbol.h"
+#include "Platform/Window/Accessibility/AccessibleRole.h"
 #include "Platform/Window/Accessibility/Announcement.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 
 #include <QHBoxLayout>
+#include <QPainter>
 
 #include <algorithm>
 #include <functional>
@@ -25,6 +27,27 @@ namespace
 constexpr int noProjectsPaddingVertical = 14;
 constexpr int noProjectsGap = 8;
 constexpr qreal noProjectsSymbolSize = 13;
+
+/// A symbol in the secondary colour beside a text. Decoration: not in the accessibility tree.
+class SymbolLabel : public QWidget
+{
+public:
+    explicit SymbolLabel(Symbol symbol) : m_symbol(std::move(symbol))
+    {
+        setFixedSize(symbolExtent(m_symbol.pointSize), symbolExtent(m_symbol.pointSize));
+        markAsDecoration(this);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        drawSymbol(painter, m_symbol, rect(), textColor(TextColor::secondary));
+    }
+
+private:
+    const Symbol m_symbol;
+};
 
 /// What the page shows before any project is known.
 QWidget *noProjectsRow()

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <map>
+#include <vector>
+
+/// Where rows lie one below the other, with dividers between them. Heights are those of rows without their
+/// dividers, in pixels.
+class RowGeometry
+{
+public:
+    static constexpr int dividerHeight = 1;
+
+    /// The rows from `first` to the one before `end`.
+    struct Range {
+        qsizetype first;
+        qsizetype end;
+
+        bool contains(qsizetype index) const { return index >= first && index < end; }
+    };
+
+    void setHeights(std::vector<int> heights);
+    /// Sets the heights of the rows at these places.
+    void changeHeights(const std::map<qsizetype, int> &heights);
+
+    qsizetype count() const { return qsizetype(m_heights.size()); }
+    int height(qsizetype index) const { return m_heights[size_t(index)]; }
+    /// The top of a row, or with the count of rows the end of all.
+    int top(qsizetype index) const { return m_tops[size_t(index)]; }
+    int totalHeight() const { return m_tops.back(); }
+
+    /// The rows that lie, at least in part, between these places.
+    Range rowsBetween(int top, int bottom) const;
+
+private:
+    void addUpTops();
+
+    std::vector<int> m_heights;
+    std::vector<int> m_tops{0}; ///< of every row and of the end
+};
