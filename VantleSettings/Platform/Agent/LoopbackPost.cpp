@@ -3,14 +3,15 @@
 #include "Platform/Agent/detail/LoopbackTransfer.h"
 
 #include <QByteArray>
-#include <QDeadlineTimer>
-#include <QObject>
 
-#include <poll.h>
+#include <pthread.h>
 
-#include <algorithm>
-#include <array>
+#include <condition_variable>
+#include <csignal>
 #include <deque>
+#include <mutex>
+#include <system_error>
+#include <thread>
 
 namespace
 {
@@ -26,78 +27,62 @@ struct Request {
     }
 };
 
-/// Keeps what was posted in order and has six requests under way at most: what a listener with the shortest
-/// usual backlog can hold, and what bounds our descriptors.
-class SocketLoopbackPost : public QObject, public LoopbackPost
+/// Blocking transfers on threads that end when nothing waits any more. At most six at a time: what a listener
+/// with the shortest usual backlog can hold, and what bounds our descriptors.
+class ThreadedLoopbackPost : public LoopbackPost
 {
 public:
-    SocketLoopbackPost()
-    {
-        for (auto &transfer : m_transfers)
-            connect(&transfer, &LoopbackTransfer::ended, this, &SocketLoopbackPost::startWaiting);
-    }
-
     void post(const QUrl &url) override
     {
+        const std::scoped_lock lock(m_mutex);
         m_waiting.push_back({static_cast<quint16>(url.port(80)), url.path(QUrl::FullyEncoded).toLatin1()});
-        startWaiting();
+        if (m_threadCount < maximumThreadCount)
+            startThread();
     }
 
     void finish(std::chrono::milliseconds limit) override
     {
-        const QDeadlineTimer deadline(limit);
-        while (isPending() && !deadline.hasExpired()) {
-            waitForAny(static_cast<int>(deadline.remainingTime()));
-            for (auto &transfer : m_transfers) {
-                transfer.proceed();
-                if (!transfer.isAwaited())
-                    transfer.stop();
-            }
-            startWaiting();
-        }
+        std::unique_lock lock(m_mutex);
+        m_threadEnded.wait_for(lock, limit, [this] { return m_threadCount == 0; });
         m_waiting.clear();
-        for (auto &transfer : m_transfers)
-            transfer.stop();
     }
 
 private:
-    bool isPending() const
+    void startThread()
     {
-        return !m_waiting.empty() || std::ranges::any_of(m_transfers, &LoopbackTransfer::isAwaited);
+        try {
+            std::thread([this] { transferWaiting(); }).detach();
+            ++m_threadCount;
+        } catch (const std::system_error &) {
+            // The system has no more threads: those that run send what waits, or the next one that can be
+            // had.
+        }
     }
 
-    /// Tries each free transfer once. Where no agent listens that ends at once, and the rest gets its turn
-    /// later: many in a row would hold up the window.
-    void startWaiting()
+    void transferWaiting()
     {
-        for (auto &transfer : m_transfers) {
-            if (m_waiting.empty())
-                return;
-            if (!transfer.isFree())
-                continue;
-            transfer.start(m_waiting.front().port, m_waiting.front().bytes());
+        // Signals are the main thread's.
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_BLOCK, &all, nullptr);
+
+        std::unique_lock lock(m_mutex);
+        while (!m_waiting.empty()) {
+            const Request request = m_waiting.front();
             m_waiting.pop_front();
+            lock.unlock();
+            transfer(request.port, request.bytes(), timeout);
+            lock.lock();
         }
-        const auto isFree = std::ranges::any_of(m_transfers, &LoopbackTransfer::isFree);
-        if (isFree && !m_waiting.empty())
-            QMetaObject::invokeMethod(this, &SocketLoopbackPost::startWaiting, Qt::QueuedConnection);
+        --m_threadCount;
+        m_threadEnded.notify_all();
     }
 
-    void waitForAny(int milliseconds)
-    {
-        std::array<pollfd, transferCount> sockets{};
-        nfds_t count = 0;
-        for (const auto &transfer : m_transfers) {
-            if (!transfer.isFree())
-                sockets.at(count++) = {transfer.socket(), transfer.awaitedEvents(), 0};
-        }
-        if (count > 0)
-            ::poll(sockets.data(), count, milliseconds);
-    }
-
-    static constexpr std::size_t transferCount = 6;
-    std::array<LoopbackTransfer, transferCount> m_transfers;
+    static constexpr int maximumThreadCount = 6;
+    std::mutex m_mutex;
+    std::condition_variable m_threadEnded;
     std::deque<Request> m_waiting;
+    int m_threadCount = 0;
 };
 
 } // namespace
@@ -106,6 +91,7 @@ LoopbackPost::~LoopbackPost() = default;
 
 LoopbackPost &LoopbackPost::system()
 {
-    static SocketLoopbackPost post;
-    return post;
+    // Never destroyed: a thread may still wait for a silent listener when the program ends.
+    static auto *post = new ThreadedLoopbackPost;
+    return *post;
 }
