@@ -22,7 +22,7 @@ constexpr std::uint16_t keypadEnter = 76;
 
 XkbKeymap keymap(const char *layout, const char *variant = "")
 {
-    auto made = XkbKeymap::fromNames({.layout = layout, .variant = variant});
+    auto made = XkbKeymap::fromNames(layout, variant);
     if (!made)
         throw std::runtime_error(std::string("no keymap of ") + layout);
     return std::move(*made);
@@ -98,9 +98,18 @@ TEST(XkbKeymap, AGroupBeyondTheLastGoesRoundAmongTheKeysOwn)
     EXPECT_EQ(printed(keymap("us"), {keyQ}, 3), u"q"_s);
 }
 
+TEST(XkbKeymap, AnEmptyNameIsTheDefaultOfTheLibrary)
+{
+    qunsetenv("XKB_DEFAULT_LAYOUT");
+    EXPECT_EQ(printed(keymap(""), {keyY}), u"y"_s);
+    qputenv("XKB_DEFAULT_LAYOUT", "de");
+    EXPECT_EQ(printed(keymap(""), {keyY}), u"z"_s);
+    qunsetenv("XKB_DEFAULT_LAYOUT");
+}
+
 TEST(XkbKeymap, WhatCannotBeMadeIsNothing)
 {
-    EXPECT_FALSE(XkbKeymap::fromNames({.layout = "no-such-layout"}));
+    EXPECT_FALSE(XkbKeymap::fromNames("no-such-layout", {}));
     EXPECT_FALSE(XkbKeymap::fromText("no keymap"));
     EXPECT_FALSE(XkbKeymap::fromText({}));
 }

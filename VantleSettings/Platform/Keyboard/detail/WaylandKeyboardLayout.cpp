@@ -1,7 +1,6 @@
 #include "Platform/Keyboard/detail/WaylandKeyboardLayout.h"
 
 #include "Platform/Keyboard/USKeyboardLayout.h"
-#include "Platform/Keyboard/detail/KeyboardConfiguration.h"
 
 #include <QFile>
 
@@ -95,12 +94,9 @@ std::optional<QString> WaylandKeyboardLayout::printedText(std::uint16_t virtualK
 {
     if (m_keymap)
         return m_keymap->printedText(virtualKeyCode, 0);
-    if (!m_configured) {
-        if (const auto names = configuredKeyboard())
-            m_configured = XkbKeymap::fromNames(*names);
-    }
-    return m_configured ? m_configured->printedText(virtualKeyCode, 0)
-                        : USKeyboardLayout::printed(virtualKeyCode);
+    if (!m_default)
+        m_default = XkbKeymap::fromNames({}, {});
+    return m_default ? m_default->printedText(virtualKeyCode, 0) : USKeyboardLayout::printed(virtualKeyCode);
 }
 
 void WaylandKeyboardLayout::readEvents()

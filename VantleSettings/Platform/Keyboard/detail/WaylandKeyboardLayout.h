@@ -13,7 +13,7 @@
 
 /// The keymap of the compositor, over a connection of its own. Which of several layouts is in force, a
 /// compositor tells the window with the focus only, so the first Latin one stands for all. Where the
-/// compositor has no keyboard, the system's configured layout holds, else the US one.
+/// compositor has no keyboard, the default of the keymap library holds.
 class WaylandKeyboardLayout : public KeyboardLayout
 {
     Q_OBJECT
@@ -52,6 +52,6 @@ private:
     Owned<wl_seat> m_seat;
     Owned<wl_keyboard> m_keyboard;
     QSocketNotifier m_notifier;
-    std::optional<XkbKeymap> m_keymap;     ///< the compositor's
-    std::optional<XkbKeymap> m_configured; ///< the system's, where the compositor has none
+    std::optional<XkbKeymap> m_keymap;  ///< the compositor's
+    std::optional<XkbKeymap> m_default; ///< where the compositor has none
 };

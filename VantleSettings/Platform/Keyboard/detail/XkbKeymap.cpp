@@ -49,12 +49,11 @@ std::optional<XkbKeymap> XkbKeymap::fromText(const QByteArray &text)
                           : nullptr);
 }
 
-std::optional<XkbKeymap> XkbKeymap::fromNames(const Names &names)
+std::optional<XkbKeymap> XkbKeymap::fromNames(const QByteArray &layout, const QByteArray &variant)
 {
-    const xkb_rule_names wanted{nullptr, names.model.constData(), names.layout.constData(),
-                                names.variant.constData(), names.options.constData()};
+    const xkb_rule_names names{nullptr, nullptr, layout.constData(), variant.constData(), nullptr};
     const Context context = newContext();
-    return owning(context ? xkb_keymap_new_from_names(context.get(), &wanted, XKB_KEYMAP_COMPILE_NO_FLAGS)
+    return owning(context ? xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS)
                           : nullptr);
 }
 

@@ -15,20 +15,11 @@ struct xcb_connection_t;
 class XkbKeymap
 {
 public:
-    /// Which layouts a keyboard has, as the system's settings name them; what is empty is the usual.
-    struct Names {
-        QByteArray model = {};
-        QByteArray layout = {};
-        QByteArray variant = {};
-        QByteArray options = {};
-
-        bool operator==(const Names &) const = default;
-    };
-
     /// Nothing where such a keymap can't be had.
     static std::optional<XkbKeymap> fromServer(xcb_connection_t *connection, std::int32_t device);
     static std::optional<XkbKeymap> fromText(const QByteArray &text);
-    static std::optional<XkbKeymap> fromNames(const Names &names);
+    /// An empty layout is the library's default: that of XKB_DEFAULT_LAYOUT, or the US one.
+    static std::optional<XkbKeymap> fromNames(const QByteArray &layout, const QByteArray &variant);
 
     /// The text that a key prints unshifted; `currentGroup` is the layout in force, from 0. A layout that
     /// does not write Latin gives way to the keymap's first that does, and where there is none to the US
