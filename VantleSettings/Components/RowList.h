@@ -15,6 +15,9 @@ class QScrollArea;
 /// Rows one below the other with dividers between them, however many. Up to a hundred rows all exist; of a
 /// longer list only those in view do, besides the one that has the keyboard and those that the delegate
 /// keeps. A row is deleted at the latest when its id leaves the list.
+///
+/// The toolkit's item views draw pictures of rows and have an editor in one of them at a time; here each row
+/// has its own controls, which keep caret and undo history and are in the accessibility tree.
 class RowList : public QWidget
 {
     Q_OBJECT

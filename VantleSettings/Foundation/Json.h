@@ -14,7 +14,8 @@
 #include <vector>
 
 /// Reading JSON as the agent's platform reads it: strict, in UTF-8, at most 512 containers deep. Names and
-/// texts are equal when they are canonically equivalent, and of equal names in an object the first wins.
+/// texts are equal when they are canonically equivalent, and of equal names in an object the first wins. The
+/// toolkit's reader compares names code by code, lets the last one win and counts depth to another limit.
 namespace Json
 {
 

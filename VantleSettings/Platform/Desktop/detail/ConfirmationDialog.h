@@ -9,6 +9,9 @@ class QLabel;
 /// The desktop form of a confirmation: the question in bold, its consequences below, Cancel and the action
 /// at the trailing end. Return chooses the action, Escape is Cancel. It follows the text size while it is
 /// open.
+///
+/// QMessageBox chooses the widths of its texts by the screen's, and takes Return for the button with the
+/// focus.
 class ConfirmationDialog : public QDialog
 {
     Q_OBJECT

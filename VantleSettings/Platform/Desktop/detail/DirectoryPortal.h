@@ -9,7 +9,8 @@
 
 class QMainWindow;
 
-/// The desktop's own folder dialog, which its portal service shows for any program that asks over D-Bus.
+/// The desktop's own folder dialog, which its portal service shows for any program that asks over D-Bus. The
+/// toolkit asks it only with a plugin that has to be chosen, and tells no missing portal from a dismissal.
 class DirectoryPortal : public QObject
 {
     Q_OBJECT

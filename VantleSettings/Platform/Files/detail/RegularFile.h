@@ -15,7 +15,7 @@ inline constexpr qint64 fileSizeLimit = qint64{4} << 30;
 std::optional<QByteArray> systemPath(const QString &path);
 
 /// An open regular file. Anything else (a directory, pipe, socket or device) is given up at once: opening
-/// does not wait for the other end of a pipe.
+/// does not wait for the other end of a pipe, as QFile does.
 class RegularFile
 {
 public:

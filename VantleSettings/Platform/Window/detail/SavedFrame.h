@@ -11,6 +11,9 @@
 
 /// A window's frame as a file keeps it. Sizes are those of the client area, origins those of the frame around
 /// it.
+///
+/// The toolkit's saveGeometry() is no substitute: version 6.4 brings a window as large as its screen back 20
+/// pixels lower, and one of which a single column was on a screen to that place, where no hand can move it.
 struct SavedFrame {
     QSize size;
     std::optional<QPoint> origin = {}; ///< none where the desktop places windows itself
