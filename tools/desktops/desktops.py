@@ -7,6 +7,7 @@ import subprocess
 
 import gnome
 import kwin
+import portals
 import sway
 import wayland
 import weston
@@ -47,6 +48,12 @@ class WaylandDesktop(_Desktop):
         wayland.look(self, *arguments)
 
 
+@dataclasses.dataclass(frozen=True)
+class Portal(_Desktop):
+    def look(self, *arguments):
+        portals.look(self, *arguments)
+
+
 DESKTOPS = (
     X11Desktop("openbox", ("openbox", "--sm-disable"), "", dark=False),
     X11Desktop("xfwm4", ("xfwm4",), "XFCE", dark=False),
@@ -57,4 +64,5 @@ DESKTOPS = (
     WaylandDesktop("sway", ("sway",), "sway", sway.Sway),
     WaylandDesktop("kwin-wayland", ("kwin_wayland",), "KDE", kwin.KWin),
     WaylandDesktop("gnome-shell", ("gnome-shell",), "GNOME", gnome.GnomeShell),
+    Portal("portal-gtk", ("/usr/libexec/xdg-desktop-portal-gtk",), "GNOME"),
 )

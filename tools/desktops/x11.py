@@ -82,13 +82,13 @@ def _fills(window, scale):
     return all(0 <= length < round(scale) for length in rest)
 
 
-def _take_screen(picture):
+def take_screen(picture):
     subprocess.run(["import", "-window", "root", "-define", "png:compression-level=1", str(picture)], check=True,
                    timeout=60)
 
 
 def _take(manager, window, picture, report):
-    take_settled(_take_screen, picture)
+    take_settled(take_screen, picture)
     x, y, width, _ = window.box
     bar = window.frame[2]
     if bar == 0:

@@ -78,6 +78,11 @@ class Window:
         return hints.min_width, hints.min_height
 
     @property
+    def parent(self):
+        """The identifier of the window that it belongs to; 0 for none."""
+        return next(iter(_property(self._display, self._window, "WM_TRANSIENT_FOR")), 0)
+
+    @property
     def program(self):
         """The program that the window says it is of, as desktop entries name it."""
         return self._window.get_wm_class()[1]
