@@ -30,8 +30,9 @@ const auto fileChooser = u"org.freedesktop.portal.FileChooser"_s;
 const auto requestInterface = u"org.freedesktop.portal.Request"_s;
 
 /// How the portal names a window that its dialog shall stay above; empty where it can't be named. Under
-/// Wayland a window is named by the handle that the compositor exports for its surface, and the toolkit tells
-/// nobody but its own plugins, through headers that change with each of its versions, which surface that is.
+/// Wayland a window is named by the handle that the compositor exports for its surface, and before
+/// version 6.9 the toolkit tells nobody but its own plugins, through headers that change with each version,
+/// which that is.
 QString portalName(const QWidget *window)
 {
     if (!window || QGuiApplication::platformName() != u"xcb")
