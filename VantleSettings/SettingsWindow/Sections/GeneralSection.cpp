@@ -58,64 +58,58 @@ QString typefaceSubtitle(TypefaceOption typeface)
     return u"Install "_s + label(typeface) + u" to enable. The agent falls back to SF Pro when missing."_s;
 }
 
+void setLaunchAtLogin(SettingsModel &model, bool on)
+{
+    model.launchAtLoginIsChanging = true;
+    const auto store = [model = QPointer(&model)](bool loaded) {
+        if (!model)
+            return;
+        model->launchAtLogin = loaded;
+        model->launchAtLoginIsChanging = false;
+    };
+    const auto readBack = [store](bool) { LaunchAgent::isLoaded(store); };
+    if (on)
+        LaunchAgent::load(readBack);
+    else
+        LaunchAgent::unload(readBack);
+}
+
+void setGreenScreen(SettingsModel &model, bool on)
+{
+    if (on == model.greenScreen)
+        return;
+    Persistence::saveGreenScreen(on);
+    model.greenScreen = on;
+    AgentBridge::fireAndForget(SharedFiles::greenScreen.reload);
+}
+
+void setAutomaticUpdates(SettingsModel &model, bool on)
+{
+    if (on == model.automaticUpdates)
+        return;
+    // The address is the updater's; it is read anew so that one written meanwhile survives.
+    const auto manifestURL = Persistence::loadUpdatesConfig().manifestURL;
+    Persistence::saveUpdatesConfig({.automatic = on, .manifestURL = manifestURL});
+    model.automaticUpdates = on;
+}
+
 } // namespace
 
 GeneralSection::GeneralSection(SettingsModel &model, QWidget *parent) : SectionContent(parent), m_model(model)
 {
-    addAgentGroup();
-    addRecordingGroup();
-    addUpdatesGroup();
-}
-
-void GeneralSection::addDeferredGroups()
-{
-    add(shortcutsGroup(m_model));
-}
-
-void GeneralSection::addAgentGroup()
-{
-    auto *launch = new Switch;
-    auto *typeface = new Picker;
-    auto *terminal = new Picker;
-    auto *typefaceRow = new SettingsRow({.icon = u"textformat"_s,
-                                         .tint = SystemColor::indigo,
-                                         .title = u"Typeface"_s,
-                                         .subtitle = typefaceSubtitle(m_model.typeface),
-                                         .accessory = typeface});
     add(new SettingsGroup(
         {},
         {new SettingsRow({.icon = u"power"_s,
                           .tint = SystemColor::green,
                           .title = u"Launch at Login"_s,
                           .subtitle = u"Keep the notification agent running via launchd."_s,
-                          .accessory = launch}),
-         new SettingsRowDivider, typefaceRow, new SettingsRowDivider,
+                          .accessory = launchAtLoginSwitch()}),
+         new SettingsRowDivider, typefaceRow(), new SettingsRowDivider,
          new SettingsRow({.icon = u"terminal.fill"_s,
                           .tint = SystemColor::teal,
                           .title = u"Terminal"_s,
                           .subtitle = u"Which terminal the agent focuses, lists, and launches sessions in."_s,
-                          .accessory = terminal})}));
-
-    terminal->setEntries(terminalEntries());
-    bind(launch, m_model.launchAtLogin, &GeneralSection::setLaunchAtLogin);
-    const auto showPending = [=, this] { launch->setPending(m_model.launchAtLoginIsChanging); };
-    connect(launch, &Switch::requested, this, showPending);
-    renderPage(m_model, showPending);
-    connect(typeface, &Picker::activated, this,
-            [this](int index) { m_model.setTypeface(allTypefaceOptions[size_t(index)]); });
-    connect(terminal, &Picker::activated, this,
-            [this](int index) { m_model.setTerminalBackend(allTerminalBackendOptions[size_t(index)]); });
-    renderPage(m_model, [=, this] {
-        typeface->setEntries(typefaceEntries());
-        typeface->setCurrentIndex(int(m_model.typeface.value()));
-        typefaceRow->setSubtitle(typefaceSubtitle(m_model.typeface));
-        terminal->setCurrentIndex(int(m_model.terminalBackend.value()));
-    });
-}
-
-void GeneralSection::addRecordingGroup()
-{
-    auto *recording = new Switch;
+                          .accessory = terminalPicker()})}));
     add(new SettingsGroup(
         {.header = u"Recording"_s,
          .footer =
@@ -129,64 +123,68 @@ void GeneralSection::addRecordingGroup()
                           .subtitle =
                               u"Render the overlay on solid magenta so it can be keyed for transparent "
                               u"marketing footage."_s,
-                          .accessory = recording})}));
-    bind(recording, m_model.greenScreen, &GeneralSection::setGreenScreen);
+                          .accessory = switchOf(m_model.greenScreen, setGreenScreen)})}));
+    add(new SettingsGroup(
+        {.header = u"Updates"_s},
+        {new SettingsRow({.icon = u"arrow.down.app.fill"_s,
+                          .tint = SystemColor::blue,
+                          .title = u"Automatic Updates"_s,
+                          .subtitle = u"Let the standalone updater check for signed Vantle "
+                                      u"releases in the background."_s,
+                          .accessory = switchOf(m_model.automaticUpdates, setAutomaticUpdates)})}));
 }
 
-void GeneralSection::addUpdatesGroup()
+void GeneralSection::addDeferredGroups()
 {
-    auto *updates = new Switch;
-    add(new SettingsGroup({.header = u"Updates"_s},
-                          {new SettingsRow({.icon = u"arrow.down.app.fill"_s,
-                                            .tint = SystemColor::blue,
-                                            .title = u"Automatic Updates"_s,
-                                            .subtitle = u"Let the standalone updater check for signed Vantle "
-                                                        u"releases in the background."_s,
-                                            .accessory = updates})}));
-    bind(updates, m_model.automaticUpdates, &GeneralSection::setAutomaticUpdates);
+    add(shortcutsGroup(m_model));
 }
 
 /// A click is answered at once, not only when the page is drawn anew: another one may wait already.
-void GeneralSection::bind(Switch *button, const Published<bool> &state, void (GeneralSection::*set)(bool))
+Switch *GeneralSection::switchOf(const Published<bool> &state, void (*set)(SettingsModel &model, bool on))
 {
+    auto *button = new Switch;
     connect(button, &Switch::requested, this, [=, this, &state](bool on) {
-        (this->*set)(on);
+        set(m_model, on);
         button->setChecked(state);
     });
     renderPage(m_model, [=, &state] { button->setChecked(state); });
+    return button;
 }
 
-void GeneralSection::setLaunchAtLogin(bool on)
+Switch *GeneralSection::launchAtLoginSwitch()
 {
-    m_model.launchAtLoginIsChanging = true;
-    const auto store = [model = QPointer(&m_model)](bool loaded) {
-        if (!model)
-            return;
-        model->launchAtLogin = loaded;
-        model->launchAtLoginIsChanging = false;
-    };
-    const auto readBack = [store](bool) { LaunchAgent::isLoaded(store); };
-    if (on)
-        LaunchAgent::load(readBack);
-    else
-        LaunchAgent::unload(readBack);
+    Switch *launch = switchOf(m_model.launchAtLogin, setLaunchAtLogin);
+    const auto showPending = [=, this] { launch->setPending(m_model.launchAtLoginIsChanging); };
+    connect(launch, &Switch::requested, this, showPending);
+    renderPage(m_model, showPending);
+    return launch;
 }
 
-void GeneralSection::setGreenScreen(bool on)
+/// Both texts of the row tell whether the typeface is installed.
+SettingsRow *GeneralSection::typefaceRow()
 {
-    if (on == m_model.greenScreen)
-        return;
-    Persistence::saveGreenScreen(on);
-    m_model.greenScreen = on;
-    AgentBridge::fireAndForget(SharedFiles::greenScreen.reload);
+    auto *typeface = new Picker;
+    auto *row = new SettingsRow({.icon = u"textformat"_s,
+                                 .tint = SystemColor::indigo,
+                                 .title = u"Typeface"_s,
+                                 .subtitle = typefaceSubtitle(m_model.typeface),
+                                 .accessory = typeface});
+    connect(typeface, &Picker::activated, this,
+            [this](int index) { m_model.setTypeface(allTypefaceOptions[size_t(index)]); });
+    renderPage(m_model, [=, this] {
+        typeface->setEntries(typefaceEntries());
+        typeface->setCurrentIndex(int(m_model.typeface.value()));
+        row->setSubtitle(typefaceSubtitle(m_model.typeface));
+    });
+    return row;
 }
 
-void GeneralSection::setAutomaticUpdates(bool on)
+Picker *GeneralSection::terminalPicker()
 {
-    if (on == m_model.automaticUpdates)
-        return;
-    // The address is the updater's; it is read anew so that one written meanwhile survives.
-    const auto manifestURL = Persistence::loadUpdatesConfig().manifestURL;
-    Persistence::saveUpdatesConfig({.automatic = on, .manifestURL = manifestURL});
-    m_model.automaticUpdates = on;
+    auto *terminal = new Picker;
+    terminal->setEntries(terminalEntries());
+    connect(terminal, &Picker::activated, this,
+            [this](int index) { m_model.setTerminalBackend(allTerminalBackendOptions[size_t(index)]); });
+    renderPage(m_model, [=, this] { terminal->setCurrentIndex(int(m_model.terminalBackend.value())); });
+    return terminal;
 }

@@ -3,7 +3,9 @@
 #include "Foundation/Observable.h"
 #include "SettingsWindow/Sections/SectionContent.h"
 
+class Picker;
 class SettingsModel;
+class SettingsRow;
 class Switch;
 
 /// The General page: how the agent is launched, drawn and updated, and its shortcuts.
@@ -17,14 +19,10 @@ public:
     void addDeferredGroups() override;
 
 private:
-    void addAgentGroup();
-    void addRecordingGroup();
-    void addUpdatesGroup();
-    void bind(Switch *button, const Published<bool> &state, void (GeneralSection::*set)(bool));
-
-    void setLaunchAtLogin(bool on);
-    void setGreenScreen(bool on);
-    void setAutomaticUpdates(bool on);
+    Switch *switchOf(const Published<bool> &state, void (*set)(SettingsModel &model, bool on));
+    Switch *launchAtLoginSwitch();
+    SettingsRow *typefaceRow();
+    Picker *terminalPicker();
 
     SettingsModel &m_model;
 };
