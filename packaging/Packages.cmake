@@ -31,6 +31,9 @@ else()
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-wayland, fontconfig, fonts-dejavu-core | fonts-liberation | fonts-inter")
     set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, at-spi2-core, xdg-utils")
     set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+    # Whatever the mask of the user who makes it.
+    set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+        OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/copyright ${PROJECT_SOURCE_DIR}/THIRD-PARTY.md
         DESTINATION share/doc/vantle-settings)
 endif()

@@ -10,7 +10,8 @@ class DebianPackage(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         folder = cls.enterClassContext(temporary_folder())
-        run("cpack", "--config", BUILD / "CPackConfig.cmake", "-G", "DEB", "-B", folder)
+        # As a user makes it whose own group may write what is new, which some systems set up for everybody.
+        run("cpack", "--config", BUILD / "CPackConfig.cmake", "-G", "DEB", "-B", folder, umask=0o002)
         (cls.package,) = folder.glob("*.deb")
         cls.folder = folder
 
