@@ -6,7 +6,7 @@
 #include <vector>
 
 /// Where rows lie one below the other, with dividers between them. Heights are those of rows without their
-/// dividers, in pixels.
+/// dividers, in points.
 class RowGeometry
 {
 public:

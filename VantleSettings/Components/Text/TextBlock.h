@@ -19,9 +19,9 @@ struct TextFlow {
 /// A text in a font, measured, broken into lines and drawn at whatever width is asked for. Widths are in
 /// points. The text's own line breaks hold, except in the last line that a limit allows.
 ///
-/// No label of the toolkit knows a limit of lines or balanced ones, and shaping is the dearest part of a
-/// start: the toolkit's layout stays begun, and so keeps its shapes, while the window tries widths, until the
-/// first drawing.
+/// No label of the toolkit knows a limit of lines or balanced ones. Shaping is a good part of a start, so the
+/// toolkit's layout stays begun, and thereby keeps its shapes, while the window tries widths, until the first
+/// drawing.
 class TextBlock
 {
 public:
