@@ -67,8 +67,9 @@ TEST(FileSystem, ReadsFilesThatDoNotTellTheirSize)
     EXPECT_EQ(files().read(status).value_or("").contains("Pid:"), tellsNoSize);
     // More than is read at once, and the same each time.
     QFile limits(u"/proc/self/limits"_s);
-    if (limits.open(QFile::ReadOnly))
+    if (limits.open(QFile::ReadOnly)) {
         EXPECT_EQ(files().read(limits.fileName()), limits.readAll());
+    }
 }
 
 TEST(FileSystem, ReadsNothingButRegularFilesAndNeverWaitsForOne)

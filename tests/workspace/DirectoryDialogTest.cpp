@@ -60,8 +60,9 @@ TEST_F(DirectoryDialogTest, ShowsTheMessageAboveItsControls)
         ASSERT_NE(message, nullptr);
         EXPECT_TRUE(message->isVisible());
         for (const QWidget *other : dialog->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (other != message && other->isVisible())
+            if (other != message && other->isVisible()) {
                 EXPECT_FALSE(other->geometry().intersects(message->geometry()));
+            }
         }
         EXPECT_EQ(dialog->accessibleDescription(), u"Select the folder.");
         dialog->reject();
