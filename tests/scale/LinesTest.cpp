@@ -192,8 +192,8 @@ TEST_P(Lines, SurviveThatOnlyWhatIsBesideThemIsPaintedAnew)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Pages, Lines, testing::ValuesIn(allSettingsSections), [](const auto &info) {
-    return std::string(qPrintable(rawValue(info.param).remove(u' ').remove(u'&')));
+INSTANTIATE_TEST_SUITE_P(Pages, Lines, testing::ValuesIn(allSettingsSections), [](const auto &page) {
+    return std::string(qPrintable(rawValue(page.param).remove(u' ').remove(u'&')));
 });
 
 } // namespace
