@@ -46,6 +46,14 @@ QString shownBy(const Picker &picker)
 /// The window at its least size with texts of one size; the typeface is missing.
 class TextSize : public testing::TestWithParam<int>
 {
+public:
+    ~TextSize() override
+    {
+        controller.reset();
+        useTextScale(1);
+    }
+    Q_DISABLE_COPY_MOVE(TextSize)
+
 protected:
     TextSize()
     {
@@ -54,11 +62,6 @@ protected:
         world.put(u".vantle/typeface.json"_s, R"({"name":"jetbrains-mono"})");
         model.emplace();
         controller.emplace(SettingsSection::general, *model);
-    }
-    ~TextSize() override
-    {
-        controller.reset();
-        useTextScale(1);
     }
 
     SettingsNSWindow &window() { return controller->window(); }

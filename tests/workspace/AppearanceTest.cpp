@@ -64,7 +64,7 @@ public:
     Q_SLOT PortalSettings ReadAll(const QStringList &) { return m_settings; }
 
 Q_SIGNALS:
-    void SettingChanged(const QString &group, const QString &name, const QDBusVariant &value);
+    void SettingChanged(const QString &, const QString &, const QDBusVariant &);
 
 private:
     ServiceName m_name{u"org.freedesktop.portal.Desktop"_s};
