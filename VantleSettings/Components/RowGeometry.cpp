@@ -18,9 +18,9 @@ void RowGeometry::changeHeights(const std::map<qsizetype, int> &heights)
 
 RowGeometry::Range RowGeometry::rowsBetween(int top, int bottom) const
 {
-    const auto first = std::upper_bound(m_tops.begin() + 1, m_tops.end(), top);
-    const auto end = std::lower_bound(first, m_tops.end() - 1, bottom);
-    return {first - m_tops.begin() - 1, std::min(qsizetype(end - m_tops.begin()), count())};
+    const auto first = std::upper_bound(m_tops.begin() + 1, m_tops.end(), top) - m_tops.begin() - 1;
+    const auto end = std::lower_bound(m_tops.begin(), m_tops.end(), bottom) - m_tops.begin();
+    return {first, std::min<qsizetype>(end, count())};
 }
 
 void RowGeometry::addUpTops()

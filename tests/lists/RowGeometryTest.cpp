@@ -35,6 +35,7 @@ TEST(RowGeometryTest, WithoutRowsTakesNoRoom)
     rows.setHeights({});
     EXPECT_EQ(rows.totalHeight(), 0);
     EXPECT_EQ(rows.top(0), 0);
+    EXPECT_EQ(indices(rows.rowsBetween(0, 100)), std::vector<qsizetype>());
 }
 
 TEST(RowGeometryTest, HasDividersBetweenRowsOnly)
@@ -63,8 +64,8 @@ TEST(RowGeometryTest, FindsTheRowsThatLieBetweenTwoPlaces)
 {
     RowGeometry rows;
     rows.setHeights({3, 1, 4, 1, 5});
-    for (int top = 0; top < rows.totalHeight(); ++top) {
-        for (int bottom = top + 1; bottom <= rows.totalHeight() + 2; ++bottom)
+    for (int top = -2; top <= rows.totalHeight() + 2; ++top) {
+        for (int bottom = top + 1; bottom <= rows.totalHeight() + 4; ++bottom)
             EXPECT_EQ(indices(rows.rowsBetween(top, bottom)), rowsBetween(rows, top, bottom))
                 << top << " to " << bottom;
     }
