@@ -7,7 +7,6 @@ now; read the difference aloud before you keep it.
 import os
 import pathlib
 import subprocess
-import time
 import unittest
 
 from harness.case import DesktopCase
@@ -77,14 +76,16 @@ class Transcript(DesktopCase):
         self.assertEqual(written(said), written(steps))
 
     def listen(self, expected):
-        """What is said until nothing more comes; waits for as many utterances as are expected."""
-        if _STORE:
-            time.sleep(2)  # only while storing: nothing tells how much will be said
-        else:
-            try:
-                eventually(lambda: len(self.orca.spoken) >= len(expected), "too little is said")
-            except AssertionError:
-                pass  # the comparison tells what is missing
+        """What is said until nothing more comes; waits for as many utterances as are expected, and while storing, when
+        nothing tells how many there will be, until none has followed the last for two seconds."""
+        try:
+            if _STORE:
+                while True:
+                    before = len(self.orca.spoken)
+                    eventually(lambda: len(self.orca.spoken) > before, "nothing more is said", 2)
+            eventually(lambda: len(self.orca.spoken) >= len(expected), "too little is said")
+        except AssertionError:
+            pass  # the end of what is stored; else the comparison tells what is missing
         self.orca.settle()
         return [self.steady(text) for text in self.orca.take()]
 
