@@ -71,7 +71,7 @@ private:
             const Request request = m_waiting.front();
             m_waiting.pop_front();
             lock.unlock();
-            transfer(request.port, request.bytes(), timeout);
+            transferToLoopback(request.port, request.bytes(), timeout);
             lock.lock();
         }
         --m_threadCount;

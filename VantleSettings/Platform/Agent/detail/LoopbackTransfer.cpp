@@ -24,21 +24,26 @@ constexpr int sendFlags = MSG_NOSIGNAL;
 constexpr int sendFlags = 0;
 #endif
 
-// From the start where that can be had: another thread may start a program before the flag is set.
+/// A socket that never blocks and that child processes do not inherit; -1 on failure.
+int newSocket()
+{
 #ifdef SOCK_CLOEXEC
-constexpr int socketType = SOCK_STREAM | SOCK_CLOEXEC;
+    // At once, since another thread may start a program meanwhile.
+    return ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
 #else
-constexpr int socketType = SOCK_STREAM;
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    ::fcntl(socket, F_SETFD, FD_CLOEXEC);
+    ::fcntl(socket, F_SETFL, O_NONBLOCK);
+    return socket;
 #endif
+}
 
-/// A connection that child processes do not inherit and that raises no SIGPIPE.
+/// A connection that raises no SIGPIPE.
 class Connection
 {
 public:
-    explicit Connection(quint16 port) : m_socket(::socket(AF_INET, socketType, 0))
+    explicit Connection(quint16 port) : m_socket(newSocket())
     {
-        ::fcntl(m_socket, F_SETFD, FD_CLOEXEC);
-        ::fcntl(m_socket, F_SETFL, O_NONBLOCK);
 #ifdef SO_NOSIGPIPE
         const int yes = 1;
         ::setsockopt(m_socket, SOL_SOCKET, SO_NOSIGPIPE, &yes, sizeof yes);
@@ -94,7 +99,7 @@ private:
 
 } // namespace
 
-void transfer(quint16 port, const QByteArray &request, std::chrono::milliseconds timeout)
+void transferToLoopback(quint16 port, const QByteArray &request, std::chrono::milliseconds timeout)
 {
     const Connection connection(port);
     if (!connection.send(request, timeout) || !connection.receive(timeout))

@@ -10,4 +10,4 @@
 /// Plain sockets rather than the toolkit's network module: that may send a request a second time when a
 /// connection ends early, and a post must never be sent twice; and it is one more library, with nine behind
 /// it, to load at every start.
-void transfer(quint16 port, const QByteArray &request, std::chrono::milliseconds timeout);
+void transferToLoopback(quint16 port, const QByteArray &request, std::chrono::milliseconds timeout);
