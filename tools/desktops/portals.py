@@ -19,6 +19,7 @@ _PORTAL = "/usr/libexec/xdg-desktop-portal"
 def look(backend, program, folder, pictures, report):
     desktop = Desktop(program, folder)
     servers = []
+    chooser = None
     try:
         desktop.open(*x11.SCREEN)
         report.version = backend.version
@@ -27,10 +28,13 @@ def look(backend, program, folder, pictures, report):
                                    stderr=subprocess.DEVNULL) for command in (backend.command[0], _PORTAL)]
         chooser = _Chooser(desktop, folder, servers[0], pictures / f"{backend.name}.png", report)
         with report.trying("a run of the program"):
+            chooser.open_page()
             chooser.try_dismissals()
             chooser.try_choice()
             chooser.try_stopped_backend()
     finally:
+        if chooser:
+            chooser.close()
         for server in reversed(servers):
             server.send_signal(signal.SIGCONT)
             processes.end(server)
@@ -47,10 +51,16 @@ class _Chooser:
         self._report = report
         self._home = folder / "home-portal"
         (self._home / "plan").mkdir(parents=True)
-        self._program = None
+        self._program = Program(desktop, self._home)
+
+    def open_page(self):
+        self._program.ready()
+        self._program.show("Planning")
+
+    def close(self):
+        self._program.kill()
 
     def try_dismissals(self):
-        self._start()
         for dismissal, dismiss in (("by Escape", self._press_escape), ("by its frame", self._close_frame)):
             dialog = self._open()
             self._report.check("belongs to the window", dialog.parent, self._program.window.identifier)
@@ -74,11 +84,6 @@ class _Chooser:
         self._backend.send_signal(signal.SIGSTOP)
         self._program.window.close()
         self._report.check("end beside a stopped backend", (self._program.ended(), self._program.said), (0, ""))
-
-    def _start(self):
-        self._program = Program(self._desktop, self._home)
-        self._program.ready()
-        self._program.show("Planning")
 
     def _open(self):
         self._program.press("ctrl+o")
