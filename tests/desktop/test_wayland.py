@@ -31,11 +31,12 @@ class Wayland(DesktopCase):
     def tearDownClass(cls):
         processes.end(cls.compositor)
 
-    def start(self):
+    def start(self, **environment):
         # The Wayland client library, and plugins that are unloaded at the end, leak a few hundred bytes that have no
         # names any more by then; under X11 leaks are looked for.
         program = Program(self.desktop, self.home, environment={
-            "WAYLAND_DISPLAY": self.SOCKET, "DISPLAY": "", "ASAN_OPTIONS": "detect_leaks=0"})
+            "WAYLAND_DISPLAY": self.SOCKET, "DISPLAY": "", "ASAN_OPTIONS": "detect_leaks=0",
+            **environment})
         self.addCleanup(program.kill)
         program.find("list", "Sections")
         self.assertEqual(self.desktop.windows.of(program.process), [])
@@ -58,6 +59,12 @@ class Wayland(DesktopCase):
         self.expect_requests("/settings/reload-green-screen")
         program.find_in_menu("Vantle Settings", "Quit Vantle Settings").act()
         self.expect_end(program)
+
+    def test_without_a_keyboard_keys_show_as_the_keymap_librarys_default_prints_them(self):
+        self.write(".vantle/shortcuts.json", '{"focusLast":{"keyCode":16,"modifiers":256}}')
+        program = self.start(XKB_DEFAULT_LAYOUT="de")
+        recorder = program.find("push button", "Focus next notification shortcut")
+        self.expect(lambda: recorder.description.startswith("Command Z"), lambda: recorder.description)
 
     def test_a_screen_reader_can_ask_for_the_portals_dialog_and_give_it_up(self):
         portal = FilePortal()
