@@ -53,7 +53,7 @@ private:
     bool m_isShortened; ///< before it was laid out, which would take too long for all of it
     QTextLayout m_layout;
     bool m_isBegun = false; ///< the layout is begun and not ended
-    int m_naturalWidth;
+    int m_naturalWidth = 0;
     std::optional<int> m_width;                ///< of the present lines, which are these:
     int m_wholeLines = 0;                      ///< those of the layout, and after them
     std::unique_ptr<QTextLayout> m_elidedLine; ///< the last line where not all of them are drawn
