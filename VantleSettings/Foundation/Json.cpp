@@ -9,9 +9,9 @@ namespace dom = simdjson::dom;
 namespace
 {
 
-constexpr std::size_t deepest = 512;
+constexpr std::size_t maximumDepth = 512;
 
-/// What the element holds as a T; nothing when it holds something else.
+/// The element as a T; nothing when it is missing or has another type.
 template <class T>
 std::optional<T> get(const std::optional<dom::element> &element)
 {
@@ -55,14 +55,14 @@ bool isDeeperThan(std::size_t depth, dom::element element)
     return false;
 }
 
-/// The bytes without the byte order mark that may stand before them.
+/// The bytes without a byte order mark at their start.
 std::string_view withoutMark(const QByteArray &bytes)
 {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
     std::string_view text(bytes.constData(), std::size_t(bytes.size()));
     if (text.starts_with(mark))
         text.remove_prefix(mark.size());
-    // Some versions of the parser would pass over a second one.
+    // Some versions of the parser would skip a second mark.
     return text.starts_with(mark) ? std::string_view() : text;
 }
 
@@ -73,7 +73,7 @@ simdjson::error_code parse(dom::parser &parser, const QByteArray &bytes, std::si
         return simdjson::EMPTY;
     if (const auto error = parser.allocate(text.size() + simdjson::SIMDJSON_PADDING, depthLimit))
         return error;
-    // The parser reads in blocks, beyond the end; bytes without that much room behind them are copied.
+    // The parser reads in blocks, past the end; it copies bytes that have no padding allocated behind them.
     const bool hasRoom = bytes.capacity() - bytes.size() >= qsizetype{simdjson::SIMDJSON_PADDING};
     return parser.parse(text.data(), text.size(), !hasRoom).error();
 }
@@ -136,9 +136,9 @@ bool Json::Value::isArrayOfTexts() const
 
 std::size_t Json::Value::elementCount() const
 {
-    constexpr std::size_t mostItCanTell = 0xFFFFFF;
+    constexpr std::size_t saturatedSize = 0xFFFFFF;
     const auto array = get<dom::array>(m_element);
-    if (!array || array->size() < mostItCanTell)
+    if (!array || array->size() < saturatedSize)
         return array ? array->size() : 0;
     return std::size_t(std::distance(array->begin(), array->end()));
 }
@@ -160,11 +160,13 @@ Json::Document::Document(std::unique_ptr<dom::parser> parser) : m_parser(std::mo
 
 std::optional<Json::Document> Json::Document::parse(const QByteArray &bytes)
 {
+    // Versions of the parser count depth differently: what exceeds half of the limit is parsed with twice the
+    // limit and measured here.
     auto parser = std::make_unique<dom::parser>();
-    auto error = ::parse(*parser, bytes, deepest / 2);
+    auto error = ::parse(*parser, bytes, maximumDepth / 2);
     if (error == simdjson::DEPTH_ERROR) {
-        error = ::parse(*parser, bytes, deepest * 2);
-        if (error == simdjson::SUCCESS && isDeeperThan(deepest, parser->doc.root()))
+        error = ::parse(*parser, bytes, maximumDepth * 2);
+        if (error == simdjson::SUCCESS && isDeeperThan(maximumDepth, parser->doc.root()))
             return std::nullopt;
     }
     if (error != simdjson::SUCCESS)

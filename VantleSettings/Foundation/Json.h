@@ -13,9 +13,9 @@
 #include <string_view>
 #include <vector>
 
-/// Reading JSON as the agent's platform reads it: strict, in UTF-8, at most 512 containers deep. Names and
-/// texts are equal when they are canonically equivalent, and of equal names in an object the first wins. The
-/// toolkit's reader compares names code by code, lets the last one win and counts depth to another limit.
+/// Reading JSON as the agent's platform reads it: strict, in UTF-8, at most 512 containers deep. Names are
+/// equal when they are canonically equivalent, and of equal names in an object the first wins. The toolkit's
+/// reader compares names by code unit, lets the last one win and has another depth limit.
 namespace Json
 {
 
@@ -37,7 +37,7 @@ public:
     std::optional<QString> text() const;
     std::optional<std::string_view> utf8() const; ///< the text, not decoded
 
-    /// A number whose value, rounded to a double, is a whole one from 0 to 4294967295, however it is spelled.
+    /// A number, in any spelling, that as a double is an integer from 0 to 4294967295.
     std::optional<std::uint32_t> uint32() const;
 
     /// The member of an object.
@@ -52,7 +52,7 @@ private:
     std::optional<simdjson::dom::element> m_element;
 };
 
-/// A document that is valid from its first byte to its last.
+/// A parsed document. `parse` returns nothing unless all bytes are one valid document.
 class Document
 {
 public:

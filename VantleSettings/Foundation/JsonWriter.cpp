@@ -65,7 +65,7 @@ private:
 
     void indent() { m_out.append(qsizetype{2} * m_depth, ' '); }
 
-    /// Most texts are ASCII, and many may be short: those need no bytes of their own on the way.
+    /// Most texts are ASCII: these are written without a UTF-8 copy.
     void writeText(const QString &text)
     {
         const QStringView units(text);

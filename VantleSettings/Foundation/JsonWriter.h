@@ -9,8 +9,8 @@
 #include <variant>
 #include <vector>
 
-/// Writing JSON in exactly the form of the encoder that the agent's files come from: pretty-printed, members
-/// sorted by the bytes of their names, slashes escaped, no line feed at the end.
+/// Writing JSON in exactly the form of the agent's encoder: pretty-printed, members sorted by the bytes of
+/// their names, slashes escaped, no line feed at the end.
 namespace Json
 {
 

@@ -8,12 +8,12 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-struct Sign {
-    QStringView sign;
+struct NamedSymbol {
+    QStringView symbol;
     QStringView name;
 };
 
-constexpr std::array keySigns = std::to_array<Sign>({
+constexpr std::array keySymbols = std::to_array<NamedSymbol>({
     {u"⌃", u"Control"},
     {u"⌥", u"Option"},
     {u"⇧", u"Shift"},
@@ -34,7 +34,7 @@ constexpr std::array keySigns = std::to_array<Sign>({
     {u"↑", u"Up Arrow"},
 });
 
-constexpr std::array punctuation = std::to_array<Sign>({
+constexpr std::array punctuation = std::to_array<NamedSymbol>({
     {u"`", u"grave accent"},
     {u"-", u"minus"},
     {u"=", u"equals"},
@@ -55,8 +55,8 @@ constexpr std::array punctuation = std::to_array<Sign>({
 
 QString keyName(const QString &key)
 {
-    for (const Sign &mark : punctuation) {
-        if (mark.sign == key)
+    for (const NamedSymbol &mark : punctuation) {
+        if (mark.symbol == key)
             return mark.name.toString();
     }
     if (key.startsWith(u'⟨') && key.endsWith(u'⟩'))
@@ -69,24 +69,25 @@ QString keyName(const QString &key)
 QString withKeyNames(const QString &text)
 {
     QString words;
-    bool afterSign = false;
+    bool afterSymbol = false;
     for (const QChar unit : text) {
-        const auto *sign = std::find_if(keySigns.begin(), keySigns.end(),
-                                        [unit](const Sign &each) { return each.sign.front() == unit; });
-        const bool isSign = sign != keySigns.end();
-        if (afterSign && (isSign || unit.isLetterOrNumber()))
+        const auto *symbol =
+            std::find_if(keySymbols.begin(), keySymbols.end(),
+                         [unit](const NamedSymbol &each) { return each.symbol.front() == unit; });
+        const bool isSymbol = symbol != keySymbols.end();
+        if (afterSymbol && (isSymbol || unit.isLetterOrNumber()))
             words += u' ';
-        if (isSign)
-            words += sign->name;
+        if (isSymbol)
+            words += symbol->name;
         else
             words += unit;
-        afterSign = isSign;
+        afterSymbol = isSymbol;
     }
     return words;
 }
 
-QString combinationInWords(const QString &modifierSigns, const QString &key)
+QString combinationInWords(const QString &modifierSymbols, const QString &key)
 {
-    const QString modifiers = withKeyNames(modifierSigns);
+    const QString modifiers = withKeyNames(modifierSymbols);
     return modifiers.isEmpty() ? keyName(key) : modifiers + u' ' + keyName(key);
 }

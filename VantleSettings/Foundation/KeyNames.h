@@ -2,10 +2,10 @@
 
 #include <QString>
 
-/// The text with words for the signs of keys, as it is spoken: "Press ⎋ to cancel." is "Press Escape to
-/// cancel.", and ⇧⌘J is "Shift Command J". Screen readers have no or strange words for these signs.
+/// The text with each key symbol replaced by the key's name, for speech: "Press ⎋ to cancel." becomes "Press
+/// Escape to cancel.", and ⇧⌘J becomes "Shift Command J". Screen readers skip or misname these symbols.
 QString withKeyNames(const QString &text);
 
-/// The same for a combination, whose key has a name also where it is a punctuation mark: ⌘ and "," are
+/// The same for a key combination. A punctuation mark as its key is replaced by a name, too: ⌘ and "," become
 /// "Command comma".
-QString combinationInWords(const QString &modifierSigns, const QString &key);
+QString combinationInWords(const QString &modifierSymbols, const QString &key);

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// The one of `all` enumerators whose `rawValue` is exactly this text; nothing for any other text.
+/// The enumerator among `all` whose `rawValue` is exactly this text; nothing where there is none.
 template <class Enumerators>
 auto fromRawValue(const Enumerators &all, const QString &text)
     -> std::optional<typename Enumerators::value_type>

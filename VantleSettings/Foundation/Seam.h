@@ -4,15 +4,15 @@
 
 #include <utility>
 
-/// Where the program meets one part of the outside world. `Seam<X>::current()` is the system's own `X`, which
-/// `X::system()` gives, unless a test has put a stand-in in its place. Main thread only.
+/// The access to one part of the outside world, which tests can replace. `Seam<X>::current()` is
+/// `X::system()`, the system's own `X`, unless a test has put a stand-in in its place. Main thread only.
 template <class Interface>
 class Seam
 {
 public:
     static Interface &current() { return s_standIn ? *s_standIn : Interface::system(); }
 
-    /// Puts a stand-in in the place of the system's own for as long as it lives; they nest.
+    /// Puts a stand-in in the place of the current `X` while this object exists. Replacements nest.
     class Replacement
     {
     public:

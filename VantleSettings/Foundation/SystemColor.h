@@ -1,4 +1,5 @@
 #pragma once
 
-/// The system's palette by name. What a name looks like is the window's business (Platform/Palette.h).
+/// The names of the system's palette. `systemColor` (Platform/Desktop/Appearance/Palette.h) gives their
+/// colours.
 enum class SystemColor { gray, red, orange, yellow, green, teal, blue, indigo, purple, pink };

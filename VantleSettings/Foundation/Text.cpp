@@ -14,8 +14,8 @@ namespace
 
 using Scalars = std::u32string;
 
-/// Whether composing leaves the text as it is, seen at a glance: below U+0300 nothing decomposes the composed
-/// form or joins its neighbour.
+/// Whether composing certainly leaves the text unchanged: no character below U+0300 combines with its
+/// neighbour or is changed by composition.
 bool isPlain(QStringView text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x300; });
@@ -26,17 +26,17 @@ bool isHangulSyllable(char32_t scalar)
     return scalar >= 0xAC00 && scalar <= 0xD7A3;
 }
 
-/// Whether the scalar never joins what stands before it. (Some joining scalars that are no marks in this
-/// version of Unicode may be missed: they then stay decomposed in every text, which compares the same.)
-bool startsAnew(char32_t scalar)
+/// Whether the scalar never composes with a preceding one. (Some composing scalars that are no marks in this
+/// version of Unicode may be missed. They then stay decomposed in every text, so comparing still works.)
+bool hasBoundaryBefore(char32_t scalar)
 {
     const bool isVowelOrFinalJamo = scalar >= 0x1160 && scalar <= 0x11FF;
     return scalar < 0x300 ||
            (QChar::combiningClass(scalar) == 0 && !QChar::isMark(scalar) && !isVowelOrFinalJamo);
 }
 
-/// Composes one letter with its marks at a time, however many, and asks the toolkit only about single scalars
-/// and pairs, each once: what it does with longer texts takes the square of their length.
+/// Composes one letter with all its marks at a time. Asks the toolkit to normalize only single scalars and
+/// pairs, each once, because the time that it takes for a longer text may grow with the square of the length.
 class Composer
 {
 public:
@@ -51,7 +51,7 @@ public:
         for (const char32_t scalar : letter)
             appendDecomposed(scalar);
         orderMarks();
-        for (const char32_t scalar : joined())
+        for (const char32_t scalar : compose())
             result += QChar::fromUcs4(scalar);
     }
 
@@ -89,17 +89,17 @@ private:
         }
     }
 
-    /// Composes in place. A scalar joins the last starter unless a mark of its own class or a higher one, or
-    /// one that is a starter itself, stands between them.
-    std::u32string_view joined()
+    /// Composes in place. A scalar combines with the last starter unless it is blocked: a mark of the same or
+    /// a higher combining class stands between them.
+    std::u32string_view compose()
     {
         std::size_t count = 0;
         std::size_t starter = 0;
         int lastClass = 0;
         for (const char32_t scalar : m_scalars) {
             const int combiningClass = QChar::combiningClass(scalar);
-            const bool reaches = count == starter + 1 || lastClass < combiningClass;
-            const char32_t both = count > 0 && reaches ? composite(m_scalars[starter], scalar) : 0;
+            const bool isUnblocked = count == starter + 1 || lastClass < combiningClass;
+            const char32_t both = count > 0 && isUnblocked ? composite(m_scalars[starter], scalar) : 0;
             if (both) {
                 m_scalars[starter] = both;
                 continue;
@@ -112,7 +112,7 @@ private:
         return std::u32string_view(m_scalars).substr(0, count);
     }
 
-    /// What two scalars compose to, 0 where they don't.
+    /// The scalar that two scalars compose to; 0 where they don't.
     char32_t composite(char32_t first, char32_t second)
     {
         const auto [known, isNew] = m_composites.try_emplace(std::uint64_t(first) << 32 | second, 0);
@@ -153,7 +153,7 @@ QString Text::composed(const QString &text)
     QString result;
     result.reserve(text.size());
     for (auto letter = scalars.begin(); letter != scalars.end();) {
-        const auto end = std::find_if(letter + 1, scalars.end(), startsAnew);
+        const auto end = std::find_if(letter + 1, scalars.end(), hasBoundaryBefore);
         composer.append(result, std::u32string_view(&*letter, std::size_t(end - letter)));
         letter = end;
     }

@@ -16,7 +16,8 @@ namespace Text
 /// The text of these UTF-8 bytes, a byte order mark kept; nothing when they are not UTF-8.
 std::optional<QString> decoded(QByteArrayView utf8);
 
-/// The canonical composed form (NFC). However the text is made, the time grows with its length only.
+/// The canonical composed form (NFC). The time is about proportional to the length, whatever the text
+/// contains.
 QString composed(const QString &text);
 
 bool equal(QStringView a, QStringView b);
@@ -27,7 +28,7 @@ struct Before {
     bool operator()(QStringView a, QStringView b) const;
 };
 
-/// The code points of the composed form: texts are ordered as their keys are.
+/// The code points of the composed form. Texts are ordered as their sort keys are.
 using SortKey = std::u32string;
 SortKey sortKey(const QString &text);
 
