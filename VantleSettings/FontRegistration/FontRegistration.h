@@ -20,8 +20,8 @@ QStringList candidateFontDirectories(const Bundle &bundle);
 /// Adds each face from the first of these directories that has its file; a face without one is left out.
 void registerFonts(const QStringList &directories, FontRegistry &registry);
 
-/// Registers the faces of the running program, at most once however often it is called. The application
-/// object must exist. The files are read meanwhile: `FontRegistry::finish()` tells when that is done.
+/// Registers the faces for the running program; further calls do nothing. The application object must exist.
+/// The files may be read after the call: `FontRegistry::finish()` waits for that.
 void registerBundledFonts();
 
 } // namespace FontRegistration

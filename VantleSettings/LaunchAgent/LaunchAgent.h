@@ -3,8 +3,8 @@
 #include <chrono>
 #include <functional>
 
-/// The agent's login job, through the service manager of this system. Nothing here keeps the window waiting;
-/// an answer is given once, on the main thread.
+/// The agent's login job, through the service manager of this system. Only `isLoaded` and `finish` wait, for
+/// no longer than the caller allows. Each answer is given once, on the main thread.
 namespace LaunchAgent
 {
 
@@ -19,8 +19,8 @@ void load(Answer answer);
 /// Unloads the job; true when it is unloaded afterwards, false at once when there is no job file.
 void unload(Answer answer);
 
-/// For the end of the program: a change that is under way happens without it. Waits no longer than this, and
-/// not at all when there is none.
+/// For the end of the program: makes sure that a change that is under way happens without the program. Waits
+/// no longer than `limit`, and not at all when no change is under way.
 void finish(std::chrono::milliseconds limit);
 
 } // namespace LaunchAgent

@@ -23,8 +23,7 @@ constexpr auto demoPlanningRoot = "/Users/demo/workspace/planning"_L1;
 
 SettingsModel::SettingsModel(QObject *parent) : Observable(parent)
 {
-    // NOLINTBEGIN(cppcoreguidelines-prefer-member-initializer): one after the other, each may ask for those
-    // before
+    // NOLINTBEGIN(cppcoreguidelines-prefer-member-initializer): each may read those before it
     demoMode = Persistence::loadDemoMode();
     refreshProjects();
     sessionsCount = currentSessionsCount();
@@ -119,7 +118,7 @@ void SettingsModel::rebindShortcut(ShortcutAction action, const KeyCombo &combo)
     Q_EMIT objectWillChange();
 }
 
-/// A late answer corrects the first one, unless a change has begun meanwhile: that brings its own.
+/// A late answer is stored when it arrives, unless a change has begun meanwhile: the change stores its own.
 void SettingsModel::readLaunchAtLogin()
 {
     const auto store = [model = QPointer(this)](bool loaded) {
@@ -129,7 +128,7 @@ void SettingsModel::readLaunchAtLogin()
     LaunchAgent::isLoaded(store, servicePatience);
 }
 
-/// Reads again what lives in files, but not the small preference files.
+/// Reloads projects, sessions and planning, but not the small preference files.
 void SettingsModel::refreshBackedData()
 {
     refreshProjects();

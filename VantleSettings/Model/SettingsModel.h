@@ -30,13 +30,14 @@ public:
     Published<std::int64_t> browserPatternsCount{*this}; ///< roots that have patterns, not rows
     Published<std::optional<QString>> planningRoot{*this};
     Published<std::vector<PlanningProject>> planningProjects{*this};
-    Published<bool> demoMode{*this}; ///< decided once, when the model is made
+    Published<bool> demoMode{*this}; ///< read once, when the model is made
     Published<TypefaceOption> typeface{*this};
     Published<bool> greenScreen{*this};
     Published<TerminalBackendOption> terminalBackend{*this};
     Published<bool> automaticUpdates{*this};
 
-    /// The shortcut bindings, observable by themselves; those who change them there announce it here too.
+    /// The shortcut bindings, an Observable of their own. Code that changes them there must also emit
+    /// `objectWillChange` of the model.
     Shortcuts &shortcuts() const { return *m_shortcuts; }
 
     void setTypeface(TypefaceOption option);
@@ -49,7 +50,7 @@ public:
     /// Saves the patterns and leaves the rows alone; does nothing in demo mode.
     void saveBrowserPatterns(const Persistence::BrowserPatterns &patterns);
 
-    /// Asks the agent to clear its registry, or to start its demo afresh.
+    /// Asks the agent to clear its registry, or, in demo mode, to start its demo again.
     void clearSessions();
 
     /// Removes the patterns file and empties every row; in demo mode the sample rows come back.
@@ -57,8 +58,8 @@ public:
 
     void rebindShortcut(ShortcutAction action, const KeyCombo &combo);
 
-    /// The rows of the browser-patterns page: every root of `existingConfig`, then the registry's others, by
-    /// folder.
+    /// The rows of the browser-patterns page: every root of `existingConfig`, and the registry's other
+    /// directories, all sorted by folder name without letter case.
     static std::vector<BrowserConfigProject>
     buildProjectList(const Persistence::BrowserPatterns &existingConfig);
 

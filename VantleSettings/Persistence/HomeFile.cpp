@@ -28,12 +28,12 @@ std::optional<Json::Document> document(const QString &path)
     return bytes ? Json::Document::parse(*bytes) : std::nullopt;
 }
 
-/// Where the bytes of a file that could not be read are kept when it is saved over.
+/// The paths to which a file that could not be read may be copied before it is overwritten.
 QStringList unreadableCopies(const QString &path)
 {
-    constexpr int most = 9;
+    constexpr int maximumCount = 9;
     QStringList places{path + u".unreadable"_s};
-    for (int number = 2; number <= most; ++number)
+    for (int number = 2; number <= maximumCount; ++number)
         places.append(places.first() + u'-' + QString::number(number));
     return places;
 }
@@ -51,7 +51,7 @@ bool HomeFile::write(const QString &relativePath, const Json::Node &record,
 {
     if (const auto path = absolute(relativePath))
         Persistence::ensureDir(*path);
-    const auto path = absolute(relativePath); // the home may have become another one meanwhile
+    const auto path = absolute(relativePath); // the home directory may have changed meanwhile
     if (!path)
         return false;
     const auto present = document(*path);

@@ -8,9 +8,9 @@
 #include <functional>
 #include <optional>
 
-/// How every settings file is read and written: JSON under the home directory, which is asked for anew each
-/// time; without a home nothing is read or written. A file holds one record, which a function `decode` makes
-/// of its top level, a `Json::Value`, or does not where the file holds something else.
+/// How every settings file is read and written: JSON under the home directory, which is looked up for each
+/// call; without a home directory nothing is read or written. A file holds one record. A function `decode`
+/// makes the record from the top-level `Json::Value`, or returns nothing where that is no such record.
 namespace HomeFile
 {
 
@@ -25,14 +25,14 @@ auto load(const QString &relativePath, Decode decode) -> decltype(decode(Json::V
     return document ? decode(document->root()) : std::nullopt;
 }
 
-/// Makes the directory where it is missing, then replaces the file's bytes in place. Whether it was written.
-/// A file that is there but holds no record is first copied beside itself, as `<name>.unreadable`, or with
-/// `-2` to `-9` after that where other bytes are there; the file is written whether or not it could be
-/// copied.
+/// Makes the directory where it is missing, then replaces the file's bytes in place. Returns whether they
+/// were written. An existing file that holds no record is first copied to `<name>.unreadable` beside it, or,
+/// where that name is taken, to that name with `-2` to `-9` appended; the file is written whether or not it
+/// could be copied.
 bool write(const QString &relativePath, const Json::Node &record,
            const std::function<bool(const Json::Value &)> &isRecord);
 
-/// `write` over what `decode` reads.
+/// Calls `write`; a file holds a record when `decode` returns one.
 template <class Decode>
 bool save(const QString &relativePath, const Json::Node &record, Decode decode)
 {

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Reads the record that is one member, a text or a boolean.
+/// Makes a function that decodes a record of one member: a text or a boolean.
 auto text(std::string_view member)
 {
     return [member](const Json::Value &top) { return top[member].text(); };

@@ -11,13 +11,14 @@
 #include <optional>
 #include <vector>
 
-/// The JSON files the program shares with the agent. Every call forms its paths from the home directory,
-/// reads or writes, and forgets. A loader gives its default for a file that is missing, unreadable or
-/// invalid; a saver returns whether the file was written.
+/// The JSON files the program shares with the agent. Every call looks up the home directory, then reads or
+/// writes; nothing is cached. A loader gives its default for a file that is missing, unreadable or invalid; a
+/// saver returns whether the file was written.
 namespace Persistence
 {
 
-/// Whether the updater may look for releases by itself, and where; the address is only carried over.
+/// Whether the updater may look for releases by itself, and at which address. This program shows no address;
+/// it saves the one that it has loaded.
 struct UpdatesConfig {
     bool automatic = true;
     std::optional<QString> manifestURL;
@@ -50,8 +51,8 @@ BrowserPatterns loadBrowserPatterns();
 bool saveBrowserPatterns(const BrowserPatterns &patterns);
 void clearBrowserPatterns();
 
-/// The patterns that the rows hold: a line each, trimmed, rows without any left out; the later row with the
-/// same root wins.
+/// The patterns in the rows: one per line, trimmed. Rows without patterns are left out; of rows with the same
+/// root the last wins.
 BrowserPatterns browserPatterns(const std::vector<BrowserConfigProject> &rows);
 
 /// Makes sure that the directory that contains this file exists.

@@ -19,15 +19,15 @@ std::optional<Json::Document> readRegistry()
     return HomeFile::read(SharedFiles::sessions.path);
 }
 
-/// Collects directories, telling equal ones by their bytes for as long as it can: the registry may hold a
-/// million sessions, few of which have a directory that was not seen before.
+/// Collects distinct directories. Decodes and composes only a spelling whose bytes are new, because the
+/// registry may hold a million sessions and most have a directory that was seen before.
 class Directories
 {
 public:
     /// One more session in this directory. The bytes have to outlive this object.
     void add(std::string_view spelling)
     {
-        const auto [place, isNewSpelling] = m_places.try_emplace(spelling, m_directories.size());
+        const auto [place, isNewSpelling] = m_indexes.try_emplace(spelling, m_directories.size());
         std::size_t &index = place->second;
         if (isNewSpelling)
             index = indexOf(Text::decoded(spelling).value_or(QString()), index);
@@ -37,18 +37,18 @@ public:
     std::vector<Persistence::SessionDirectory> take() { return std::move(m_directories); }
 
 private:
-    /// The index of the equal directory that is there already, else of a new one.
+    /// The index of the directory that equals `path`; adds it as `newIndex` where there is none.
     std::size_t indexOf(const QString &path, std::size_t newIndex)
     {
         const std::string &composed = m_composed.emplace_back(Text::composed(path).toStdString());
-        const std::size_t index = m_places.try_emplace(composed, newIndex).first->second;
+        const std::size_t index = m_indexes.try_emplace(composed, newIndex).first->second;
         if (index == newIndex)
             m_directories.push_back({path, 0});
         return index;
     }
 
     std::vector<Persistence::SessionDirectory> m_directories;
-    std::unordered_map<std::string_view, std::size_t> m_places; ///< by spelling, and by composed form
+    std::unordered_map<std::string_view, std::size_t> m_indexes; ///< by spelling, and by composed form
     std::deque<std::string> m_composed;
 };
 

@@ -11,7 +11,7 @@ namespace Persistence
 /// A working directory of the agent's sessions, as the registry first spells it.
 struct SessionDirectory {
     QString path;
-    std::int64_t sessions = 0; ///< how many have it
+    std::int64_t sessions = 0; ///< the number of sessions in it
 
     bool operator==(const SessionDirectory &) const = default;
 };

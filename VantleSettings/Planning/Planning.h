@@ -11,12 +11,12 @@ namespace Planning
 struct Config {
     std::optional<QString> root;
 
-    /// Equal when the roots are equal texts; two absent ones are.
+    /// Equal when both roots are equal texts or both are absent.
     bool operator==(const Config &other) const;
 };
 
 bool save(const Config &config);
-void clear(); ///< removes the file: the only form of "no root"
+void clear(); ///< removes the file, which is how the program stores "no root"
 std::optional<QString> loadPlanningConfig();
 
 } // namespace Planning

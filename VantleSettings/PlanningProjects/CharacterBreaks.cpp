@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <array>
 
-// The Unicode standard's rules GB9, GB9a and GB9b (UAX #29), which are the only ones that join anything to a
-// sign of ASCII. The toolkit's finder of boundaries tailors its answers to scripts, so it isn't asked.
+// Rules GB9, GB9a and GB9b of UAX #29, the only ones that join anything to a printable ASCII character.
+// QTextBoundaryFinder is not used because it tailors its results to scripts.
 
 namespace
 {
@@ -16,30 +16,32 @@ struct Range {
     char32_t last;
 };
 
-/// Spacing marks that the standard leaves apart from what precedes them.
-constexpr std::array<Range, 13> marksThatStandApart{{{0x102B, 0x102C},
-                                                     {0x1038, 0x1038},
-                                                     {0x1062, 0x1064},
-                                                     {0x1067, 0x106D},
-                                                     {0x1083, 0x1083},
-                                                     {0x1087, 0x108C},
-                                                     {0x108F, 0x108F},
-                                                     {0x109A, 0x109C},
-                                                     {0x1A61, 0x1A61},
-                                                     {0x1A63, 0x1A64},
-                                                     {0xAA7B, 0xAA7B},
-                                                     {0xAA7D, 0xAA7D},
-                                                     {0x11720, 0x11721}}};
+/// Spacing marks that do not extend the preceding cluster.
+constexpr std::array<Range, 13> nonextendingMarks{{{0x102B, 0x102C},
+                                                   {0x1038, 0x1038},
+                                                   {0x1062, 0x1064},
+                                                   {0x1067, 0x106D},
+                                                   {0x1083, 0x1083},
+                                                   {0x1087, 0x108C},
+                                                   {0x108F, 0x108F},
+                                                   {0x109A, 0x109C},
+                                                   {0x1A61, 0x1A61},
+                                                   {0x1A63, 0x1A64},
+                                                   {0xAA7B, 0xAA7B},
+                                                   {0xAA7D, 0xAA7D},
+                                                   {0x11720, 0x11721}}};
 
-/// What joins like a mark: Thai and Lao vowels, joiners, half-width voicing, modifiers of emoji, tags.
-constexpr std::array<Range, 6> joinersThatAreNoMarks{{{0x0E33, 0x0E33},
-                                                      {0x0EB3, 0x0EB3},
-                                                      {0x200C, 0x200D},
-                                                      {0xFF9E, 0xFF9F},
-                                                      {0x1F3FB, 0x1F3FF},
-                                                      {0xE0020, 0xE007F}}};
+/// Scalars that extend the preceding cluster without being marks: Thai and Lao vowels, joiners, half-width
+/// voicing marks, emoji modifiers, tags.
+constexpr std::array<Range, 6> extendingNonMarks{{{0x0E33, 0x0E33},
+                                                  {0x0EB3, 0x0EB3},
+                                                  {0x200C, 0x200D},
+                                                  {0xFF9E, 0xFF9F},
+                                                  {0x1F3FB, 0x1F3FF},
+                                                  {0xE0020, 0xE007F}}};
 
-/// What joins what follows it: signs that span numbers, and letters that are written before their syllable.
+/// Scalars that join the following cluster (property Prepend): signs that span numbers, and letters that are
+/// written before their syllable.
 constexpr std::array<Range, 15> prepended{{{0x0600, 0x0605},
                                            {0x06DD, 0x06DD},
                                            {0x070F, 0x070F},
@@ -64,15 +66,14 @@ bool contains(const std::array<Range, Size> &ranges, char32_t scalar)
     });
 }
 
-/// Nothing below it joins anything.
+/// The first scalar that joins another.
 constexpr char32_t firstMark = 0x0300;
 
 bool joinsWhatPrecedesIt(char32_t scalar)
 {
     if (scalar < firstMark)
         return false;
-    return QChar::isMark(scalar) ? !contains(marksThatStandApart, scalar)
-                                 : contains(joinersThatAreNoMarks, scalar);
+    return QChar::isMark(scalar) ? !contains(nonextendingMarks, scalar) : contains(extendingNonMarks, scalar);
 }
 
 bool joinsWhatFollowsIt(char32_t scalar)

@@ -5,8 +5,8 @@
 namespace PlanningProjects
 {
 
-/// Whether the unit at this index, a sign of ASCII, is a character of its own: an extended grapheme cluster
-/// that neither what follows it nor what precedes it is part of.
+/// Whether the printable ASCII character at this index is an extended grapheme cluster by itself: neither the
+/// preceding nor the following scalar joins it.
 bool standsAlone(QStringView text, qsizetype index);
 
 } // namespace PlanningProjects

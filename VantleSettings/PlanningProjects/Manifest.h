@@ -9,8 +9,9 @@
 #include <vector>
 
 /// Reading the manifest `projects.toml`: blocks headed `[[projects]]`, each of assignments on one line with
-/// bare or quoted text, and comments. Everything else is passed over. A character is a whole one: a quote,
-/// say, that a combining mark follows is another character. All views are parts of the text that was given.
+/// bare or quoted text, and comments. Everything else is skipped. Characters are whole grapheme clusters: a
+/// quote followed by a combining mark, for example, is no quote. All views point into the text that was
+/// passed.
 namespace PlanningProjects
 {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <optional>
 
-/// One project of the planning manifest, with the agent's sessions counted that run inside it.
+/// One project of the planning manifest, with the number of the agent's sessions that run inside it.
 struct PlanningProject {
     QUuid id = QUuid::createUuid(); ///< fresh for every load
     QString name = {};

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The text of these bytes, without the byte order mark that may stand before it.
+/// The text of these bytes, without a byte order mark at its start.
 std::optional<QString> decoded(const QByteArray &bytes)
 {
     auto text = Text::decoded(bytes);

@@ -11,8 +11,8 @@
 namespace PlanningProjects
 {
 
-/// The manifest's path; nothing for an absent or empty root. The root is taken as it is: no `~`, no
-/// standardising.
+/// The manifest's path; nothing for an absent or empty root. The root is used unchanged: `~` is not expanded,
+/// and the path is not standardised.
 std::optional<QString> tomlPath(const std::optional<QString> &root);
 
 /// The projects in manifest order, read afresh; empty when there is no readable manifest.

@@ -14,8 +14,8 @@ QString normalized(const QString &path)
     return Text::composed(Path::standardizing(path));
 }
 
-/// The hash of a path (FNV-1a over its units). It is built unit by unit, so on the way to a path's end it
-/// passes through the hashes of all directories above.
+/// The hash of a path (FNV-1a over its units). It is computed unit by unit, so the hashes of all directories
+/// above are intermediate results.
 class PathHash
 {
 public:
@@ -48,7 +48,7 @@ struct Project {
 class Projects
 {
 public:
-    /// The project with this path, here from now on; stays where it is.
+    /// The project with this path, added where there is none. The reference stays valid.
     const Project &add(const QString &path)
     {
         PathHash hash;
@@ -83,7 +83,7 @@ private:
     }
 
     std::unordered_multimap<std::uint64_t, Project> m_projects;
-    std::vector<bool> m_lengths; ///< whether any project's path has this length: most directories' don't
+    std::vector<bool> m_lengths; ///< by length: whether a project's path has it; most directories' do not
 };
 
 } // namespace

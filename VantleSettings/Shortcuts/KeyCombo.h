@@ -7,7 +7,7 @@
 /// A key and its modifiers, in the numeric form the agent registers with the system.
 struct KeyCombo {
     std::uint32_t keyCode = 0;   ///< macOS virtual key code
-    std::uint32_t modifiers = 0; ///< Carbon mask of the bits below; bits of a file that aren't ours are kept
+    std::uint32_t modifiers = 0; ///< Carbon mask of the bits below; other bits of a file are kept
 
     static constexpr std::uint32_t command = 0x0100;
     static constexpr std::uint32_t shift = 0x0200;
@@ -26,10 +26,10 @@ struct KeyCombo {
     /// The first half of `display`: the modifiers in menu order, e.g. ⇧⌘.
     QString modifierGlyphs() const;
 
-    /// How a key shows that prints nothing: its code in brackets, e.g. ⟨200⟩.
+    /// How a key that prints nothing is shown: its code in brackets, e.g. ⟨200⟩.
     static QString bracketed(std::uint32_t keyCode);
 
-    /// The Carbon mask of a key press with these flags (Platform/ModifierFlags.h); flags that a shortcut
-    /// can't have are dropped.
+    /// The Carbon mask of a key press with these flags (Platform/Keyboard/ModifierFlags.h); flags that a
+    /// shortcut can't have are dropped.
     static std::uint32_t carbonModifiers(std::uint32_t flags);
 };

@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The action a member of the file binds. Earlier versions of the agent had two others, whose bindings their
-/// successors take over.
+/// The action that takes over the binding of an action of earlier versions of the agent; nothing for any
+/// other name.
 std::optional<ShortcutAction> legacyAction(const QString &name)
 {
     if (name == u"openBrowsers"_s)
@@ -33,21 +33,21 @@ std::optional<Shortcuts::Bindings> allBindings(const Json::Value &top)
 {
     if (!top.isObject())
         return std::nullopt;
-    Shortcuts::Bindings present;
+    Shortcuts::Bindings current;
     Shortcuts::Bindings legacy;
     for (const auto &[name, value] : top.members()) {
         const auto combo = decoded(value);
         if (!combo)
             return std::nullopt;
         if (const auto action = shortcutAction(name))
-            present[*action] = *combo;
+            current[*action] = *combo;
         else if (const auto successor = legacyAction(name))
             legacy[*successor] = *combo;
     }
-    // What stands first stays: a present name, then a legacy one, then the default.
-    present.merge(legacy);
-    present.merge(Shortcuts::defaults());
-    return present;
+    // merge() keeps present entries: a current name wins over a legacy one, and that over the default.
+    current.merge(legacy);
+    current.merge(Shortcuts::defaults());
+    return current;
 }
 
 Json::Object encoded(const KeyCombo &combo)
