@@ -17,8 +17,8 @@
 namespace Persistence
 {
 
-/// Whether the updater may look for releases by itself, and at which address. This program shows no address;
-/// it saves the one that it has loaded.
+/// Whether the updater may look for releases by itself, and at which address. The address belongs to the
+/// updater: this program saves it as it was loaded.
 struct UpdatesConfig {
     bool automatic = true;
     std::optional<QString> manifestURL;

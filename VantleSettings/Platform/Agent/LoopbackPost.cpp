@@ -27,8 +27,9 @@ struct Request {
     }
 };
 
-/// Blocking transfers on threads that end when nothing waits any more. At most six at a time: what a listener
-/// with the shortest usual backlog can hold, and what bounds our descriptors.
+/// Blocking transfers on threads that end when no request waits any more. At most six run at a time: a
+/// listener with the shortest usual backlog can hold so many, and the number of our descriptors stays
+/// bounded.
 class ThreadedLoopbackPost : public LoopbackPost
 {
 public:
@@ -54,8 +55,8 @@ private:
             std::thread([this] { transferWaiting(); }).detach();
             ++m_threadCount;
         } catch (const std::system_error &) {
-            // The system has no more threads: those that run send what waits, or the next one that can be
-            // had.
+            // The system has no more threads: a running thread sends the waiting requests, or the next one
+            // that can be started.
         }
     }
 

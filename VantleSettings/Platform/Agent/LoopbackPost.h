@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-/// Requests to a listener on this machine, sent and forgotten.
+/// Requests to a listener on this machine whose answers are ignored.
 class LoopbackPost
 {
 public:
@@ -14,12 +14,12 @@ public:
     virtual ~LoopbackPost();
     Q_DISABLE_COPY_MOVE(LoopbackPost)
 
-    /// Posts the JSON object `{}` to this port and path and returns at once; no answer is ever looked at.
-    /// Only 127.0.0.1 is contacted, directly, whatever proxies there are. Any number may be pending.
+    /// Posts the JSON object `{}` to this port and path and returns at once; the answer is ignored. Only
+    /// 127.0.0.1 is contacted, directly, even where a proxy is configured. Any number may be pending.
     virtual void post(const QUrl &url) = 0;
 
-    /// For the end of the program: returns when everything posted has been sent and answered, or given up, or
-    /// when this time is over; at once when nothing is pending. What is left is dropped.
+    /// For the end of the program: returns when every posted request has been answered or has failed, or
+    /// after `limit`; at once when nothing is pending. Requests that are not sent by then are dropped.
     virtual void finish(std::chrono::milliseconds limit) = 0;
 
     static LoopbackPost &system();

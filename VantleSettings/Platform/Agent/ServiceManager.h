@@ -5,8 +5,9 @@
 #include <chrono>
 #include <functional>
 
-/// The per-user service manager, as far as the agent's login job goes. Every call asks it afresh and works
-/// beside the window; answers are given on the main thread, once each.
+/// The per-user service manager, as far as the agent's login job is concerned. Every call asks it anew, and
+/// only `isLoaded` and `finish` block, for no longer than the caller allows. Each answer is given once, on
+/// the main thread.
 class ServiceManager
 {
 public:
@@ -19,16 +20,16 @@ public:
     /// `patience`; an answer that takes longer is given by the event loop when it arrives.
     virtual void isLoaded(std::chrono::milliseconds patience, Answer answer) = 0;
 
-    /// Loads the job, now and at each login, and answers once that is over: true when it is loaded then.
-    /// False at once without a job file.
+    /// Loads the job, now and at each login, and answers when that has ended: true when the job is loaded
+    /// then. Answers false at once where there is no job file.
     virtual void load(Answer answer) = 0;
 
-    /// Unloads the job, and answers once that is over: true when it is unloaded then. False at once without a
-    /// job file.
+    /// Unloads the job, and answers when that has ended: true when the job is unloaded then. Answers false at
+    /// once where there is no job file.
     virtual void unload(Answer answer) = 0;
 
     /// For the end of the program, when no event loop runs any more: makes sure that a change that is under
-    /// way happens without the program. Waits no longer than this.
+    /// way happens without the program. Waits no longer than `limit`.
     virtual void finish(std::chrono::milliseconds limit) = 0;
 
     /// launchd where its tool exists, else the user's systemd.

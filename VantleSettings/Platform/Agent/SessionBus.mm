@@ -1,6 +1,6 @@
 #include "Platform/Agent/SessionBus.h"
 
-// Programs of this system meet over launchd.
+// This system has no session bus.
 
 bool hasSessionBus() { return false; }
 

@@ -23,20 +23,20 @@ namespace
 constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 /// The socket of the user's bus where no address is given; empty when it isn't there.
-QString usualSocket()
+QString defaultSocket()
 {
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     const QString path = Path::appending(folder, u"bus"_s);
     return folder.startsWith(u'/') && Seam<FileSystem>::current().exists(path) ? path : QString();
 }
 
-/// The name of the bus's socket as the system wants it, an abstract one with a zero in front; empty for a bus
-/// that is reached in another way.
+/// The name of the bus's socket for `connect`, an abstract one with a zero byte in front; empty for a bus
+/// that has another kind of address.
 QByteArray socketName()
 {
     const QByteArray address = qgetenv(addressVariable);
     if (address.isEmpty())
-        return usualSocket().toLocal8Bit();
+        return defaultSocket().toLocal8Bit();
     const QByteArray first = address.split(';').first();
     if (!first.startsWith("unix:"))
         return {};
@@ -49,8 +49,8 @@ QByteArray socketName()
     return {};
 }
 
-/// Connects without waiting; false only when the other side leaves its callers waiting.
-bool takesCallers(int socket, const QByteArray &name)
+/// Connects without blocking; false only when the bus has too many connections waiting to be accepted.
+bool acceptsConnections(int socket, const QByteArray &name)
 {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -61,15 +61,15 @@ bool takesCallers(int socket, const QByteArray &name)
     return ::connect(socket, reinterpret_cast<const sockaddr *>(&address), length) == 0 || errno != EAGAIN;
 }
 
-/// Whether the bus answers the first words that each of its clients says. One that cannot be reached at all
-/// counts, too: no call waits for it.
-bool answers(int socket, const QByteArray &name, std::chrono::milliseconds limit)
+/// Whether the bus answers the start of the authentication, which every client sends first. A bus that cannot
+/// be reached at all counts as answering, because no call waits for it.
+bool answersGreeting(int socket, const QByteArray &name, std::chrono::milliseconds limit)
 {
-    if (!takesCallers(socket, name))
+    if (!acceptsConnections(socket, name))
         return false;
     const QByteArray user = QByteArray::number(::getuid()).toHex();
-    const QByteArray words = '\0' + QByteArray("AUTH EXTERNAL ") + user + "\r\n";
-    if (::send(socket, words.constData(), size_t(words.size()), MSG_NOSIGNAL) < 0)
+    const QByteArray greeting = '\0' + QByteArray("AUTH EXTERNAL ") + user + "\r\n";
+    if (::send(socket, greeting.constData(), size_t(greeting.size()), MSG_NOSIGNAL) < 0)
         return true;
     pollfd answer{socket, POLLIN, 0};
     return ::poll(&answer, 1, int(limit.count())) != 0;
@@ -80,7 +80,7 @@ bool answers(int socket, const QByteArray &name, std::chrono::milliseconds limit
 bool hasSessionBus()
 {
     const QByteArray address = qgetenv(addressVariable);
-    return address.isEmpty() ? !usualSocket().isEmpty() : !address.contains("autolaunch:");
+    return address.isEmpty() ? !defaultSocket().isEmpty() : !address.contains("autolaunch:");
 }
 
 void abandonSilentSessionBus(std::chrono::milliseconds limit)
@@ -91,7 +91,7 @@ void abandonSilentSessionBus(std::chrono::milliseconds limit)
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (socket < 0)
         return;
-    if (!answers(socket, name, limit))
+    if (!answersGreeting(socket, name, limit))
         qputenv(addressVariable, "unix:path=/dev/null"); // no socket: connecting fails at once
     ::close(socket);
 }

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// What a program knows of its own installation; empty where the system can't tell.
+/// A program's own installation; members are empty where the system can't tell.
 struct Bundle {
     std::optional<QString> executablePath;
     std::optional<QString> resourceDirectory; ///< files that were installed with the program
@@ -14,6 +14,6 @@ struct Bundle {
     static Bundle main();
 };
 
-/// The bundle that an installation under a prefix makes around its executable: resources in the prefix's data
-/// directory, and among them a file `version`. A program in its build tree has neither.
+/// The bundle of a program that is installed under a prefix: its resources are in the prefix's data
+/// directory, and among them is a file `version`. A program in its build tree has neither.
 Bundle installedBundle(const QString &executablePath);

@@ -14,7 +14,7 @@
 namespace
 {
 
-constexpr qsizetype roomBehindTheEnd = 256;
+constexpr qsizetype paddingSize = 256;
 
 std::optional<struct stat> statusOf(const QString &path)
 {
@@ -31,7 +31,7 @@ std::optional<QByteArray> readToEnd(const RegularFile &file)
 {
     if (file.size() >= fileSizeLimit)
         return std::nullopt;
-    QByteArray bytes(qsizetype(file.size()) + roomBehindTheEnd, Qt::Uninitialized);
+    QByteArray bytes(qsizetype(file.size()) + paddingSize, Qt::Uninitialized);
     qsizetype length = 0;
     while (true) {
         const qint64 count = file.read(length, bytes.data() + length, bytes.size() - length);
@@ -40,7 +40,7 @@ std::optional<QByteArray> readToEnd(const RegularFile &file)
         if (count == 0)
             break;
         length += count;
-        if (bytes.size() - length < roomBehindTheEnd)
+        if (bytes.size() - length < paddingSize)
             bytes.resize(bytes.size() * 2);
     }
     bytes.resize(length);
@@ -52,7 +52,7 @@ class SystemFileSystem final : public FileSystem
 public:
     SystemFileSystem()
     {
-        // A limit on the size of files is a write that fails, not the end of the program.
+        // A write beyond the limit on file sizes then fails instead of ending the program.
         std::signal(SIGXFSZ, SIG_IGN);
     }
 

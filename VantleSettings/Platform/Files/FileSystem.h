@@ -12,26 +12,27 @@
 class FileSystem
 {
 public:
-    /// No file has a path of so many characters, nor any call of the system takes one.
+    /// No file has a path of this many characters: the system's calls refuse it.
     static constexpr qsizetype tooLong = PATH_MAX;
 
     virtual ~FileSystem();
     Q_DISABLE_COPY_MOVE(FileSystem)
 
-    /// The bytes of a regular file, a link to one counts; nothing for anything else, at once, nor for 4 GiB
-    /// and more. The array has room left behind its end for a parser that reads in blocks.
+    /// The bytes of a regular file or of a link to one. Nothing for a file that can't be read or has 4 GiB or
+    /// more, and nothing, at once, for a pipe, a device or the like. The array has spare capacity behind its
+    /// end for a parser that reads in blocks.
     virtual std::optional<QByteArray> read(const QString &path) = 0;
 
     /// Replaces the file's bytes in place: truncated and rewritten, no temporary file, no rename, because the
     /// file may be a link and its mode and owner are the user's. False when it could not be written whole.
     virtual bool write(const QString &path, const QByteArray &bytes) = 0;
 
-    /// Copies a regular file, a link to one counts, to the first of these places at which nothing is, unless
-    /// one of them is a copy of it already. The copy has the file's permissions; nothing that is at a place
-    /// is written to, and no link there is followed. What can't be copied whole is not there afterwards.
+    /// Copies a regular file, or the one that a link leads to, to the first of these paths at which nothing
+    /// exists, unless one of them is a copy of it already. The copy has the file's permissions. Existing
+    /// files are not changed, and links at these paths are not followed. An incomplete copy is removed.
     virtual void keepCopy(const QString &path, const QStringList &places) = 0;
 
-    /// Makes a directory and its missing parents; failures show in the write that follows.
+    /// Makes a directory and its missing parents. Failures are not reported: the write that follows fails.
     virtual void createDirectory(const QString &path) = 0;
 
     /// Removes a file or a link, never a directory; failures are not reported.

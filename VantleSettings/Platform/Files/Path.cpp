@@ -27,7 +27,7 @@ bool hasRunOfSlashes(const QString &path)
     return false;
 }
 
-/// Runs of slashes as one, and none at the end but the root's.
+/// The path with each run of slashes as one slash, and without one at the end except for the root.
 QString withSingleSlashes(const QString &path)
 {
     if (!hasRunOfSlashes(path) && (path.size() <= 1 || !path.endsWith(u'/')))
@@ -43,7 +43,7 @@ QString withSingleSlashes(const QString &path)
     return result;
 }
 
-/// Whether the path has a component that standardising removes or resolves, or may have one.
+/// Whether the path may have a component `.` or `..`: other names that begin with a dot count, too.
 bool mayHaveDots(QStringView path)
 {
     return path.startsWith(u'.') || path.contains(u"/.");

@@ -24,8 +24,8 @@ QString expandingTilde(const QString &path);
 /// spelling where it has one. A relative path stays relative.
 QString standardizing(const QString &path);
 
-/// macOS has `/tmp`, `/var` and `/etc` as links into `/private`: drops that leading component where what is
-/// left exists and doesn't belong to the folders that are really at the root.
+/// macOS has `/tmp`, `/var` and `/etc` as links into `/private`: drops that leading component where the rest
+/// exists and doesn't begin with a directory that is really at the root, e.g. `/usr`.
 QString withoutPrivate(const QString &path);
 
 } // namespace Path

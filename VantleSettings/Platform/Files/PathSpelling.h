@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/// The spelling that this system prefers for a standardised path that it can spell in two ways.
+/// The spelling that this system prefers for a standardised path, where it has two for it.
 QString systemSpelling(const QString &path);

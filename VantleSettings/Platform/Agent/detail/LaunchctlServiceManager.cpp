@@ -37,8 +37,8 @@ bool LaunchctlServiceManager::isAvailable()
     return Seam<FileSystem>::current().exists(tool());
 }
 
-/// The label counts wherever it stands in the listing, inside a longer one too; a listing that is no text
-/// lists nothing.
+/// The label may stand anywhere in the listing, even inside a longer label. A listing that is not UTF-8
+/// counts as empty.
 void LaunchctlServiceManager::isLoaded(std::chrono::milliseconds patience, Answer answer)
 {
     auto *listing = ToolRun::reading(tool(), {u"list"_s}, [answer = std::move(answer)](const auto &output) {
@@ -65,7 +65,7 @@ void LaunchctlServiceManager::unload(Answer answer)
     change({u"unload"_s, *file}, [answer = std::move(answer)](bool loaded) { answer(!loaded); });
 }
 
-/// The tool goes on without the program; what it is given is time to begin.
+/// The tool runs on when the program ends; waiting for it gives it time to begin.
 void LaunchctlServiceManager::finish(std::chrono::milliseconds limit)
 {
     if (m_change)

@@ -20,5 +20,5 @@ public:
 private:
     void change(const QStringList &arguments, Answer loadedAfterwards);
 
-    QPointer<ToolRun> m_change; ///< the last one while it runs
+    QPointer<ToolRun> m_change; ///< the last change, while its tool runs
 };

@@ -15,7 +15,7 @@
 namespace
 {
 
-/// What has been answered needs no patience, only time to close.
+/// How long to wait for the listener to close the connection once it has begun to answer.
 constexpr std::chrono::milliseconds closingTime{90};
 
 #ifdef MSG_NOSIGNAL
@@ -28,7 +28,7 @@ constexpr int sendFlags = 0;
 int newSocket()
 {
 #ifdef SOCK_CLOEXEC
-    // At once, since another thread may start a program meanwhile.
+    // In one call, because another thread may start a program meanwhile.
     return ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
 #else
     const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
@@ -59,7 +59,7 @@ public:
     ~Connection() { close(); }
     Q_DISABLE_COPY_MOVE(Connection)
 
-    /// False when the listener does not read all of it in time, each part for itself, or there is none.
+    /// False when there is no listener, or when it takes longer than `timeout` to read the next part.
     bool send(QByteArrayView bytes, std::chrono::milliseconds timeout) const
     {
         while (!bytes.isEmpty()) {
@@ -73,7 +73,7 @@ public:
         return true;
     }
 
-    /// Reads a part of the answer; false at its end, or when nothing comes in time.
+    /// Reads and drops a part of the answer; false at its end, on failure, or when nothing arrives in time.
     bool receive(std::chrono::milliseconds timeout) const
     {
         std::array<char, 4096> unread{};

@@ -38,26 +38,26 @@ bool hasJobFile()
     });
 }
 
-/// Over the session bus, to which the toolkit is connected anyway: that takes a twentieth of the time that
-/// the tool takes, and this is asked at each start. The bus starts no service to answer it.
-QDBusMessage stateQuestion()
+/// Asks for the unit's state over the session bus, to which the toolkit is connected anyway: every start
+/// asks, and the tool would take twenty times as long. The bus starts no service to answer.
+QDBusMessage stateRequest()
 {
-    auto question = QDBusMessage::createMethodCall(
+    auto request = QDBusMessage::createMethodCall(
         u"org.freedesktop.systemd1"_s, u"/org/freedesktop/systemd1/unit/com_2evantle_2eagent_2eservice"_s,
         u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    question << u"org.freedesktop.systemd1.Unit"_s << u"ActiveState"_s;
-    question.setAutoStartService(false);
-    return question;
+    request << u"org.freedesktop.systemd1.Unit"_s << u"ActiveState"_s;
+    request.setAutoStartService(false);
+    return request;
 }
 
-/// Whether the unit's state is one of a loaded job; an error says that it is not.
+/// Whether the unit's state is that of a loaded job; an error means that it is not.
 bool saysLoaded(const QDBusMessage &answer)
 {
     const QString state = answer.arguments().value(0).value<QDBusVariant>().variant().toString();
     return state == u"active" || state == u"activating" || state == u"reloading";
 }
 
-/// Where systemd's tool of this name is; empty where there is none.
+/// The path of systemd's tool of this name; empty where there is none.
 QString toolPath(const QString &name)
 {
     for (const QString &folder : {u"/usr/bin/"_s, u"/bin/"_s, u"/run/current-system/sw/bin/"_s}) {
@@ -67,7 +67,7 @@ QString toolPath(const QString &name)
     return {};
 }
 
-/// Runs this command, then calls `then`: at once when its tool is not there, and it returns null.
+/// Runs this command, then calls `then`. Where its tool is missing, calls `then` at once and returns null.
 ToolRun *run(const QStringList &command, std::function<void()> then)
 {
     if (command.first().isEmpty()) {
@@ -78,16 +78,16 @@ ToolRun *run(const QStringList &command, std::function<void()> then)
                            [then = std::move(then)](const auto &) { then(); });
 }
 
-/// The command to the user's systemd.
+/// The command that gives these arguments to the user's systemd.
 QStringList systemctl(const QStringList &arguments)
 {
     return QStringList{toolPath(u"systemctl"_s), u"--user"_s} + arguments;
 }
 
-/// Has systemd itself start the unit and enable it once it has started. A unit that was enabled before is not
-/// while it starts, so that it is not when the start fails. Disabling also makes systemd read the unit's
-/// file.
-QStringList startInBackground()
+/// The command by which systemd itself starts the unit and enables it once it has started. The unit is
+/// disabled before it starts, so that it stays disabled when the start fails. Disabling also makes systemd
+/// read the unit's file again.
+QStringList backgroundStartCommand()
 {
     const auto property = [](const QString &name, const QStringList &command) {
         return u"--property="_s + name + u'=' + command.join(u' ');
@@ -103,9 +103,9 @@ QStringList startInBackground()
            systemctl({u"start"_s, unit()});
 }
 
-/// Whether there is a bus on which systemd can be asked; an asynchronous call to another would never come
-/// back.
-bool canAsk()
+/// Whether there is a session bus to ask systemd over. An asynchronous call on a bus that is not connected
+/// would never finish.
+bool isBusConnected()
 {
     return hasSessionBus() && QDBusConnection::sessionBus().isConnected();
 }
@@ -114,15 +114,15 @@ bool canAsk()
 
 void SystemdServiceManager::isLoaded(std::chrono::milliseconds patience, Answer answer)
 {
-    if (!canAsk())
+    if (!isBusConnected())
         return answer(false);
     const auto bus = QDBusConnection::sessionBus();
     if (patience > 0ms) {
-        const QDBusMessage reply = bus.call(stateQuestion(), QDBus::Block, int(patience.count()));
+        const QDBusMessage reply = bus.call(stateRequest(), QDBus::Block, int(patience.count()));
         if (reply.errorName() != QDBusError::errorString(QDBusError::NoReply))
             return answer(saysLoaded(reply));
     }
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(stateQuestion(), withoutLimit),
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(stateRequest(), withoutLimit),
                                                 QCoreApplication::instance());
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
                      [watcher, answer = std::move(answer)] {
@@ -131,33 +131,33 @@ void SystemdServiceManager::isLoaded(std::chrono::milliseconds patience, Answer 
                      });
 }
 
-/// Enabled once it has started, and disabled where it has not: what the switch shows is what the next login
-/// does.
+/// Enables the unit once it has started and disables it where it has not, so that the next login does what
+/// the switch shows.
 void SystemdServiceManager::load(Answer answer)
 {
     if (!hasJobFile())
         return answer(false);
-    m_inBackground = startInBackground();
+    m_backgroundCommand = backgroundStartCommand();
     const auto finished = [this, answer = std::move(answer)](bool loaded) {
-        m_inBackground.clear();
+        m_backgroundCommand.clear();
         answer(loaded);
     };
     const auto store = [=](bool loaded) {
         run(systemctl({loaded ? u"enable"_s : u"disable"_s, unit()}), [=] { finished(loaded); });
     };
-    const auto check = [=, this] { canAsk() ? isLoaded(0ms, store) : finished(false); };
+    const auto check = [=, this] { isBusConnected() ? isLoaded(0ms, store) : finished(false); };
     const auto start = [=] { run(systemctl({u"start"_s, unit()}), check); };
     run(systemctl({u"daemon-reload"_s}), start); // the unit's file may be newer than what systemd knows of it
 }
 
-/// Stopped but not disabled: the next login starts it again.
+/// Stops the unit but doesn't disable it: the next login starts it again.
 void SystemdServiceManager::unload(Answer answer)
 {
     if (!hasJobFile())
         return answer(false);
-    m_inBackground = systemctl({u"stop"_s, u"--no-block"_s, unit()});
+    m_backgroundCommand = systemctl({u"stop"_s, u"--no-block"_s, unit()});
     const auto finished = [this, answer = std::move(answer)](bool loaded) {
-        m_inBackground.clear();
+        m_backgroundCommand.clear();
         answer(!loaded);
     };
     run(systemctl({u"stop"_s, unit()}), [=, this] { isLoaded(0ms, finished); });
@@ -165,8 +165,8 @@ void SystemdServiceManager::unload(Answer answer)
 
 void SystemdServiceManager::finish(std::chrono::milliseconds limit)
 {
-    if (m_inBackground.isEmpty())
+    if (m_backgroundCommand.isEmpty())
         return;
-    if (auto *tool = run(m_inBackground, [] {}))
+    if (auto *tool = run(m_backgroundCommand, [] {}))
         tool->waitForFinished(int(limit.count()));
 }

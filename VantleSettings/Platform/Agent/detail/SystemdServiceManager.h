@@ -4,8 +4,8 @@
 
 #include <QStringList>
 
-/// The user's systemd: the job is the unit com.vantle.agent.service. Loaded means that it is active or about
-/// to be. It is asked over the session bus and told by its tool.
+/// The user's systemd: the job is the unit com.vantle.agent.service. The job is loaded when the unit is
+/// active or about to be. Its state is asked over the session bus, and changed by systemd's tools.
 class SystemdServiceManager final : public ServiceManager
 {
 public:
@@ -15,5 +15,5 @@ public:
     void finish(std::chrono::milliseconds limit) override;
 
 private:
-    QStringList m_inBackground; ///< while a change is under way: the command that leaves it to systemd alone
+    QStringList m_backgroundCommand; ///< while a change is under way: the command that leaves it to systemd
 };

@@ -15,7 +15,7 @@ ToolRun::ToolRun(Ended ended) : QProcess(QCoreApplication::instance()), m_ended(
     });
 }
 
-/// The toolkit would kill the tool, did it not believe that it has ended.
+/// QProcess would kill a tool that it believes to be running.
 ToolRun::~ToolRun()
 {
     setProcessState(NotRunning);

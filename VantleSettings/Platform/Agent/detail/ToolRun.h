@@ -6,9 +6,9 @@
 #include <functional>
 #include <optional>
 
-/// A run of one of the system's tools, beside the window: exactly these arguments, no shell in between,
-/// nothing to read, its errors dropped. It deletes itself once the tool has ended. Where the program ends
-/// first the tool runs on.
+/// A run of one of the system's tools, without blocking: with exactly these arguments and no shell in
+/// between, an empty standard input, and its standard error dropped. The object deletes itself once the tool
+/// has ended. If the program ends first, the tool runs on.
 class ToolRun final : public QProcess
 {
     Q_OBJECT
@@ -21,7 +21,8 @@ public:
     /// For a tool whose output is read.
     static ToolRun *reading(const QString &program, const QStringList &arguments, Ended ended);
 
-    /// For a tool that is run for its effect: `ended` gets no output. Nobody's end makes its writing fail.
+    /// For a tool that is run for its effect: `ended` gets no output. Writing to its standard output doesn't
+    /// fail even after this program has ended.
     static ToolRun *silent(const QString &program, const QStringList &arguments, Ended ended);
 
     ~ToolRun() override;

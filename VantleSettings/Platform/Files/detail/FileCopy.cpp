@@ -12,7 +12,7 @@ namespace
 
 constexpr qsizetype blockSize = qsizetype{64} * 1024;
 
-/// The next bytes of the file: a whole block but at its end. Nothing when they can't be read.
+/// The file's block at this offset, shorter only at the end of the file. Nothing when it can't be read.
 std::optional<QByteArray> blockAt(const RegularFile &file, qint64 offset)
 {
     QByteArray block(blockSize, Qt::Uninitialized);
@@ -29,7 +29,8 @@ std::optional<QByteArray> blockAt(const RegularFile &file, qint64 offset)
     return block;
 }
 
-/// Hands the file block by block to a function that answers whether to go on. Whether it was read whole.
+/// Passes the file block by block to `take`, which returns whether to go on. Returns whether all of the file
+/// was passed.
 template <class Take>
 bool forEachBlock(const RegularFile &file, Take take)
 {
@@ -42,8 +43,8 @@ bool forEachBlock(const RegularFile &file, Take take)
     }
 }
 
-/// Whether a file of its own with the same bytes is at this place. A second name of the original is none: it
-/// changes with it.
+/// Whether a separate file with the same bytes is at this place. A hard link to the original doesn't count,
+/// because it changes with the original.
 bool isCopy(const RegularFile &original, const QString &place)
 {
     const RegularFile other(place, O_RDONLY | O_NOFOLLOW);

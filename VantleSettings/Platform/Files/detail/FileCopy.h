@@ -2,5 +2,5 @@
 
 #include <QStringList>
 
-/// What `FileSystem::keepCopy` does.
+/// Implements `FileSystem::keepCopy`.
 void copyToFreePlace(const QString &path, const QStringList &places);

@@ -10,7 +10,7 @@
 namespace
 {
 
-/// Makes a system call again for as long as signals interrupt it.
+/// Repeats a system call for as long as signals interrupt it.
 template <class Call>
 auto uninterrupted(Call call)
 {
@@ -20,7 +20,7 @@ auto uninterrupted(Call call)
     return result;
 }
 
-/// What one call may move: some systems refuse more than 2 GiB.
+/// The number of bytes for one call: some systems refuse more than 2 GiB.
 std::size_t atOnce(qsizetype count)
 {
     return std::size_t(std::min(count, qsizetype{1} << 30));

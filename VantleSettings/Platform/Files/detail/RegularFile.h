@@ -8,14 +8,14 @@
 #include <cerrno>
 #include <optional>
 
-/// From this size on a file is not read, and so not copied either.
+/// Files of this size in bytes, or larger, are neither read nor copied.
 inline constexpr qint64 fileSizeLimit = qint64{4} << 30;
 
-/// The path as the system's calls take it; nothing for one that they would cut short or refuse.
+/// The path as the system's calls take it; nothing for one that they would truncate or refuse.
 std::optional<QByteArray> systemPath(const QString &path);
 
-/// An open regular file. Anything else (a directory, pipe, socket or device) is given up at once: opening
-/// does not wait for the other end of a pipe, as QFile does.
+/// An open regular file. Anything else (a directory, pipe, socket or device) is closed again at once. Opening
+/// does not wait for the other end of a pipe, unlike QFile's.
 class RegularFile
 {
 public:
@@ -28,15 +28,15 @@ public:
     bool isOpen() const { return m_descriptor >= 0; }
     int descriptor() const { return m_descriptor; }
 
-    /// The following tell how the file was when it was opened.
+    /// The following describe the file at the time when it was opened.
     qint64 size() const { return m_status.st_size; }
     mode_t permissions() const { return m_status.st_mode & 0777U; }
     bool isSameAs(const RegularFile &other) const; ///< one file under two names counts as the same
 
-    /// Reads at most so many of the bytes at this place. How many; 0 at the end, negative on failure.
+    /// Reads at most `size` bytes at this offset. Returns how many; 0 at the end, negative on failure.
     qint64 read(qint64 offset, char *bytes, qsizetype size) const;
 
-    /// Appends to what was written before. False when not all of it could be written.
+    /// Writes after the bytes written before. False when not all of them could be written.
     bool write(const QByteArray &bytes) const;
 
     /// False when something written earlier turns out not to have reached the file.
