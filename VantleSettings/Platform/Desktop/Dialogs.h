@@ -22,8 +22,8 @@ struct Confirmation {
     QString action; ///< the first and default button; the other is Cancel
 };
 
-/// Modal questions. The event loop runs until they are answered, so whoever asks may be gone when the answer
-/// comes.
+/// Modal questions. The event loop runs until they are answered, so the object that asks may be destroyed
+/// before the call returns.
 class Dialogs
 {
 public:

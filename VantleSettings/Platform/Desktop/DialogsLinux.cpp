@@ -17,7 +17,8 @@
 namespace
 {
 
-/// Runs a dialog of its own until it is answered. False also when its window goes away meanwhile.
+/// Runs a dialog until it is answered. False also when the dialog is destroyed with its parent window
+/// meanwhile.
 bool accepted(const QPointer<QDialog> &dialog)
 {
     return dialog->exec() == QDialog::Accepted && dialog;
@@ -34,14 +35,15 @@ QString nearestExisting(QString folder)
 }
 
 /// The toolkit's dialog would keep a record of the folders it was in, in a file of its own in the home
-/// directory. Its settings, of which this program has no other use, are sent where nothing can be written.
+/// directory. The path of its settings, which this program doesn't use otherwise, is set to one where nothing
+/// can be written.
 void disableDialogHistory()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
-/// Puts the message above the dialog's controls. The dialog of a theme has none of the toolkit's, nor a place
-/// for a message.
+/// Puts the message above the dialog's controls. A dialog of the platform theme has none of these controls,
+/// nor a place for a message.
 void showMessage(QFileDialog &dialog, const QString &message)
 {
     dialog.setAccessibleDescription(message);
@@ -54,10 +56,10 @@ void showMessage(QFileDialog &dialog, const QString &message)
     setAccessibleRole(label, QAccessible::StaticText);
     label->setAccessibleName(message);
     setDescribes(label, &dialog);
-    dialog.layout()->setMenuBar(label); // the one place above all rows that a layout has
+    dialog.layout()->setMenuBar(label); // the only place that a layout has above all rows
 }
 
-/// The toolkit's dialog, or the one that its theme for this desktop brings along.
+/// The toolkit's dialog, or that of its platform theme for this desktop.
 std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
 {
     disableDialogHistory();
@@ -75,8 +77,8 @@ std::optional<QString> chooseInOwnDialog(const DirectoryQuestion &question)
     return folder.startsWith(u'/') ? std::optional(folder) : std::nullopt;
 }
 
-/// The window that a question is asked for: the active one, or the one there is when a touch or a screen
-/// reader asked without making it active.
+/// The window that a question is asked for: the active one, or else a visible one, because a touch or a
+/// screen reader can use a window without activating it.
 QMainWindow *askingWindow()
 {
     if (auto *active = qobject_cast<QMainWindow *>(QApplication::activeWindow()))

@@ -18,9 +18,9 @@ public:
     void setText(const QString &text) override { QGuiApplication::clipboard()->setText(text); }
 };
 
-/// Waits until the toolkit has seen that the clipboard has another owner. It warns when it is told to
-/// give up what it has lost already.
-void awaitLoss(const QClipboard &clipboard, std::chrono::milliseconds limit)
+/// Waits until the toolkit has seen that the clipboard has another owner. It warns when it is told to clear a
+/// clipboard that it no longer owns.
+void waitForOtherOwner(const QClipboard &clipboard, std::chrono::milliseconds limit)
 {
     QEventLoop loop;
     QObject::connect(&clipboard, &QClipboard::changed, &loop, &QEventLoop::quit);
@@ -37,9 +37,9 @@ Pasteboard &Pasteboard::system()
     return pasteboard;
 }
 
-// On X11 a copied text is its program's, until a manager has fetched it. The toolkit would ask for that
-// itself, for a mere selection too, and wait for five seconds: what is still owned after the first try is
-// given up.
+// On X11 a copied text stays with its program until a clipboard manager has fetched it. At the end of the
+// program the toolkit would ask the manager again, for a mere selection too, and wait for five seconds: to
+// avoid that, everything that is still owned after the first try is cleared.
 void Pasteboard::finish(std::chrono::milliseconds limit)
 {
     QClipboard &clipboard = *QGuiApplication::clipboard();
@@ -52,7 +52,7 @@ void Pasteboard::finish(std::chrono::milliseconds limit)
     if (!manager.exists())
         return;
     if (clipboard.ownsClipboard() && manager.save(rest()))
-        awaitLoss(clipboard, rest());
+        waitForOtherOwner(clipboard, rest());
     if (clipboard.ownsClipboard())
         clipboard.clear(QClipboard::Clipboard);
     if (clipboard.ownsSelection())

@@ -2,8 +2,7 @@
 
 #include <QString>
 
-/// What other programs do with files for the user. Both calls return at once; whether anything came of them
-/// is the user's to see.
+/// What other programs do with files for the user. Both calls return at once; failures are not reported.
 class Workspace
 {
 public:

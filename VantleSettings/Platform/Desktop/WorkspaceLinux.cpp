@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-// Not QFileInfo::absoluteFilePath(): a leading colon would name one of our own resources. And with one slash
-// in front only: after two, an address names a computer.
+// Not QFileInfo::absoluteFilePath(): a leading colon would name one of our own resources. The result begins
+// with a single slash: after two, a URL names a host.
 QString absolutePath(const QString &path)
 {
     return Path::appending(path.startsWith(u'/') ? u"/"_s : QDir::currentPath(), path);

@@ -5,8 +5,8 @@
 
 /// The keys of a keyboard by their place on it: the Linux kernel's number of a key (evdev) and the macOS
 /// virtual key code of the same key. One to one, whatever the layout: the key left of 1 is 50, the extra key
-/// right of the left Shift is 10. Modifier and lock keys are in neither direction, nor is a key that only one
-/// of the systems knows.
+/// right of the left Shift is 10. Neither direction has the modifier and lock keys, or keys that only one of
+/// the systems knows.
 namespace KeyCodes
 {
 

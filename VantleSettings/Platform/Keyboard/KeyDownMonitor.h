@@ -7,13 +7,13 @@
 /// A key that went down.
 struct KeyDown {
     std::uint32_t keyCode = 0;       ///< macOS virtual key code
-    std::uint32_t modifierFlags = 0; ///< Platform/ModifierFlags.h
+    std::uint32_t modifierFlags = 0; ///< Platform/Keyboard/ModifierFlags.h
     bool isRepeat = false;           ///< sent by a key that is held down
 };
 
-/// Takes every key-down of this program's windows for itself for as long as it lives: none reaches a menu, a
-/// text field or an input method. Those that a shortcut can hold go to its handler; modifier and lock keys
-/// and keys without a macOS key code are swallowed. The handler may destroy the monitor.
+/// Intercepts every key-down of this program's windows while it exists: none reaches a menu, a text field or
+/// an input method. Keys that a shortcut can hold go to its handler; modifier and lock keys and keys without
+/// a macOS key code are dropped. The handler may destroy the monitor.
 class KeyDownMonitor
 {
 public:

@@ -17,12 +17,12 @@
 namespace
 {
 
-// X and Wayland number keys as the kernel does, eight higher.
+// The key codes of X and Wayland are the kernel's plus eight.
 constexpr std::uint32_t evdevOffset = 8;
 
 constexpr std::uint16_t escapeKeyCode = 53;
 
-/// Whether the layout makes a modifier or lock of the key; any key can be made one.
+/// Whether the layout makes the key a modifier or a lock; it can do so with any key.
 bool isModifier(std::uint32_t keysym)
 {
     const bool isPlain = keysym >= XKB_KEY_Shift_L && keysym <= XKB_KEY_Hyper_R;
@@ -32,7 +32,7 @@ bool isModifier(std::uint32_t keysym)
 
 std::optional<std::uint32_t> keyCode(const QKeyEvent &event)
 {
-    // Where Caps Lock is made an Escape, it cancels like one.
+    // Where the layout makes Caps Lock an Escape key, it cancels like that one.
     if (event.nativeVirtualKey() == XKB_KEY_Escape)
         return escapeKeyCode;
     if (isModifier(event.nativeVirtualKey()) || event.nativeScanCode() < evdevOffset)
@@ -40,8 +40,8 @@ std::optional<std::uint32_t> keyCode(const QKeyEvent &event)
     return KeyCodes::virtualKeyCode(event.nativeScanCode() - evdevOffset);
 }
 
-/// Super stands for Command. Qt has looked up in the keymap which modifiers these are; AltGr, Caps Lock and
-/// Num Lock are none of them.
+/// Super stands for Command. Qt has determined the modifiers from the keymap: AltGr, Caps Lock and Num Lock
+/// are none of the four.
 std::uint32_t modifierFlags(Qt::KeyboardModifiers modifiers)
 {
     std::uint32_t flags = 0;
@@ -79,7 +79,7 @@ public:
     bool eventFilter(QObject *receiver, QEvent *event) override
     {
         switch (event->type()) {
-        case QEvent::ShortcutOverride: // accepted, it is no menu's: it comes again as a key press
+        case QEvent::ShortcutOverride: // accepted, it triggers no menu item and is sent again as a key press
             event->accept();
             return true;
         case QEvent::KeyPress:
@@ -101,7 +101,7 @@ private:
         const auto code = keyCode(event);
         if (!code)
             return;
-        const Handler held = m_handler; // it may destroy this object
+        const Handler held = m_handler; // the handler may destroy this object
         held({*code, modifierFlags(event.modifiers()), event.isAutoRepeat()});
     }
 

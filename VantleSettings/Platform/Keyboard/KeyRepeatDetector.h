@@ -4,14 +4,14 @@
 
 class QKeyEvent;
 
-/// Tells the repeats of a held key from presses where the toolkit does not. X11 repeats a held key as a
-/// release and a press of the same moment; the toolkit recognises them only when the press has arrived by the
-/// time that it looks at the release.
+/// Recognises the repeats of a held key where the toolkit does not. X11 repeats a held key as a release and a
+/// press with the same time; the toolkit recognises these only when the press has arrived before it handles
+/// the release.
 class KeyRepeatDetector
 {
 public:
-    /// Whether a press, or its shortcut override, is a repeat. Is to be asked about every key event of the
-    /// window system, in their order.
+    /// Whether a press, or its shortcut override, is a repeat. Call this for every key event of the window
+    /// system, in their order.
     bool isRepeat(const QKeyEvent &event);
 
 private:

@@ -15,7 +15,7 @@ namespace
 
 std::unique_ptr<KeyboardLayout> systemLayout()
 {
-    // What the window talks to; a program without windows has no such property.
+    // The name of the platform plugin; a program without windows has no such property.
     const QString platform = QCoreApplication::instance()->property("platformName").toString();
     std::unique_ptr<KeyboardLayout> layout;
     if (platform == u"xcb"_s)

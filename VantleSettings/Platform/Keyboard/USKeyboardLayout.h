@@ -2,7 +2,7 @@
 
 #include "Platform/Keyboard/KeyboardLayout.h"
 
-/// The US layout, fixed: for a system that does not tell its own, and for tests.
+/// The US layout, fixed: for a system whose layout can't be read, and for tests.
 class USKeyboardLayout : public KeyboardLayout
 {
     Q_OBJECT

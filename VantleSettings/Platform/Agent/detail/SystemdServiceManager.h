@@ -5,7 +5,7 @@
 #include <QStringList>
 
 /// The user's systemd: the job is the unit com.vantle.agent.service. The job is loaded when the unit is
-/// active or about to be. Its state is asked over the session bus, and changed by systemd's tools.
+/// active or about to be. The state is read over the session bus, and changed by systemd's tools.
 class SystemdServiceManager final : public ServiceManager
 {
 public:

@@ -4,8 +4,8 @@ class QStyle;
 
 /// The system's part in how controls look.
 
-/// The style that ours builds on: the system's own, dark, where its controls belong to the look, else a plain
-/// one. The caller owns it.
+/// The style that ours builds on: the system's own in its dark form where the window uses the system's
+/// controls, else a plain one. The caller owns it.
 QStyle *makeBaseStyle();
 
 /// Whether the system's style draws buttons, pickers, menus and scroll bars itself.

@@ -13,7 +13,7 @@ public:
     /// The files may be read after the call.
     virtual void add(const QStringList &files) = 0;
 
-    /// Returns once what was added can be drawn with; to be called before the first text is measured.
+    /// Returns once the added fonts can be used. Call this before the first text is measured.
     virtual void finish() = 0;
 
     /// Whether the font with this PostScript name, e.g. "JetBrainsMono-Regular", can be made.

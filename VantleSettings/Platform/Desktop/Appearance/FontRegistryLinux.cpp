@@ -17,17 +17,17 @@ QString withoutVendor(const QString &family)
     return family.left(bracket);
 }
 
-/// The toolkit's font database, which may be asked from any thread. It knows families and styles; by
+/// The toolkit's font database, which may be used on any thread. It has names of families and styles; by
 /// convention a PostScript name is both without blanks, joined by a hyphen.
 class QtFontRegistry : public FontRegistry
 {
 public:
-    // The first question makes the database read the system's font files and settings, which takes longer
-    // than any other part of a start: it is asked beside those.
+    // The first query makes the database read the system's font files and settings, which takes longer than
+    // any other part of a start: it runs on a thread of its own.
     void add(const QStringList &files) override
     {
 #ifdef M_ARENA_MAX
-        mallopt(M_ARENA_MAX, 1); // a heap of its own would outlive the thread
+        mallopt(M_ARENA_MAX, 1); // an arena of the thread's own would outlive it
 #endif
         m_adding = std::async(std::launch::async, [files] {
             for (const QString &file : files)

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-/// The system's colours and wishes about appearance, always for the dark look.
+/// The system's colours, in their dark variants, and the user's settings for appearance.
 
 /// A colour of the system's palette in its dark variant.
 QColor systemColor(SystemColor name);

@@ -8,14 +8,14 @@ namespace
 {
 
 /// The size most desktops start with; a user who wants larger texts sets a larger one.
-constexpr qreal usualPointSize = 11;
+constexpr qreal defaultPointSize = 11;
 
 } // namespace
 
 QFont systemFont()
 {
     QFont font = QGuiApplication::font();
-    const QString unnamed = QStringLiteral("Sans Serif"); // what Qt says where no desktop names a font
+    const QString unnamed = QStringLiteral("Sans Serif"); // Qt's name where the desktop sets no font
     if (font.family() == unnamed)
         font.setFamilies({QStringLiteral("Inter"), unnamed});
     return font;
@@ -23,5 +23,5 @@ QFont systemFont()
 
 qreal systemTextScale()
 {
-    return std::max(1.0, QGuiApplication::font().pointSizeF() / usualPointSize);
+    return std::max(1.0, QGuiApplication::font().pointSizeF() / defaultPointSize);
 }

@@ -6,8 +6,9 @@
 #include <memory>
 #include <string_view>
 
-/// The program that keeps what others have copied once they have ended, as X11 desktops may have one. Asked
-/// over a connection of its own, so that its answers do not get among the toolkit's events.
+/// The clipboard manager that an X11 desktop may have: a program that keeps what other programs have copied
+/// after they have ended. It is asked over a separate connection, so that its replies are not mixed with the
+/// toolkit's events.
 class ClipboardManager
 {
 public:
@@ -16,8 +17,9 @@ public:
     /// Whether there is one.
     bool exists() const;
 
-    /// Asks it to fetch the clipboard from its owner. Runs the event loop, by which the toolkit delivers it,
-    /// until the manager has answered or the time is over. True when the clipboard has another owner by then.
+    /// Asks the manager to fetch the clipboard from its owner. Runs the event loop, in which the toolkit
+    /// delivers the contents, until the manager has answered or `timeout` is over. True when the clipboard
+    /// has another owner by then.
     bool save(std::chrono::milliseconds timeout);
 
 private:

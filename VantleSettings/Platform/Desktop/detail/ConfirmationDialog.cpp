@@ -21,23 +21,23 @@ namespace
 constexpr int margin = 20;
 constexpr qreal iconPointSize = 30;
 constexpr int textWidth = 340;
-constexpr int usualFontSize = 13;
+constexpr int defaultFontSize = 13;
 
 /// A number of points that grows with the application's font.
 int scaledWithText(int points)
 {
-    const qreal scale = QFontInfo(QApplication::font()).pixelSize() / qreal(usualFontSize);
+    const qreal scale = QFontInfo(QApplication::font()).pixelSize() / qreal(defaultFontSize);
     return qRound(points * std::max(1.0, scale));
 }
 
 QLabel *icon(Confirmation::Style style, QWidget *parent)
 {
     const bool critical = style == Confirmation::Style::critical;
-    const QIcon sign = symbolIcon({u"exclamationmark.triangle.fill"_s, iconPointSize},
-                                  systemColor(critical ? SystemColor::red : SystemColor::yellow));
+    const QIcon symbol = symbolIcon({u"exclamationmark.triangle.fill"_s, iconPointSize},
+                                    systemColor(critical ? SystemColor::red : SystemColor::yellow));
     auto *label = new QLabel(parent);
     const int extent = symbolExtent(iconPointSize);
-    label->setPixmap(sign.pixmap(QSize(extent, extent), parent->devicePixelRatio()));
+    label->setPixmap(symbol.pixmap(QSize(extent, extent), parent->devicePixelRatio()));
     markAsDecoration(label);
     return label;
 }
@@ -57,7 +57,7 @@ QLabel *paragraph(const QString &text, QFont::Weight weight, QWidget *parent)
     return label;
 }
 
-/// Gives a paragraph its size and its width in the present text size.
+/// Sets the paragraph's font size and width for the current text size.
 void fitToText(QLabel &paragraph, int pointSize)
 {
     QFont font = paragraph.font();
@@ -78,12 +78,12 @@ ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget
     setAccessibleName(confirmation.message);
     setAccessibleDescription(confirmation.informative);
 
-    auto *act = new QPushButton(confirmation.action, this);
+    auto *action = new QPushButton(confirmation.action, this);
     auto *cancel = new QPushButton(u"Cancel"_s, this);
-    cancel->setAutoDefault(false); // Return is the action's wherever the focus is
-    act->setDefault(true);
-    act->setFocus();
-    connect(act, &QPushButton::clicked, this, &QDialog::accept);
+    cancel->setAutoDefault(false); // Return chooses the action wherever the focus is
+    action->setDefault(true);
+    action->setFocus();
+    connect(action, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
     auto *texts = new QVBoxLayout;
@@ -101,7 +101,7 @@ ConfirmationDialog::ConfirmationDialog(const Confirmation &confirmation, QWidget
     buttons->setSpacing(8);
     buttons->addStretch();
     buttons->addWidget(cancel);
-    buttons->addWidget(act);
+    buttons->addWidget(action);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin);

@@ -10,8 +10,8 @@ class QLabel;
 /// at the trailing end. Return chooses the action, Escape is Cancel. It follows the text size while it is
 /// open.
 ///
-/// QMessageBox chooses the widths of its texts by the screen's, and takes Return for the button with the
-/// focus.
+/// QMessageBox is not used: it chooses the width of its texts by the screen's width, and Return presses the
+/// button with the focus.
 class ConfirmationDialog : public QDialog
 {
     Q_OBJECT

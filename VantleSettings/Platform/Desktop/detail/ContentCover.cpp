@@ -18,8 +18,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr std::chrono::milliseconds moment{150};
-constexpr QColor shade{0, 0, 0, 153}; // black 60 %
+constexpr std::chrono::milliseconds showDelay{150};
+constexpr QColor dimColor{0, 0, 0, 153}; // black 60 %
 constexpr int padding = 20;
 constexpr int gap = 16;
 constexpr int radius = 12;
@@ -53,7 +53,7 @@ ContentCover::ContentCover(QMainWindow &window, const QString &title, const QStr
 
     m_content->setEnabled(false);
     m_content->installEventFilter(this);
-    QTimer::singleShot(moment, this, &ContentCover::appear);
+    QTimer::singleShot(showDelay, this, &ContentCover::appear);
 }
 
 void ContentCover::lift()
@@ -94,7 +94,7 @@ void ContentCover::paintEvent(QPaintEvent *)
 {
     const QRect texts = m_message->geometry().united(m_cancel->geometry());
     QPainter painter(this);
-    painter.fillRect(rect(), shade);
+    painter.fillRect(rect(), dimColor);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QApplication::palette("QDialog").window());

@@ -7,16 +7,16 @@ class QLabel;
 class QMainWindow;
 class QPushButton;
 
-/// Lies over a window's content while another program's dialog asks the user something for it: the content is
-/// dimmed and takes no input, and a panel on it says what is asked; Cancel or Escape withdraws the question.
-/// The window itself stays in use: it moves, resizes and closes, and its menus work.
+/// Covers a window's content while another program's dialog asks the user a question for this window: the
+/// content is dimmed and takes no input, and a panel on it shows the question; Cancel or Escape withdraws the
+/// question. The window itself can still be moved, resized and closed, and its menus work.
 class ContentCover : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Covers the content at once, and is seen after a moment: most questions that nobody takes come back
-    /// before that.
+    /// Disables the content at once but shows itself only after a short delay: a question that no portal
+    /// accepts is usually over before that.
     ContentCover(QMainWindow &window, const QString &title, const QString &message);
 
     /// Gives the content its input and its focus back.
@@ -35,7 +35,7 @@ private:
     void appear();
 
     QPointer<QWidget> m_content;
-    QPointer<QWidget> m_focused; ///< what had the keyboard before
+    QPointer<QWidget> m_focused; ///< the widget that had the focus before
     QLabel *m_message;
     QPushButton *m_cancel;
 };

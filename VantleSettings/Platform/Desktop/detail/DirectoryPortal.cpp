@@ -23,16 +23,15 @@ namespace
 {
 
 constexpr uint firstVersionWithDirectories = 3;
-constexpr int patience = 3000; // milliseconds for a portal that has to start first
+constexpr int startTimeout = 3000; // milliseconds: the portal may have to start first
 const auto service = u"org.freedesktop.portal.Desktop"_s;
 const auto object = u"/org/freedesktop/portal/desktop"_s;
 const auto fileChooser = u"org.freedesktop.portal.FileChooser"_s;
 const auto requestInterface = u"org.freedesktop.portal.Request"_s;
 
-/// How the portal names a window that its dialog shall stay above; empty where it can't be named. Under
-/// Wayland a window is named by the handle that the compositor exports for its surface, and before
-/// version 6.9 the toolkit tells nobody but its own plugins, through headers that change with each version,
-/// which that is.
+/// The portal's name for the window that its dialog shall stay above; empty where there is none. Under
+/// Wayland the name is a handle that the compositor exports for the window's surface. Before version 6.9 the
+/// toolkit gives it only to its own plugins, through headers that change with each version.
 QString portalName(const QWidget *window)
 {
     if (!window || QGuiApplication::platformName() != u"xcb")
@@ -40,7 +39,8 @@ QString portalName(const QWidget *window)
     return u"x11:"_s + QString::number(window->winId(), 16);
 }
 
-/// The object path of a request, by the rule that lets one listen before asking.
+/// The object path of a request. The portal derives it from the token, so that a program can listen before it
+/// asks.
 QString requestPath(const QDBusConnection &bus, const QString &token)
 {
     return object + u"/request/"_s + bus.baseService().mid(1).replace(u'.', u'_') + u'/' + token;
@@ -52,7 +52,7 @@ DirectoryPortal::DirectoryPortal(QDBusConnection bus) : m_bus(std::move(bus))
 {
 }
 
-// No modal dialog keeps the input away, since that would keep the window from being closed, too.
+// The input is not blocked by a modal dialog, because that would keep the window from being closed, too.
 DirectoryPortal::Answer DirectoryPortal::ask(const DirectoryQuestion &question, QMainWindow *window)
 {
     if (!m_bus.isConnected())
@@ -66,7 +66,7 @@ DirectoryPortal::Answer DirectoryPortal::ask(const DirectoryQuestion &question, 
         connect(window, &QObject::destroyed, this, [this] { finish({}); });
     }
     askVersion();
-    m_waiting.exec();
+    m_eventLoop.exec();
     if (cover)
         cover->lift();
     delete cover;
@@ -79,7 +79,7 @@ void DirectoryPortal::askVersion()
     auto call =
         QDBusMessage::createMethodCall(service, object, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     call << fileChooser << u"version"_s;
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, patience), this);
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, startTimeout), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<QDBusVariant> version = *watcher;
         if (version.isError() || version.value().variant().toUInt() < firstVersionWithDirectories)
@@ -99,7 +99,7 @@ void DirectoryPortal::openDialog()
     if (m_question.start)
         options.insert(u"current_folder"_s, QFile::encodeName(*m_question.start) + '\0');
     listenTo(requestPath(m_bus, token));
-    // A portal that ends takes its dialog along, and the answer would never come.
+    // When the portal's process ends, its dialog closes and no response arrives.
     auto *ending = new QDBusServiceWatcher(service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(ending, &QDBusServiceWatcher::serviceUnregistered, this, &DirectoryPortal::fail);
 
@@ -118,10 +118,11 @@ void DirectoryPortal::openDialog()
 void DirectoryPortal::listenTo(const QString &request)
 {
     m_request = request;
-    m_bus.connect(service, request, requestInterface, u"Response"_s, this, SLOT(take(uint, QVariantMap)));
+    m_bus.connect(service, request, requestInterface, u"Response"_s, this,
+                  SLOT(handleResponse(uint, QVariantMap)));
 }
 
-void DirectoryPortal::take(uint response, const QVariantMap &results)
+void DirectoryPortal::handleResponse(uint response, const QVariantMap &results)
 {
     constexpr uint success = 0; // others say that the dialog was cancelled, closed, or could not be shown
     const QStringList uris = results.value(u"uris"_s).toStringList();
@@ -148,5 +149,5 @@ void DirectoryPortal::finish(const Answer &answer)
 {
     if (!m_answer)
         m_answer = answer;
-    m_waiting.quit();
+    m_eventLoop.quit();
 }

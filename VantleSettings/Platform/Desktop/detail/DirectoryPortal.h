@@ -10,7 +10,8 @@
 class QMainWindow;
 
 /// The desktop's own folder dialog, which its portal service shows for any program that asks over D-Bus. The
-/// toolkit asks it only with a plugin that has to be chosen, and tells no missing portal from a dismissal.
+/// toolkit asks the portal only with a platform theme plugin that has to be chosen, and doesn't tell a
+/// missing portal from a cancelled dialog.
 class DirectoryPortal : public QObject
 {
     Q_OBJECT
@@ -33,7 +34,7 @@ public:
     Answer ask(const DirectoryQuestion &question, QMainWindow *window);
 
 private:
-    Q_SLOT void take(uint response, const QVariantMap &results);
+    Q_SLOT void handleResponse(uint response, const QVariantMap &results);
     void askVersion();
     void openDialog();
     void listenTo(const QString &request);
@@ -44,7 +45,7 @@ private:
     QDBusConnection m_bus;
     DirectoryQuestion m_question;
     QString m_parentWindow;
-    QString m_request; ///< the object that stands for the open question at the portal; empty when none is
-    QEventLoop m_waiting;
+    QString m_request; ///< the object path of the open request; empty when there is none
+    QEventLoop m_eventLoop;
     std::optional<Answer> m_answer;
 };

@@ -12,8 +12,9 @@ namespace
 
 constexpr std::uint32_t seatVersion = 1;
 
-// The registry, the seat's capabilities and the keymap, each of which the one before makes ask for.
-constexpr int answersUntilKeymap = 3;
+// One each for the registry, the seat's capabilities and the keymap: each is requested when the one before
+// arrives.
+constexpr int roundtripsUntilKeymap = 3;
 
 WaylandKeyboardLayout *layout(void *data)
 {
@@ -26,7 +27,7 @@ const wl_registry_listener WaylandKeyboardLayout::registryEvents{
     .global =
         [](void *data, wl_registry *, std::uint32_t name, const char *interface, std::uint32_t) {
             if (std::string_view(interface) == wl_seat_interface.name)
-                layout(data)->takeSeat(name);
+                layout(data)->bindSeat(name);
         },
     .global_remove = [](void *, wl_registry *, std::uint32_t) {},
 };
@@ -34,15 +35,15 @@ const wl_registry_listener WaylandKeyboardLayout::registryEvents{
 const wl_seat_listener WaylandKeyboardLayout::seatEvents{
     .capabilities =
         [](void *data, wl_seat *, std::uint32_t capabilities) {
-            layout(data)->takeKeyboard((capabilities & WL_SEAT_CAPABILITY_KEYBOARD) != 0);
+            layout(data)->setKeyboardPresent((capabilities & WL_SEAT_CAPABILITY_KEYBOARD) != 0);
         },
     .name = [](void *, wl_seat *, const char *) {},
 };
 
-// Keys and modifiers come only to windows, of which this connection has none.
+// Keys and modifiers are sent only to windows, of which this connection has none.
 const wl_keyboard_listener WaylandKeyboardLayout::keyboardEvents{
     .keymap = [](void *data, wl_keyboard *, std::uint32_t format, int file,
-                 std::uint32_t size) { layout(data)->takeKeymap(format, file, size); },
+                 std::uint32_t size) { layout(data)->loadKeymap(format, file, size); },
     .enter = [](void *, wl_keyboard *, std::uint32_t, wl_surface *, wl_array *) {},
     .leave = [](void *, wl_keyboard *, std::uint32_t, wl_surface *) {},
     .key = [](void *, wl_keyboard *, std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t) {},
@@ -86,7 +87,7 @@ WaylandKeyboardLayout::WaylandKeyboardLayout(Display display)
 {
     QObject::connect(&m_notifier, &QSocketNotifier::activated, this, &WaylandKeyboardLayout::readEvents);
     wl_registry_add_listener(m_registry.get(), &registryEvents, this);
-    for (int answer = 0; answer < answersUntilKeymap; ++answer)
+    for (int roundtrip = 0; roundtrip < roundtripsUntilKeymap; ++roundtrip)
         wl_display_roundtrip(m_display.get());
 }
 
@@ -110,7 +111,7 @@ void WaylandKeyboardLayout::readEvents()
         m_notifier.setEnabled(false);
 }
 
-void WaylandKeyboardLayout::takeSeat(std::uint32_t name)
+void WaylandKeyboardLayout::bindSeat(std::uint32_t name)
 {
     if (m_seat)
         return;
@@ -119,7 +120,7 @@ void WaylandKeyboardLayout::takeSeat(std::uint32_t name)
     wl_seat_add_listener(m_seat.get(), &seatEvents, this);
 }
 
-void WaylandKeyboardLayout::takeKeyboard(bool present)
+void WaylandKeyboardLayout::setKeyboardPresent(bool present)
 {
     if (present == (m_keyboard != nullptr))
         return;
@@ -133,7 +134,7 @@ void WaylandKeyboardLayout::takeKeyboard(bool present)
     Q_EMIT objectWillChange();
 }
 
-void WaylandKeyboardLayout::takeKeymap(std::uint32_t format, int file, std::uint32_t size)
+void WaylandKeyboardLayout::loadKeymap(std::uint32_t format, int file, std::uint32_t size)
 {
     QFile text;
     if (!text.open(file, QFile::ReadOnly, QFile::AutoCloseHandle))

@@ -11,9 +11,9 @@
 #include <memory>
 #include <optional>
 
-/// The keymap of the compositor, over a connection of its own. Which of several layouts is in force, a
-/// compositor tells the window with the focus only, so the first Latin one stands for all. Where the
-/// compositor has no keyboard, the default of the keymap library holds.
+/// The keymap of the compositor, over a connection of its own. A compositor tells only the window with the
+/// focus which of several layouts is active, so this class always uses the first Latin one. Where the
+/// compositor has no keyboard, it uses the default of the keymap library.
 class WaylandKeyboardLayout : public KeyboardLayout
 {
     Q_OBJECT
@@ -25,7 +25,8 @@ public:
     std::optional<QString> printedText(std::uint16_t virtualKeyCode) override;
 
 private:
-    /// Plain members: the protocol's own functions are static, and differ in each file that names them.
+    /// Calls the protocol's functions in the source file: they are static, so a deleter type that named them
+    /// here would differ in each file.
     struct Destroy {
         void operator()(wl_display *display) const;
         void operator()(wl_registry *registry) const;
@@ -39,9 +40,9 @@ private:
     explicit WaylandKeyboardLayout(Display display);
 
     void readEvents();
-    void takeSeat(std::uint32_t name);
-    void takeKeyboard(bool present);
-    void takeKeymap(std::uint32_t format, int file, std::uint32_t size);
+    void bindSeat(std::uint32_t name);
+    void setKeyboardPresent(bool present);
+    void loadKeymap(std::uint32_t format, int file, std::uint32_t size);
 
     static const wl_registry_listener registryEvents;
     static const wl_seat_listener seatEvents;

@@ -18,7 +18,7 @@ struct Free {
 template <class T>
 using Answer = std::unique_ptr<T, Free<T>>;
 
-/// The head that every event of the keyboard extension starts with.
+/// The header that every event of the keyboard extension starts with.
 struct KeyboardEvent {
     std::uint8_t responseType;
     std::uint8_t kind;
@@ -81,7 +81,8 @@ void X11KeyboardLayout::watch()
     xcb_flush(m_connection.get());
 }
 
-/// Forgets the keymap when the server has another one; announces that, and a switch to another group.
+/// Drops the keymap when the server has another one. Emits `objectWillChange` for that, and for a switch to
+/// another group.
 void X11KeyboardLayout::readEvents()
 {
     bool changed = false;
@@ -99,8 +100,8 @@ void X11KeyboardLayout::readEvents()
         Q_EMIT objectWillChange();
 }
 
-/// The group in force, from 0. The server sends all earlier events before its answer, so with it
-/// what is known of the keymap is up to date.
+/// The active group, from 0. The server sends all earlier events before its reply, so readEvents() brings the
+/// keymap up to date after this call.
 std::optional<std::uint8_t> X11KeyboardLayout::currentGroup()
 {
     const auto cookie = xcb_xkb_get_state(m_connection.get(), static_cast<xcb_xkb_device_spec_t>(m_device));

@@ -11,7 +11,7 @@
 #include <memory>
 #include <optional>
 
-/// The keymap of the X server and the group of it that is in force, over a connection of its own.
+/// The keymap of the X server and its active group, over a connection of its own.
 class X11KeyboardLayout : public KeyboardLayout
 {
     Q_OBJECT

@@ -10,19 +10,19 @@
 namespace
 {
 
-// X and Wayland number keys as the kernel does, eight higher.
+// The key codes of X and Wayland are the kernel's plus eight.
 constexpr xkb_keycode_t evdevOffset = 8;
 
 // The fewest of the 26 letters a layout must print unshifted to be Latin: some languages do without q or x.
-constexpr std::size_t lettersOfLatin = 14;
+constexpr std::size_t minimumLatinLetters = 14;
 
 struct UnrefContext {
     void operator()(xkb_context *context) const { xkb_context_unref(context); }
 };
 using Context = std::unique_ptr<xkb_context, UnrefContext>;
 
-/// What keymaps are made in. It says nothing: a keymap that can't be made is not asked for by anyone in
-/// sight.
+/// The context that keymaps are made in. Its log is off: the user has not asked for a keymap, and needs no
+/// message about one that can't be made.
 Context newContext()
 {
     Context context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
@@ -68,7 +68,7 @@ std::optional<QString> XkbKeymap::printedText(std::uint16_t virtualKeyCode,
         return std::nullopt;
     const xkb_keycode_t key = *evdevCode + evdevOffset;
     char32_t character = printed(key, *group, 0);
-    // A keypad's digits stand above its arrows and take Num Lock or Shift.
+    // The digits of a keypad are on the second level, with Num Lock or Shift; the first has the arrows.
     if (character == 0 && KeyCodes::isKeypad(virtualKeyCode))
         character = printed(key, *group, 1);
     return character == 0 ? std::nullopt : std::optional(QString::fromUcs4(&character, 1));
@@ -99,10 +99,11 @@ bool XkbKeymap::isLatin(xkb_layout_index_t group) const
         if (character >= U'a' && character <= U'z')
             letters.set(character - U'a');
     }
-    return letters.count() >= lettersOfLatin;
+    return letters.count() >= minimumLatinLetters;
 }
 
-/// What a key prints, 0 for nothing. A key with fewer layouts than the keymap goes round among its own.
+/// The character that a key prints, 0 for none. For a key with fewer layouts than the keymap, `group` wraps
+/// around.
 char32_t XkbKeymap::printed(xkb_keycode_t key, xkb_layout_index_t group, xkb_level_index_t level) const
 {
     const xkb_layout_index_t groups = xkb_keymap_num_layouts_for_key(m_keymap.get(), key);

@@ -11,19 +11,19 @@
 
 struct xcb_connection_t;
 
-/// A keymap of Linux desktops, asked for what its keys print.
+/// A keymap of Linux desktops: tells what its keys print.
 class XkbKeymap
 {
 public:
-    /// Nothing where such a keymap can't be had.
+    /// Nothing where such a keymap can't be made.
     static std::optional<XkbKeymap> fromServer(xcb_connection_t *connection, std::int32_t device);
     static std::optional<XkbKeymap> fromText(const QByteArray &text);
     /// An empty layout is the library's default: that of XKB_DEFAULT_LAYOUT, or the US one.
     static std::optional<XkbKeymap> fromNames(const QByteArray &layout, const QByteArray &variant);
 
-    /// The text that a key prints unshifted; `currentGroup` is the layout in force, from 0. A layout that
-    /// does not write Latin gives way to the keymap's first that does, and where there is none to the US
-    /// layout. Nothing for a key that prints nothing.
+    /// The text that a key prints unshifted; `currentGroup` is the active layout, from 0. Where that one
+    /// isn't Latin, the keymap's first Latin layout is used instead, or the US layout where the keymap has
+    /// none. Nothing for a key that prints nothing.
     std::optional<QString> printedText(std::uint16_t virtualKeyCode, xkb_layout_index_t currentGroup) const;
 
 private:

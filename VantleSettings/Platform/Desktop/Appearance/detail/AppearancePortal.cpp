@@ -22,7 +22,7 @@ constexpr auto portal = "org.freedesktop.portal.Settings"_L1;
 constexpr auto general = "org.freedesktop.appearance"_L1;
 constexpr auto gnome = "org.gnome.desktop.interface"_L1;
 
-/// A colour as three numbers from 0 to 1; others say that there is none.
+/// A colour as three numbers from 0 to 1. Numbers outside of that range mean that there is none.
 std::optional<QColor> colorFrom(const QVariant &value)
 {
     if (!value.canConvert<QDBusArgument>())
@@ -47,7 +47,7 @@ bool isOne(const QVariant &value)
     return value.typeId() == QMetaType::UInt && value.toUInt() == 1;
 }
 
-/// A factor that texts can be drawn with; others count as none.
+/// The text scale, or 1 where the value is none in the allowed range.
 qreal textScaleFrom(const QVariant &value)
 {
     constexpr qreal smallest = 0.5; // the bounds of the desktop's own setting
@@ -63,9 +63,9 @@ Appearance appearance(const PortalSettings &settings)
 {
     const QVariantMap here = settings.value(general);
     const QVariant animations = settings.value(gnome).value(u"enable-animations"_s);
-    const bool still = animations.typeId() == QMetaType::Bool && !animations.toBool();
+    const bool areAnimationsOff = animations.typeId() == QMetaType::Bool && !animations.toBool();
     return {.accent = colorFrom(here.value(u"accent-color"_s)),
-            .reducedMotion = still || isOne(here.value(u"reduced-motion"_s)),
+            .reducedMotion = areAnimationsOff || isOne(here.value(u"reduced-motion"_s)),
             .increasedContrast = isOne(here.value(u"contrast"_s)),
             .textScale = textScaleFrom(settings.value(gnome).value(u"text-scaling-factor"_s))};
 }
@@ -82,7 +82,7 @@ AppearancePortal::AppearancePortal(std::function<void(const Appearance &)> chang
     : m_changed(std::move(changed))
 {
     qDBusRegisterMetaType<PortalSettings>();
-    qRegisterMetaType<QDBusVariant>(); // or the slot's parameter is unknown, and it is never called
+    qRegisterMetaType<QDBusVariant>(); // a slot with an unknown parameter type is never called
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
@@ -93,9 +93,9 @@ AppearancePortal::AppearancePortal(std::function<void(const Appearance &)> chang
 
 void AppearancePortal::readAll()
 {
-    QDBusMessage question = QDBusMessage::createMethodCall(service, path, portal, u"ReadAll"_s);
-    question << QStringList{general, gnome};
-    auto *watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    QDBusMessage request = QDBusMessage::createMethodCall(service, path, portal, u"ReadAll"_s);
+    request << QStringList{general, gnome};
+    auto *watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(request), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<PortalSettings> reply = *watcher;
         watcher->deleteLater();

@@ -12,7 +12,7 @@ class QDBusVariant;
 
 /// What a desktop says of its appearance.
 struct Appearance {
-    std::optional<QColor> accent; ///< none where the desktop has no such notion
+    std::optional<QColor> accent; ///< none where the desktop has no such setting
     bool reducedMotion = false;
     bool increasedContrast = false;
     qreal textScale = 1; ///< how much larger than usual texts are wanted
@@ -26,9 +26,9 @@ using PortalSettings = QMap<QString, QVariantMap>;
 /// Reads the settings we know; values of another type or out of range count as absent.
 Appearance appearance(const PortalSettings &settings);
 
-/// What is left to do of a wanted text size on a screen whose whole contents are scaled. Under X11 desktops
-/// multiply the fonts' resolution by the text size as well, and the toolkit scales the window with that: by
-/// the text size alone, or by twice or three times that on dense screens.
+/// The part of a wanted text scale that the screen's scale does not contain already. Under X11, desktops
+/// multiply the fonts' resolution by the text scale as well, and the toolkit scales the whole window with
+/// that resolution: by the text scale alone, or by twice or three times that on dense screens.
 qreal textScaleBesides(qreal textScale, qreal screenScale);
 
 /// Asks the desktop's settings portal, without ever waiting, and follows its changes. Where no portal

@@ -7,16 +7,16 @@
 namespace
 {
 
-/// A drawing is black ink on white paper, so that holes are simply painted white and the file looks the same
-/// in any viewer. Darkness becomes opacity.
-QImage opacityOfInk(const QImage &paper)
+/// Makes darkness opacity. A drawing is black on white, so that holes are simply painted white and the file
+/// looks the same in any viewer.
+QImage maskFromDrawing(const QImage &picture)
 {
-    QImage mask(paper.size(), QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < paper.height(); ++y) {
-        const auto *ink = reinterpret_cast<const QRgb *>(paper.constScanLine(y));
+    QImage mask(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto *pixels = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
         auto *opacity = reinterpret_cast<QRgb *>(mask.scanLine(y));
-        for (int x = 0; x < paper.width(); ++x)
-            opacity[x] = qRgba(0, 0, 0, 255 - qBlue(ink[x]));
+        for (int x = 0; x < picture.width(); ++x)
+            opacity[x] = qRgba(0, 0, 0, 255 - qBlue(pixels[x]));
     }
     return mask;
 }
@@ -35,13 +35,13 @@ QImage drawnSymbolMask(const QString &name, qreal pointSize, qreal scale)
         return {};
     QSvgRenderer drawing(file);
     const int extent = qRound(symbolExtent(pointSize) * scale);
-    QImage paper(extent, extent, QImage::Format_RGB32);
-    paper.fill(Qt::white);
-    QPainter painter(&paper);
+    QImage picture(extent, extent, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     drawing.render(&painter, QRectF(0, 0, extent, extent));
     painter.end();
-    QImage mask = opacityOfInk(paper);
+    QImage mask = maskFromDrawing(picture);
     mask.setDevicePixelRatio(scale);
     return mask;
 }
