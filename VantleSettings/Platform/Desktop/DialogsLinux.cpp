@@ -35,8 +35,8 @@ QString nearestExisting(QString folder)
 }
 
 /// The toolkit's dialog would keep a record of the folders it was in, in a file of its own in the home
-/// directory. The path of its settings, which this program doesn't use otherwise, is set to one where nothing
-/// can be written.
+/// directory. Its settings, which this program doesn't use otherwise, are given a path where nothing can be
+/// written.
 void disableDialogHistory()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));

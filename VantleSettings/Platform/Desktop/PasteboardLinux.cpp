@@ -18,8 +18,8 @@ public:
     void setText(const QString &text) override { QGuiApplication::clipboard()->setText(text); }
 };
 
-/// Waits until the toolkit has seen that the clipboard has another owner. It warns when it is told to clear a
-/// clipboard that it no longer owns.
+/// Waits until the toolkit has seen that the clipboard has another owner. The toolkit warns when it is told
+/// to clear a clipboard that it no longer owns.
 void waitForOtherOwner(const QClipboard &clipboard, std::chrono::milliseconds limit)
 {
     QEventLoop loop;

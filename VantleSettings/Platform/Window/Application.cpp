@@ -35,8 +35,8 @@ bool isTextField(const QObject &receiver)
 
 } // namespace
 
-// Event filters come too late: on Linux one of the toolkit's own, for screen readers, holds key presses back
-// and delivers copies without their time.
+// An event filter would be too late: on Linux a filter of the toolkit's own, for screen readers, withholds
+// key presses and delivers copies without their timestamps.
 bool Application::notify(QObject *receiver, QEvent *event)
 {
     switch (event->type()) {
@@ -51,7 +51,7 @@ bool Application::notify(QObject *receiver, QEvent *event)
 
 bool Application::notifyKey(QObject &receiver, QKeyEvent &event)
 {
-    // The window system's events go to windows, and from there to widgets.
+    // The window system's events are sent to windows first, and from there to widgets.
     const bool isOriginal = receiver.isWindowType() && event.spontaneous();
     const bool isUnmarked = isOriginal && m_detector.isRepeat(event) && !event.isAutoRepeat();
     if (!isUnmarked)
@@ -64,11 +64,11 @@ bool Application::notifyKey(QObject &receiver, QKeyEvent &event)
 
 bool Application::notifyRepeat(QObject &receiver, QKeyEvent &event)
 {
-    // An accepted override is no shortcut: it comes again as a key press.
+    // An accepted override triggers no shortcut and is sent again as a key press.
     const bool isShortcut = event.type() == QEvent::ShortcutOverride;
-    const bool acts = event.type() == QEvent::KeyPress && activates(event.key()) && receiver.isWidgetType() &&
-                      !isTextField(receiver);
-    if (!isShortcut && !acts)
+    const bool isActivation = event.type() == QEvent::KeyPress && activates(event.key()) &&
+                              receiver.isWidgetType() && !isTextField(receiver);
+    if (!isShortcut && !isActivation)
         return QApplication::notify(&receiver, &event);
     event.accept();
     return true;

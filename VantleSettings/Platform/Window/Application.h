@@ -6,10 +6,10 @@
 
 class QKeyEvent;
 
-/// The application object. Makes a held key count as one press: every repeat is marked as one
-/// (`QKeyEvent::isAutoRepeat`) before anything else sees it, chooses no menu item and no shortcut, and
-/// presses, chooses or cancels nothing outside of text fields. Text fields, lists and scrolling get the
-/// repeats like other keys.
+/// The application object. Makes a held key count as one press: every repeat is marked
+/// (`QKeyEvent::isAutoRepeat`) before anything else sees it. A repeat triggers no menu item and no shortcut,
+/// and outside of text fields it presses, chooses or cancels nothing. Text fields, lists and scrolling get
+/// the repeats like other keys.
 class Application : public QApplication
 {
 public:

@@ -5,9 +5,9 @@ class QMenu;
 class QMenuBar;
 class QWidget;
 
-/// The system's part in the menu bar.
+/// The parts of the menu bar that differ between systems.
 
-/// The items that systems treat in their own ways.
+/// The items that each system handles differently.
 struct StandardMenuItems {
     QAction *about = nullptr;
     QAction *hide = nullptr;
@@ -20,12 +20,13 @@ struct StandardMenuItems {
     QAction *close = nullptr;    ///< the second
 };
 
-/// Puts the bar where the system's menu bars stand and gives it the items' system meaning: those that have
-/// none on this system are disabled. The system adds its window list to `windowMenu` where it keeps one.
+/// Shows the bar where the system's menu bars are, and gives the items the meaning that they have on this
+/// system; an item without one is disabled. The system adds its list of windows to `windowMenu` where it has
+/// such a list.
 void adoptMenuBar(QMenuBar &bar, const StandardMenuItems &items, QMenu &editMenu, QMenu &windowMenu);
 
 /// Shows the system's panel with the program's name, icon and version.
 void showAboutPanel(QWidget &window);
 
-/// An icon in the Dock and a menu bar, where programs can also do without.
+/// Gives the program an icon in the Dock and a menu bar, on systems where a program may have neither.
 void becomeRegularApplication();

@@ -20,7 +20,8 @@ NSMenuItem *insertStandardItem(QMenu &menu, NSInteger place, NSString *title, SE
     return item;
 }
 
-/// Window items are the system's alone; the toolkit would set the action of its own anew with each change.
+/// Adds the system's own window items in place of the toolkit's, whose action the toolkit sets again with
+/// each change.
 void useStandardWindowItems(const StandardMenuItems &items, QMenu &windowMenu)
 {
     items.minimize->setVisible(false);
@@ -29,11 +30,11 @@ void useStandardWindowItems(const StandardMenuItems &items, QMenu &windowMenu)
     insertStandardItem(windowMenu, 1, @"Close", @selector(performClose:), @"w");
 }
 
-/// Undo and redo are ours while our window has the keyboard, whose editors the responder chain doesn't know,
-/// and the system's while one of its panels has it.
+/// Shows our undo and redo items while our window has the focus, because the responder chain doesn't know its
+/// editors, and the system's items while one of the system's panels has the focus.
 void useStandardUndoInPanels(const StandardMenuItems &items, QMenu &editMenu)
 {
-    // Text views answer to these two without declaring them.
+    // Text views respond to these two selectors without declaring them.
     NSMenuItem *undo = insertStandardItem(editMenu, 0, @"Undo", NSSelectorFromString(@"undo:"), @"z");
     NSMenuItem *redo = insertStandardItem(editMenu, 1, @"Redo", NSSelectorFromString(@"redo:"), @"z");
     redo.keyEquivalentModifierMask = NSEventModifierFlagShift | NSEventModifierFlagCommand;
@@ -48,8 +49,8 @@ void useStandardUndoInPanels(const StandardMenuItems &items, QMenu &editMenu)
                      [show](const QWindow *window) { show(window != nullptr); });
 }
 
-/// The menu bar would choose its item anew with every repeat of a held key equivalent. Sent to our window
-/// itself instead, the repeats are keys like others, which a text field may use.
+/// The menu bar would choose its item again with every repeat of a held key equivalent. The repeats are sent
+/// to our window instead, where they are ordinary keys that a text field may use.
 void chooseItemsOncePerPress()
 {
     [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
@@ -66,10 +67,9 @@ void chooseItemsOncePerPress()
 
 } // namespace
 
-// The toolkit moves the items with a role into the application menu and adds hiding, hiding others and
-// showing all there itself, so those of ours would stand there twice. Cut, copy, paste and select all reach
-// the focused editor, or the field of a panel, by the toolkit's own way from their titles to standard
-// actions.
+// The toolkit moves the items with a role into the application menu and adds items to hide, hide others and
+// show all there itself, so ours would be duplicates. Cut, copy, paste and select all reach the focused
+// editor, or the field of a panel, by the toolkit's own way from their titles to standard actions.
 void adoptMenuBar(QMenuBar &, const StandardMenuItems &items, QMenu &editMenu, QMenu &windowMenu)
 {
     items.about->setMenuRole(QAction::AboutRole);

@@ -4,5 +4,5 @@
 
 class QWidget;
 
-/// Does `work` once the widget was drawn for the first time, which then need not wait for it.
+/// Runs `work` after the widget was painted for the first time, so that the first frame doesn't wait for it.
 void afterFirstFrame(QWidget &widget, std::function<void()> work);

@@ -35,7 +35,8 @@ void onReopen(std::function<void()> reopen)
     static VantleReopenHandler *handler = [[VantleReopenHandler alloc] init];
     handler.reopen = std::move(reopen);
     [handler install];
-    // Launching puts the system's own handler in its place; it is done once the event loop has begun.
+    // During the launch the system replaces the handler by its own, so it is installed again when the launch
+    // has finished.
     [NSNotificationCenter.defaultCenter addObserver:handler
                                            selector:@selector(install)
                                                name:NSApplicationDidFinishLaunchingNotification

@@ -31,7 +31,7 @@ QWidget *frontWindow()
 
 void reopenWith(const LaunchToken &token)
 {
-    if (!token.activationToken.isEmpty()) // the toolkit takes it from there when a window is activated
+    if (!token.activationToken.isEmpty()) // the toolkit reads it from there when a window is activated
         qputenv(activationTokenVariable, token.activationToken.toUtf8());
     if (reopenProgram)
         reopenProgram();

@@ -13,7 +13,7 @@
 namespace
 {
 
-// A signal handler may do next to nothing; it writes into this pipe, and the event loop reads from it.
+// Few functions are allowed in a signal handler: it writes into this pipe, and the event loop reads from it.
 std::array<int, 2> wakePipe{-1, -1};
 
 void wakeEventLoop(int)
@@ -47,7 +47,7 @@ void onQuitSignal(std::function<void()> quit)
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         struct sigaction before = {};
         sigaction(signal, nullptr, &before);
-        if (signal == SIGTERM || before.sa_handler != SIG_IGN) // nohup and shells have them ignored
+        if (signal == SIGTERM || before.sa_handler != SIG_IGN) // nohup and shells set them to be ignored
             sigaction(signal, &action, nullptr);
     }
 }

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The categories of the toolkit's parts that only talk to helpers.
+/// The logging categories of those parts of the toolkit that only talk to other programs.
 constexpr std::array<std::string_view, 4> categories{
     "qt.accessibility.atspi", // the registry of assistive technology
     "qt.qpa.services",        // the desktop's portals
@@ -20,8 +20,9 @@ constexpr std::array<std::string_view, 4> categories{
     "qt.qpa.theme.gnome",
 };
 
-/// What other messages begin with: about helpers, and about what the toolkit sets right by itself.
-constexpr std::array beginnings{
+/// The beginnings of other messages: about other programs, and about a problem that the toolkit corrects
+/// itself.
+constexpr std::array prefixes{
     "Accessibility encountered a DBus error"_L1,
     "Could not find Accessibility DBus address"_L1,
     "Could not query active accessibility event listeners"_L1,
@@ -41,7 +42,7 @@ bool isFiltered(const QMessageLogContext &context, const QString &message)
 {
     const std::string_view category = context.category ? context.category : "";
     return std::ranges::find(categories, category) != categories.end() ||
-           std::ranges::any_of(beginnings, [&](QLatin1String each) { return message.startsWith(each); });
+           std::ranges::any_of(prefixes, [&](QLatin1String each) { return message.startsWith(each); });
 }
 
 void printUnlessFiltered(QtMsgType type, const QMessageLogContext &context, const QString &message)

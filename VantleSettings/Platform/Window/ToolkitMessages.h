@@ -1,7 +1,7 @@
 #pragma once
 
-/// Keeps what the toolkit says about other programs that it works with, e.g. that a screen reader or a
-/// clipboard manager is busy or gone, off the standard error, and a warning about a scale factor that it then
-/// reads anew by itself: it goes on all the same, and nothing in this program can mend it. All else is said
-/// as before. Once, before the application object is made.
+/// Keeps the toolkit's messages about other programs, e.g. that a screen reader or a clipboard manager is
+/// busy or gone, off the standard error, and also a warning about an outdated scale factor, which the toolkit
+/// corrects itself. They don't affect this program, and it could not mend their cause. All other messages are
+/// printed as before. Call this once, before the application object is made.
 void filterToolkitMessages();

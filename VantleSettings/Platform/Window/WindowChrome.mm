@@ -16,7 +16,7 @@ NSWindow *nativeWindow(const QWidget &window)
     return ((__bridge NSView *)reinterpret_cast<void *>(window.winId())).window;
 }
 
-/// The content runs under a title bar that isn't seen.
+/// Lets the content extend under an invisible title bar.
 void hideTitleBar(NSWindow *window)
 {
     window.styleMask |= NSWindowStyleMaskFullSizeContentView;
@@ -24,7 +24,7 @@ void hideTitleBar(NSWindow *window)
     window.titleVisibility = NSWindowTitleHidden;
 }
 
-/// The toolkit sets a window up anew once it has entered or left full screen.
+/// Hides the title bar again after the toolkit has set the window up for entering or leaving full screen.
 void keepTitleBarHidden(NSWindow *window)
 {
     for (NSNotificationName change in

@@ -48,15 +48,15 @@ void setText(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t prope
                         text.data());
 }
 
-/// Where KWin's desktop has its dark colours for frames; empty where it is not installed.
+/// The file of KWin's dark colours for frames; empty where it is not installed.
 QString darkColors()
 {
     return QStandardPaths::locate(QStandardPaths::GenericDataLocation,
                                   QStringLiteral("color-schemes/BreezeDark.colors"));
 }
 
-/// Where the toolkit draws the frames itself, under Wayland compositors that draw none, its newer ones for
-/// GNOME follow the desktop's colours; the older ones follow the program's.
+/// Chooses the frames that the toolkit draws under Wayland compositors that draw none: its newer frames, for
+/// GNOME, follow the desktop's colours, the older ones the program's.
 void chooseFramesInOurColors()
 {
     constexpr const char *variable = "QT_WAYLAND_DECORATION";
@@ -135,8 +135,8 @@ void showIcon(QWidget &window)
 void prepareWindow(QWidget &window)
 {
     const QString colors = darkColors();
-    // The toolkit's plugin for KWin's desktop passes this on under Wayland, and under X11 would take away
-    // what it does not find here.
+    // The platform theme of KWin's desktop passes this property on under Wayland; under X11, without it, the
+    // theme would remove the colour scheme that is set for the window below.
     qGuiApp->setProperty("KDE_COLOR_SCHEME_PATH", colors);
     xcb_connection_t *connection = x11Connection();
     if (!connection) {
@@ -156,7 +156,8 @@ int titleBarHeight(const QWidget &)
     return 0;
 }
 
-// On X11 a compositing manager owns the selection of this name. It may come and go, so it is asked each time.
+// On X11 a compositing manager owns the selection of this name. It may start or end at any time, so each call
+// asks for it.
 bool windowsAreComposited()
 {
     xcb_connection_t *connection = x11Connection();

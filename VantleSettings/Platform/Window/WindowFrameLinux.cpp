@@ -49,7 +49,7 @@ bool windowsHaveOrigins()
     return !QGuiApplication::platformName().startsWith(u"wayland");
 }
 
-/// The line that remembers the window as it is.
+/// The line of the file for the window as it is now.
 QByteArray frameLine(const QWidget &window, const QString &name)
 {
     SavedFrame frame{.size = window.size(), .origin = window.geometry().topLeft()};
@@ -72,17 +72,17 @@ void writeLine(const QByteArray &line)
     files.write(*file, line);
 }
 
-/// Writes a window's frame once it has rested for a moment after a change.
+/// Writes a window's frame once it has stayed unchanged for a moment.
 class FrameKeeper : public QObject
 {
 public:
     FrameKeeper(QWidget &window, const QString &name)
         : QObject(&window), m_window(window), m_name(name), m_line(frameLine(window, name))
     {
-        constexpr std::chrono::milliseconds rest{300}; // within which a hand that drags moves on
-        m_rest.setSingleShot(true);
-        m_rest.setInterval(rest);
-        connect(&m_rest, &QTimer::timeout, this, &FrameKeeper::write);
+        constexpr std::chrono::milliseconds settleTime{300}; // longer than the pauses within a drag
+        m_settleTimer.setSingleShot(true);
+        m_settleTimer.setInterval(settleTime);
+        connect(&m_settleTimer, &QTimer::timeout, this, &FrameKeeper::write);
         window.installEventFilter(this);
     }
 
@@ -90,7 +90,7 @@ public:
     {
         if (event->type() == QEvent::Move || event->type() == QEvent::Resize ||
             event->type() == QEvent::WindowStateChange)
-            m_rest.start();
+            m_settleTimer.start();
         return false;
     }
 
@@ -107,7 +107,7 @@ private:
     const QWidget &m_window;
     const QString m_name;
     QByteArray m_line; ///< what is remembered
-    QTimer m_rest;
+    QTimer m_settleTimer;
 };
 
 } // namespace

@@ -4,9 +4,9 @@
 
 class QComboBox;
 
-/// A combo box of fixed entries, named by its present one as the toolkit has it on desktops. It holds that
-/// entry as a text, too, which is where screen readers take the value of a combo box from; all of the text is
-/// selected, so that another entry is read out as a whole.
+/// A combo box of fixed entries. Its name is the current entry, as the toolkit has it on desktops. It offers
+/// that entry as a text, too, because screen readers take the value of a combo box from there. All of the
+/// text is selected, so that a new entry is read out as a whole.
 class AccessibleComboBox : public AccessibleWidget, public QAccessibleTextInterface
 {
 public:

@@ -5,22 +5,22 @@
 class QWidget;
 
 /// Gives a widget that is no standard control the role it has for assistive technology, e.g. a page that of a
-/// panel. Its name and description stay the widget's own. Call it before the widget is
-/// shown: from then on its role is fixed. A Grouping is exposed as a panel everywhere; on macOS the toolkit
-/// leaves out what has the role Pane.
+/// panel. Its name and description stay the widget's own. Call this before the widget is shown: from then on
+/// its role is fixed. A Grouping is exposed as a panel everywhere; on macOS the toolkit leaves out what has
+/// the role Pane.
 void setAccessibleRole(QWidget *widget, QAccessible::Role role);
 
-/// Keeps a purely visual widget, e.g. a tinted tile, out of the accessibility tree: its
-/// parent, a plain widget or one with a role from above, leaves it out.
+/// Keeps a purely visual widget, e.g. a tinted tile, out of the accessibility tree: its parent, which must be
+/// a plain widget or have a role from setAccessibleRole(), leaves it out.
 void markAsDecoration(QWidget *widget);
 
-/// Ties a text, a label or a widget with a role from above, to the control that has it as its description: a
-/// screen reader then reads it with the control, and not again where it reads the texts of a page. The
-/// control outlives the text.
+/// Ties a text, which is a label or a widget with a role from setAccessibleRole(), to the control that has it
+/// as its description: a screen reader then reads the text with the control, and not again where it reads the
+/// texts of a page. The control outlives the text.
 void setDescribes(QWidget *text, QWidget *control);
 
-/// Changes the accessible name or description where it differs: assistive technology is told of every other
-/// setting, too.
+/// Changes the accessible name or description only where it differs: assistive technology would be told of an
+/// equal one, too.
 void changeAccessibleName(QWidget *widget, const QString &name);
 void changeAccessibleDescription(QWidget *widget, const QString &description);
 

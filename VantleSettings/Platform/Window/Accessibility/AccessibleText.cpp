@@ -3,8 +3,8 @@
 namespace
 {
 
-// A message of D-Bus carries 128 MiB. One message may hold a name and a description, of which each unit takes
-// three bytes at most.
+// A message of D-Bus carries at most 128 MiB. One message may hold a name and a description, of which each
+// unit takes three bytes at most.
 constexpr qsizetype longest = qsizetype{16} << 20;
 
 } // namespace

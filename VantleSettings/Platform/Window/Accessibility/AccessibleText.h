@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// A name or description as assistive technology gets it: the whole text, or, where no message of its bus
-/// could carry that, the beginning, which then ends with "…".
+/// A name or description as assistive technology gets it: the whole text, or, where that is too long for a
+/// message of the accessibility bus, its beginning followed by "…".
 QString accessibleText(const QString &text);

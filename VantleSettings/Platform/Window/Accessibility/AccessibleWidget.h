@@ -4,8 +4,8 @@
 
 #include <vector>
 
-/// A widget in the accessibility tree. Widgets that only lay out others are no part of that tree: what they
-/// hold is listed as if it lay in the nearest widget around them that is part of it. Decoration is left out.
+/// A widget in the accessibility tree. Widgets that only lay out others are not part of that tree: their
+/// children are listed as children of the nearest ancestor that is. Decoration is left out.
 class AccessibleWidget : public QAccessibleWidget
 {
 public:
@@ -24,8 +24,8 @@ private:
     std::vector<QWidget *> exposedChildren() const;
 };
 
-/// A push button whose name says all: it has no description but the one that it was given, and the label
-/// beside it does not label it once more.
+/// A push button whose name is sufficient: it has no description but the one that was set, and a label that
+/// has it as its buddy is not reported as its label.
 class AccessibleButton : public AccessibleWidget
 {
 public:

@@ -3,7 +3,7 @@
 #include <QAccessible>
 #include <QWidget>
 
-// Older toolkits know no announcements; each system has another way around that.
+// Before version 6.8 the toolkit has no announcements: each system's own source has a substitute.
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
 
 void announce(QWidget *widget, const QString &message)

@@ -4,6 +4,6 @@
 
 class QWidget;
 
-/// Lets a screen reader say what has happened where no control has changed, e.g. "Path copied". Does nothing
-/// where none listens. `widget` is where it happened.
+/// Makes a screen reader say what has happened where no control has changed, e.g. "Path copied". Does nothing
+/// where no screen reader runs. `widget` is the one that the message is about.
 void announce(QWidget *widget, const QString &message);

@@ -6,7 +6,8 @@
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
 
-// Screen readers of that time know no announcements, but read a notification as soon as it is said to show.
+// Screen readers as old as these versions know no announcements, but read a notification as soon as an event
+// says that it is shown.
 void announce(QWidget *widget, const QString &message)
 {
     if (!QAccessible::isActive())

@@ -9,8 +9,8 @@
 
 #include <functional>
 
-/// What a desktop, or another start of the program, can ask of the running one, in the form of the desktop
-/// entries' standard.
+/// The D-Bus interface of the desktop entry standard, through which a desktop, or another start of the
+/// program, activates the running one.
 class ApplicationService : public QObject
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
     /// home has done so before and came to the front.
     bool serve(QDBusConnection bus, const LaunchToken &token);
 
-    // The names are the standard's. There are no files to open and no actions: both are a start like any
-    // other.
+    // The names are the standard's. There are no files to open and no actions: both requests are treated as
+    // Activate.
     Q_SLOT void Activate(const QVariantMap &platformData);
     Q_SLOT void Open(const QStringList &addresses, const QVariantMap &platformData);
     Q_SLOT void ActivateAction(const QString &name, const QVariantList &parameters,

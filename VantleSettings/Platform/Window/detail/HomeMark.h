@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// A short mark of the user's home that may stand in names of the system: lower-case letters and digits,
-/// equal for equal homes.
+/// A short hash of the user's home directory, for the names of D-Bus services and files: lower-case letters
+/// and digits.
 QString homeMark();

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-/// Where there is no session bus: takes the lock of this user's and home's program, in the user's runtime
-/// folder, for as long as the process runs, and calls `reopen` when another start of the program asks for it.
-/// The lock of a process that is gone is taken over. False when the program that holds the lock has reopened
-/// its window.
+/// Where there is no session bus: takes the program's lock for this user and home directory, in the user's
+/// runtime folder, for as long as the process runs, and calls `reopen` when another start of the program asks
+/// for it. The lock of a process that is gone is taken over. False when the program that holds the lock has
+/// reopened its window.
 bool takeProgramLock(std::function<void()> reopen);

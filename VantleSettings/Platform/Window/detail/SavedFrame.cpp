@@ -8,14 +8,14 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// What must show of a window's top before a hand can move it.
-constexpr QSize handle(120, 24);
+/// The part of a window's top that must be visible for the user to drag the window.
+constexpr QSize grabArea(120, 24);
 
 constexpr QLatin1String maximizedMark(" maximized");
 constexpr int largest = 100'000;    ///< no screen is so wide
 constexpr int farthest = 1'000'000; ///< no place on any is so far from the origin
 
-QRect middle(const QRect &screen, QSize size)
+QRect centered(const QRect &screen, QSize size)
 {
     QRect frame({}, size);
     frame.moveCenter(screen.center());
@@ -34,7 +34,7 @@ QByteArray SavedFrame::line(const QString &name) const
     return text.toUtf8() + '\n';
 }
 
-// Told apart by hand: every start reads its frame, and the library of regular expressions would be loaded for
+// Parsed by hand: every start reads its frame, and the library of regular expressions would be loaded for
 // this alone.
 std::optional<SavedFrame> SavedFrame::find(const QByteArray &bytes, const QString &name)
 {
@@ -53,7 +53,7 @@ std::optional<SavedFrame> SavedFrame::find(const QByteArray &bytes, const QStrin
         frame.size = {size.value(0).toInt(), size.value(1).toInt()};
         if (parts.size() == 3)
             frame.origin = QPoint(parts.at(1).toInt(), parts.at(2).toInt());
-        // What this program would not have written itself counts for nothing.
+        // A line that this program would not have written itself is ignored.
         if (frame.isPlausible() && frame.line(name) == line + '\n')
             return frame;
     }
@@ -72,14 +72,14 @@ QRect SavedFrame::placed(const QList<QRect> &screens) const
     if (screens.isEmpty())
         return {origin.value_or(QPoint()), size};
     if (origin) {
-        const QRect top(*origin, QSize(size.width(), handle.height()));
+        const QRect top(*origin, QSize(size.width(), grabArea.height()));
         const auto holds = [&](const QRect &screen) {
             const QRect seen = top & screen;
-            return seen.width() >= handle.width() && seen.height() >= handle.height();
+            return seen.width() >= grabArea.width() && seen.height() >= grabArea.height();
         };
         const auto screen = std::find_if(screens.begin(), screens.end(), holds);
         if (screen != screens.end())
             return {*origin, size.boundedTo(screen->size())};
     }
-    return middle(screens.first(), size.boundedTo(screens.first().size()));
+    return centered(screens.first(), size.boundedTo(screens.first().size()));
 }

@@ -27,7 +27,7 @@ xcb_window_t rootWindow(xcb_connection_t *connection)
     return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
 }
 
-/// The time of the user's action that the startup id ends with; 0 when it has none.
+/// The time of the user's action, with which the startup id ends; 0 when the id has none.
 uint32_t userTime(const QString &startupId)
 {
     constexpr QLatin1String mark("_TIME");
@@ -35,7 +35,7 @@ uint32_t userTime(const QString &startupId)
     return at < 0 ? 0 : startupId.mid(at + mark.size()).toUInt();
 }
 
-/// Window managers compare this time with that of the last thing the user did elsewhere.
+/// Window managers compare this time with that of the user's last action in other windows.
 void askForActivation(xcb_connection_t *connection, xcb_window_t window, uint32_t time)
 {
     constexpr uint32_t fromAnApplication = 1;
@@ -51,7 +51,8 @@ void askForActivation(xcb_connection_t *connection, xcb_window_t window, uint32_
                    reinterpret_cast<const char *>(&event));
 }
 
-/// Says in pieces of 20 bytes, as the startup notification wants it, that this start is over.
+/// Sends the message that this start is over, in pieces of 20 bytes as the startup notification protocol
+/// requires.
 void endStartup(xcb_connection_t *connection, xcb_window_t window, const QString &startupId)
 {
     const QByteArray message = "remove: ID=" + startupId.toUtf8() + '\0';

@@ -47,7 +47,7 @@ bool isOne(const QVariant &value)
     return value.typeId() == QMetaType::UInt && value.toUInt() == 1;
 }
 
-/// The text scale, or 1 where the value is none in the allowed range.
+/// The value as a text scale; 1 where it isn't one in the allowed range.
 qreal textScaleFrom(const QVariant &value)
 {
     constexpr qreal smallest = 0.5; // the bounds of the desktop's own setting

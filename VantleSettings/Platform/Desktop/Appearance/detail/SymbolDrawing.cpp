@@ -7,8 +7,8 @@
 namespace
 {
 
-/// Makes darkness opacity. A drawing is black on white, so that holes are simply painted white and the file
-/// looks the same in any viewer.
+/// Turns darkness into opacity. A drawing is black on white, so that holes are simply painted white and the
+/// file looks the same in any viewer.
 QImage maskFromDrawing(const QImage &picture)
 {
     QImage mask(picture.size(), QImage::Format_ARGB32_Premultiplied);

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The dynamic properties by which a widget tells its accessible interface more than the toolkit has words
+/// The dynamic properties by which a widget tells its accessible interface what the toolkit has no properties
 /// for.
 namespace AccessibleProperties
 {
