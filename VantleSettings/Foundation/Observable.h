@@ -5,8 +5,8 @@
 #include <memory>
 #include <utility>
 
-/// Something views can watch. It announces every change before it happens, so a view reads the new state on
-/// the next turn of the event loop and never sees half of a change.
+/// An object that views can watch. It announces every change before it happens, so a view reads the new state
+/// on the next turn of the event loop and never sees half of a change.
 class Observable : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,8 @@ Q_SIGNALS:
     void objectWillChange();
 };
 
-/// A value of an Observable: assigning announces through the owner, then stores; reading is free.
+/// A value of an Observable. Assigning emits `objectWillChange` of the owner, then stores; reading emits
+/// nothing.
 template <class T>
 class Published
 {

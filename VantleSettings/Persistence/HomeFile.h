@@ -39,7 +39,7 @@ bool save(const QString &relativePath, const Json::Node &record, Decode decode)
     return write(relativePath, record, [&](const Json::Value &top) { return decode(top).has_value(); });
 }
 
-/// Removes the file or link; a missing one is no failure.
+/// Removes the file or link. Failures are not reported.
 void remove(const QString &relativePath);
 
 } // namespace HomeFile

@@ -62,7 +62,7 @@ private:
 
     void transferWaiting()
     {
-        // Signals are the main thread's.
+        // Signals are handled on the main thread.
         sigset_t all;
         sigfillset(&all);
         pthread_sigmask(SIG_BLOCK, &all, nullptr);

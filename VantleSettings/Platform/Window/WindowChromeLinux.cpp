@@ -38,7 +38,7 @@ xcb_atom_t atom(xcb_connection_t *connection, xcb_intern_atom_cookie_t asked)
 xcb_connection_t *x11Connection()
 {
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr; // the offscreen platform has the one without the other
+    return x11 ? x11->connection() : nullptr; // the offscreen platform has no connection
 }
 
 void setText(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
@@ -64,8 +64,8 @@ void chooseFramesInOurColors()
         qputenv(variable, "bradient");
 }
 
-/// Asks for a dark frame around every window of the program, dialogs too, when it is made. Most window
-/// managers that have light and dark frames choose by a variant, KWin by a file of colours.
+/// Asks for a dark frame around every window of the program, dialogs too, when the window is created. Most
+/// window managers that have light and dark frames choose by a theme variant, KWin by a file of colours.
 class DarkFrames : public QObject
 {
 public:
@@ -143,7 +143,7 @@ void prepareWindow(QWidget &window)
         chooseFramesInOurColors();
         return;
     }
-    new DarkFrames(connection, colors); // which the application owns
+    new DarkFrames(connection, colors); // the application owns it
     afterFirstFrame(window, [&window] { showIcon(window); });
 }
 

@@ -135,5 +135,5 @@ void saveWindowFrame(const QWidget &window, const QString &name)
 
 void keepWindowFrame(QWidget &window, const QString &name)
 {
-    new FrameKeeper(window, name); // which the window owns
+    new FrameKeeper(window, name); // the window owns it
 }

@@ -12,8 +12,8 @@ namespace
 constexpr QSize grabArea(120, 24);
 
 constexpr QLatin1String maximizedMark(" maximized");
-constexpr int largest = 100'000;    ///< no screen is so wide
-constexpr int farthest = 1'000'000; ///< no place on any is so far from the origin
+constexpr int largest = 100'000;    ///< pixels: no screen is so wide
+constexpr int farthest = 1'000'000; ///< pixels: no point of a screen is so far from the origin
 
 QRect centered(const QRect &screen, QSize size)
 {

@@ -10,7 +10,7 @@
 
 class QDBusVariant;
 
-/// What a desktop says of its appearance.
+/// A desktop's appearance settings.
 struct Appearance {
     std::optional<QColor> accent; ///< none where the desktop has no such setting
     bool reducedMotion = false;
