@@ -14,6 +14,8 @@ _PROPERTIES = "org.freedesktop.DBus.Properties"
 _BUS = "org.freedesktop.DBus", "/org/freedesktop/DBus"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _LABELLED_BY = 2
+# Roles of the toolkit whose controls have no children: half of the questions about a page are saved.
+_WITHOUT_CHILDREN = ("check box", "image", "label", "push button", "separator", "text")
 
 # The bits of a control's state that tests ask for.
 STATES = {
@@ -203,6 +205,8 @@ class Control:
     def _walk(self):
         role = self.role
         yield self, role
+        if role in _WITHOUT_CHILDREN:
+            return
         if role in ("list", "tree") and self.name == "Files":
             return  # the toolkit complains when its file dialog is asked for a file while it reads the folder
         for child in self.children:

@@ -41,7 +41,12 @@ class Program:
 
     @property
     def frame(self):
-        return self.root.find("frame", WINDOW)
+        """The settings window on the accessibility bus: one of the program's children, so that no page is searched."""
+        def found():
+            frames = [child for child in self.root.children
+                      if child.role == "frame" and child.name == WINDOW and child.has("showing")]
+            return frames if len(frames) == 1 else None
+        return eventually(found, "the window does not show itself on the accessibility bus")[0]
 
     @property
     def window(self):
