@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 namespace
 {
 
-TEST(AgentBridge, PostsToTheAgentsControlPortUnderTheWholePath)
+TEST(AgentBridge, PostsTheWholePathToTheAgentsControlPort)
 {
     FakeLoopbackPost posts;
     const Seam<LoopbackPost>::Replacement replacement(posts);
@@ -28,7 +28,7 @@ TEST(AgentBridge, TwoQuickPostsAreTwoRequests)
     EXPECT_EQ(posts.urls.size(), 2);
 }
 
-TEST(AgentBridge, GivesTheLastPostsTheTimeThatThereIs)
+TEST(AgentBridge, FinishPassesItsTimeLimitOn)
 {
     FakeLoopbackPost posts;
     const Seam<LoopbackPost>::Replacement replacement(posts);

@@ -23,25 +23,25 @@ namespace
 
 constexpr quint16 controlPort = 18484;
 
-/// Brings the loopback interface of this network namespace up, which starts without it.
-bool raiseLoopback()
+/// A new network namespace starts with its loopback interface down. Brings it up; false when that fails.
+bool bringLoopbackUp()
 {
     const int socket = ::socket(AF_INET, SOCK_DGRAM, 0);
     ifreq loopback{};
     std::strcpy(loopback.ifr_name, "lo");
     const bool known = ::ioctl(socket, SIOCGIFFLAGS, &loopback) == 0;
     loopback.ifr_flags = static_cast<short>(loopback.ifr_flags | IFF_UP);
-    const bool raised = known && ::ioctl(socket, SIOCSIFFLAGS, &loopback) == 0;
+    const bool isUp = known && ::ioctl(socket, SIOCSIFFLAGS, &loopback) == 0;
     ::close(socket);
-    return raised;
+    return isUp;
 }
 
-/// In a network namespace of its own, where the agent's port is free.
+/// Runs in a network namespace of its own, where the agent's port is free.
 struct AgentPort : testing::Test {
-    AgentPort() { EXPECT_TRUE(raiseLoopback()); }
+    AgentPort() { EXPECT_TRUE(bringLoopbackUp()); }
 };
 
-/// The listener that stands in for the agent, until the end of the case.
+/// A running agent-listener, the program that stands in for the agent.
 struct AgentListener {
     QProcess process;
 
@@ -68,7 +68,7 @@ struct AgentListener {
     }
 };
 
-TEST_F(AgentPort, IsWhereThePostsGo)
+TEST_F(AgentPort, ReceivesThePosts)
 {
     const FakeAgent agent(FakeAgent::Behaviour::answers, controlPort);
     AgentBridge::fireAndForget(u"/settings/clear-sessions"_s);
@@ -77,7 +77,7 @@ TEST_F(AgentPort, IsWhereThePostsGo)
                                                          "Host: 127.0.0.1:18484\r\n")));
 }
 
-TEST_F(AgentPort, WithNothingListeningEveryPostIsForgotten)
+TEST_F(AgentPort, PostsAreDroppedWhileNothingListens)
 {
     AgentBridge::fireAndForget(u"/settings/clear-sessions"_s);
     AgentBridge::finish(1500ms);
@@ -109,7 +109,7 @@ TEST_F(AgentPort, ItsListenerShowsThatAnAnnouncedFileIsGone)
                                                   "              ~/.vantle/planning.json is not there\n"_s);
 }
 
-TEST_F(AgentPort, ItsListenerShowsAnActionByItself)
+TEST_F(AgentPort, ItsListenerShowsAnActionWithoutAFile)
 {
     AgentListener listener;
     AgentBridge::fireAndForget(u"/settings/uninstall-hooks"_s);
@@ -117,7 +117,7 @@ TEST_F(AgentPort, ItsListenerShowsAnActionByItself)
     EXPECT_EQ(listener.waitForText(u"{}\n"_s), u"T  POST /settings/uninstall-hooks {}\n"_s);
 }
 
-TEST_F(AgentPort, ItsListenerDoesNotStandBesideAnother)
+TEST_F(AgentPort, ItsListenerFailsWhenThePortIsTaken)
 {
     const FakeAgent agent(FakeAgent::Behaviour::answers, controlPort);
     QProcess listener;

@@ -17,7 +17,7 @@ namespace
 constexpr std::string_view endOfRequest = "\r\n\r\n{}";
 constexpr std::string_view answer = "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}";
 
-/// Never raises SIGPIPE, by the flag or, on systems without it, by the socket's option.
+/// Prevents SIGPIPE. Systems without this flag have a socket option for it, which listen() sets.
 #ifdef MSG_NOSIGNAL
 constexpr int sendFlags = MSG_NOSIGNAL;
 #else
@@ -29,20 +29,20 @@ bool write(int connection, std::string_view text)
     return ::send(connection, text.data(), text.size(), sendFlags) > 0;
 }
 
-/// Turns the event loop until the number has grown to `count`; false when it has not grown for a minute. How
-/// long all of it takes is the machine's affair.
+/// Processes events until number() has grown to `count`; false when it has not grown for a minute. The whole
+/// wait has no limit because it depends on the machine.
 template <class Number>
-bool turnEventLoopUntil(std::size_t count, Number number)
+bool processEventsUntil(std::size_t count, Number number)
 {
-    constexpr int patience = 60000; // ms
-    QDeadlineTimer deadline(patience);
+    constexpr int timeout = 60000; // ms
+    QDeadlineTimer deadline(timeout);
     for (std::size_t reached = number(); reached < count;) {
         if (deadline.hasExpired())
             return false;
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         const std::size_t now = number();
         if (now != std::exchange(reached, now))
-            deadline.setRemainingTime(patience);
+            deadline.setRemainingTime(timeout);
     }
     return true;
 }
@@ -97,15 +97,15 @@ std::size_t FakeAgent::connections() const
 
 bool FakeAgent::waitForRequests(std::size_t count) const
 {
-    return turnEventLoopUntil(count, [&] { return requests().size(); });
+    return processEventsUntil(count, [&] { return requests().size(); });
 }
 
 bool FakeAgent::waitForConnections(std::size_t count) const
 {
-    return turnEventLoopUntil(count, [&] { return connections(); });
+    return processEventsUntil(count, [&] { return connections(); });
 }
 
-/// False when the agent is to stop, or when this time is over.
+/// False when the agent is to stop or after this time; a negative time is no limit.
 bool FakeAgent::waitUntilReadable(int socket, int milliseconds) const
 {
     std::array<pollfd, 2> waiting{{{m_stop[0], POLLIN, 0}, {socket, POLLIN, 0}}};

@@ -8,8 +8,8 @@
 #include <thread>
 #include <vector>
 
-/// A listener on a free port of 127.0.0.1, with a thread of its own, that behaves well or badly. It takes one
-/// connection at a time, as a small agent would.
+/// A listener on 127.0.0.1, with a thread of its own, that behaves well or badly. It serves one connection at
+/// a time, as a small agent would.
 class FakeAgent
 {
 public:
@@ -18,11 +18,12 @@ public:
         answersSlowly,    ///< the same, but takes 20 ms over each
         keepsOpen,        ///< answers and leaves closing to the other side
         isSilent,         ///< reads the request and never answers
-        answersGarbage,   ///< reads the request, answers what is no HTTP and closes
+        answersGarbage,   ///< reads the request, answers with bytes that are not HTTP and closes
         answersEndlessly, ///< reads the request and keeps writing until the other side closes
         closesUnread,     ///< closes each connection without reading
     };
 
+    /// Listens on this port; 0 is any free one.
     explicit FakeAgent(Behaviour behaviour, quint16 port = 0);
     ~FakeAgent();
     Q_DISABLE_COPY_MOVE(FakeAgent)
@@ -35,10 +36,11 @@ public:
     /// The same, and forgets them.
     std::vector<std::string> takeRequests();
 
-    /// The number of connections taken so far.
+    /// The number of connections served so far.
     std::size_t connections() const;
 
-    /// Turns the event loop until this many requests have been read; false when no more come.
+    /// Processes events until this many requests have been read or connections served; false when none comes
+    /// for a minute.
     bool waitForRequests(std::size_t count) const;
     bool waitForConnections(std::size_t count) const;
 

@@ -22,7 +22,7 @@ std::size_t heapInUse()
     return __sanitizer_get_current_allocated_bytes();
 #elif __has_include(<malloc.h>)
     const auto heap = mallinfo2();
-    return heap.uordblks + heap.hblkhd; // the large blocks are counted apart
+    return heap.uordblks + heap.hblkhd; // mapped blocks are counted separately
 #else
     return mstats().bytes_used;
 #endif

@@ -2,5 +2,5 @@
 
 #include <cstddef>
 
-/// The bytes that the process holds on its heap.
+/// The number of bytes that the process has allocated on its heap.
 std::size_t heapInUse();

@@ -33,7 +33,7 @@ void post(const FakeAgent &agent, int count = 1)
 }
 
 /// A port of 127.0.0.1 on which nobody listens.
-quint16 deafPort()
+quint16 closedPort()
 {
     return FakeAgent(Behaviour::answers).port();
 }
@@ -44,12 +44,12 @@ std::ptrdiff_t openDescriptors()
     return std::distance(begin(descriptors), end(descriptors));
 }
 
-/// Every case leaves nothing under way.
+/// No test leaves a post pending.
 struct LoopbackPostTest : testing::Test {
     ~LoopbackPostTest() override { LoopbackPost::system().finish(1min); }
 };
 
-/// Whatever an agent does with them, every post reaches it once.
+/// Every post is sent once, whatever the agent does with it.
 struct LoopbackPostFaults : LoopbackPostTest, testing::WithParamInterface<Behaviour> {
 };
 
@@ -78,7 +78,7 @@ TEST_F(LoopbackPostTest, SendsAPathInItsEncodedForm)
     EXPECT_THAT(agent.requests()[0], testing::StartsWith("POST /a%20b%0D%0AX:%20%C3%A9 HTTP/1.1\r\nHost: "));
 }
 
-TEST_F(LoopbackPostTest, GoesPastEveryProxy)
+TEST_F(LoopbackPostTest, IgnoresProxyVariables)
 {
     const FakeAgent agent(Behaviour::answers);
     const FakeAgent proxy(Behaviour::answers);
@@ -93,7 +93,7 @@ TEST_F(LoopbackPostTest, GoesPastEveryProxy)
     EXPECT_EQ(proxy.connections(), 0);
 }
 
-TEST_F(LoopbackPostTest, IsAnnouncedAtOnceWithoutATurnOfTheEventLoop)
+TEST_F(LoopbackPostTest, IsSentWithoutTheEventLoop)
 {
     const FakeAgent agent(Behaviour::answers);
     post(agent);
@@ -107,7 +107,7 @@ TEST_P(LoopbackPostFaults, ReachesTheAgentOnce)
     post(agent, 50);
     ASSERT_TRUE(agent.waitForConnections(50));
     LoopbackPost::system().finish(1min);
-    EXPECT_EQ(agent.connections(), 50) << "none is repeated";
+    EXPECT_EQ(agent.connections(), 50) << "no post is repeated";
     EXPECT_EQ(agent.requests().size(), GetParam() == Behaviour::closesUnread ? 0 : 50);
 }
 
@@ -129,11 +129,11 @@ INSTANTIATE_TEST_SUITE_P(LoopbackPost, LoopbackPostFaults,
                              }
                          });
 
-TEST_F(LoopbackPostTest, GivesASilentAgentUpAndGoesOn)
+TEST_F(LoopbackPostTest, GivesUpASilentAgentAndSendsTheNextPost)
 {
     const FakeAgent agent(Behaviour::isSilent);
     post(agent, 7);
-    EXPECT_TRUE(agent.waitForConnections(7)) << "six are under way at a time";
+    EXPECT_TRUE(agent.waitForConnections(7)) << "only six are sent at a time";
 }
 
 TEST_F(LoopbackPostTest, ASilentAgentHasASecondAndAHalfToAnswer)
@@ -149,7 +149,7 @@ TEST_F(LoopbackPostTest, ASilentAgentHasASecondAndAHalfToAnswer)
 
 TEST_F(LoopbackPostTest, FinishDoesNotWaitForAnAbsentAgent)
 {
-    const quint16 port = deafPort();
+    const quint16 port = closedPort();
     for (int i = 0; i < 1000; ++i)
         LoopbackPost::system().post(address(port));
     LoopbackPost::system().finish(24h);
@@ -160,7 +160,7 @@ TEST_F(LoopbackPostTest, FinishDoesNotWaitWhenNothingWasPosted)
     LoopbackPost::system().finish(24h);
 }
 
-TEST_F(LoopbackPostTest, AnAgentThatHasAnsweredAndKeepsTheConnectionIsNotWaitedFor)
+TEST_F(LoopbackPostTest, FinishDoesNotWaitForAnAgentThatAnsweredAndKeepsTheConnection)
 {
     const FakeAgent agent(Behaviour::keepsOpen);
     post(agent, 10);
@@ -168,7 +168,7 @@ TEST_F(LoopbackPostTest, AnAgentThatHasAnsweredAndKeepsTheConnectionIsNotWaitedF
     EXPECT_EQ(agent.requests().size(), 10);
 }
 
-TEST_F(LoopbackPostTest, ARestartedAgentReceivesTheNextChange)
+TEST_F(LoopbackPostTest, ARestartedAgentReceivesTheNextPost)
 {
     auto agent = std::make_unique<FakeAgent>(Behaviour::answers);
     const quint16 port = agent->port();
@@ -181,14 +181,14 @@ TEST_F(LoopbackPostTest, ARestartedAgentReceivesTheNextChange)
     EXPECT_TRUE(agent->waitForRequests(1));
 }
 
-TEST_F(LoopbackPostTest, TwoHundredRapidChangesReachAnAgentThatTakesItsTime)
+TEST_F(LoopbackPostTest, TwoHundredRapidPostsReachASlowAgent)
 {
     const FakeAgent agent(Behaviour::answersSlowly);
     post(agent, 200);
     EXPECT_TRUE(agent.waitForRequests(200));
 }
 
-TEST_F(LoopbackPostTest, FinishingWaitsForAnAgentThatTakesItsTime)
+TEST_F(LoopbackPostTest, FinishWaitsForASlowAgent)
 {
     const FakeAgent agent(Behaviour::answersSlowly);
     post(agent, 50);
@@ -196,7 +196,7 @@ TEST_F(LoopbackPostTest, FinishingWaitsForAnAgentThatTakesItsTime)
     EXPECT_EQ(agent.requests().size(), 50);
 }
 
-TEST_F(LoopbackPostTest, AChangeInTheInstantOfFinishingReachesAListeningAgent)
+TEST_F(LoopbackPostTest, APostJustBeforeFinishReachesAListeningAgent)
 {
     const FakeAgent agent(Behaviour::answers);
     for (std::size_t i = 1; i <= 200; ++i) {
@@ -206,7 +206,7 @@ TEST_F(LoopbackPostTest, AChangeInTheInstantOfFinishingReachesAListeningAgent)
     }
 }
 
-TEST_F(LoopbackPostTest, HoweverManyWaitForASilentAgentFinishingDropsThemAtItsLimit)
+TEST_F(LoopbackPostTest, FinishDropsPostsToASilentAgentAtItsLimitHoweverMany)
 {
     const FakeAgent agent(Behaviour::isSilent);
     post(agent, 10000);
@@ -215,10 +215,10 @@ TEST_F(LoopbackPostTest, HoweverManyWaitForASilentAgentFinishingDropsThemAtItsLi
     const FakeAgent next(Behaviour::answers);
     post(next);
     EXPECT_TRUE(next.waitForRequests(1));
-    EXPECT_EQ(agent.connections(), 6) << "what was left is dropped";
+    EXPECT_EQ(agent.connections(), 6) << "the other posts are dropped";
 }
 
-TEST_F(LoopbackPostTest, TenThousandRapidChangesAllReachTheAgentAndLeaveNothingBehind)
+TEST_F(LoopbackPostTest, TenThousandRapidPostsReachTheAgentAndLeakNothing)
 {
     FakeAgent agent(Behaviour::answers);
     post(agent);
@@ -228,13 +228,13 @@ TEST_F(LoopbackPostTest, TenThousandRapidChangesAllReachTheAgentAndLeaveNothingB
     const auto heap = heapInUse();
     const auto descriptors = openDescriptors();
     post(agent, 10000);
-    EXPECT_LE(openDescriptors(), descriptors + 7) << "six of ours, one of the agent's";
+    EXPECT_LE(openDescriptors(), descriptors + 7) << "six of LoopbackPost, one of the agent";
     ASSERT_TRUE(agent.waitForConnections(10001));
     LoopbackPost::system().finish(1min);
     EXPECT_EQ(agent.connections(), 10001);
     EXPECT_EQ(openDescriptors(), descriptors);
     EXPECT_EQ(agent.takeRequests().size(), 10000);
-    // The threads that sent them end a little later.
+    // The threads that sent the posts end a little later.
     EXPECT_TRUE(QTest::qWaitFor([&] { return heapInUse() < heap + 100000; }));
 }
 

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-TEST(AboutPanel, IsOneHoweverOftenItIsChosen)
+TEST(AboutPanel, OpensOnceHoweverOftenItIsChosen)
 {
     QMainWindow window;
     buildMainMenu(window);

@@ -63,7 +63,7 @@ TEST_F(AppDelegate, ClosingTheWindowDropsTheControllerAndTerminates)
     EXPECT_EQ(terminations, 1);
 }
 
-TEST_F(AppDelegate, AskedForAgainItBringsTheMinimisedWindowBack)
+TEST_F(AppDelegate, ReopenRestoresAMinimisedWindow)
 {
     delegate.applicationDidFinishLaunching();
     delegate.controller()->window().showMinimized();
@@ -73,7 +73,7 @@ TEST_F(AppDelegate, AskedForAgainItBringsTheMinimisedWindowBack)
     EXPECT_FALSE(delegate.controller()->window().isMinimized());
 }
 
-TEST_F(AppDelegate, AskedForAgainItLeavesAVisibleWindowAlone)
+TEST_F(AppDelegate, ReopenWithAVisibleWindowChangesNothing)
 {
     delegate.applicationDidFinishLaunching();
     delegate.controller()->window().showMinimized();
@@ -83,8 +83,9 @@ TEST_F(AppDelegate, AskedForAgainItLeavesAVisibleWindowAlone)
     EXPECT_TRUE(delegate.controller()->window().isMinimized());
 }
 
-/// Each waits for an answer that never comes, for all the time that it is given.
-struct SlowEnd final : ServiceManager, LoopbackPost {
+/// finish() uses up its whole time limit, as if it waited for an answer that never comes. `total` adds the
+/// limits up.
+struct SlowFinish final : ServiceManager, LoopbackPost {
     std::chrono::milliseconds total{0};
 
     void isLoaded(std::chrono::milliseconds, Answer answer) override { answer(false); }
@@ -101,9 +102,9 @@ private:
     QSemaphore m_answer;
 };
 
-TEST_F(AppDelegate, TheLastChangesHaveLessThanASecondInAll)
+TEST_F(AppDelegate, FinishingTheLastChangesTakesLessThanASecondInAll)
 {
-    SlowEnd slow;
+    SlowFinish slow;
     const Seam<ServiceManager>::Replacement service(slow);
     const Seam<LoopbackPost>::Replacement post(slow);
     delegate.applicationWillTerminate();
@@ -111,7 +112,7 @@ TEST_F(AppDelegate, TheLastChangesHaveLessThanASecondInAll)
     EXPECT_LT(slow.total, 1s);
 }
 
-TEST(AppDelegateStart, WithoutAnyFontFileTheWindowOpensAllTheSame)
+TEST(AppDelegateStart, TheWindowOpensWithoutAnyFontFile)
 {
     FontRegistration::registerFonts({homePath(u"no/such/folder"_s)}, FontRegistry::system());
     const OutsideWorld world;

@@ -20,7 +20,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A window with a button and a text field, whose keys come from a window system that repeats as X11 does.
+/// A window with a button and a text field that gets the key events of X11, where a key repeats as a release
+/// and a press with the same timestamp.
 class HeldKey : public testing::Test
 {
 protected:
@@ -71,7 +72,7 @@ protected:
     int clicks = 0;
 };
 
-/// Remembers of every press whether it was marked as a repeat.
+/// Records for every press whether it was marked as a repeat.
 class Presses : public QObject
 {
 public:
@@ -99,7 +100,7 @@ TEST_F(HeldKey, IsMarkedAsARepeatBeforeItsReceiverSeesIt)
     release(Qt::Key_A);
     press(Qt::Key_A);
     EXPECT_EQ(presses.repeats, (std::vector{false, true, true, false}));
-    EXPECT_TRUE(presses.spontaneous) << "the toolkit tells only these to a screen reader";
+    EXPECT_TRUE(presses.spontaneous) << "the toolkit reports only spontaneous events to a screen reader";
 }
 
 TEST_F(HeldKey, ClicksAButtonOnce)
@@ -157,10 +158,10 @@ TEST_F(HeldKey, IsTypedIntoATextFieldAgainAndAgain)
 TEST_F(HeldKey, IsAShortcutOnce)
 {
     button->setFocus();
-    EXPECT_FALSE(deliver(QEvent::ShortcutOverride, Qt::Key_W)) << "it may be one";
+    EXPECT_FALSE(deliver(QEvent::ShortcutOverride, Qt::Key_W)) << "a first press may be a shortcut";
     press(Qt::Key_W);
     release(Qt::Key_W);
-    EXPECT_TRUE(deliver(QEvent::ShortcutOverride, Qt::Key_W)) << "it is an ordinary key";
+    EXPECT_TRUE(deliver(QEvent::ShortcutOverride, Qt::Key_W)) << "a repeat is an ordinary key";
 }
 
 TEST_F(HeldKey, IsAShortcutOnceWhereTheToolkitMarksRepeats)
@@ -185,7 +186,7 @@ TEST_F(HeldKey, ChoosesNoMenuItem)
     EXPECT_EQ(chosen, 1);
 }
 
-TEST_F(HeldKey, WalksThroughAPickersEntries)
+TEST_F(HeldKey, MovesThroughAPickersEntries)
 {
     auto *picker = new QComboBox(&window);
     picker->addItems({u"1"_s, u"2"_s, u"3"_s, u"4"_s});
@@ -207,7 +208,7 @@ TEST_F(HeldKey, ChoosesNoPickersEntry)
     picker->showPopup();
     press(Qt::Key_Down);
     release(Qt::Key_Return);
-    deliver(QEvent::ShortcutOverride, Qt::Key_Return); // to which the toolkit's pop-up chooses
+    deliver(QEvent::ShortcutOverride, Qt::Key_Return); // the toolkit's pop-up chooses on this event
     deliver(QEvent::KeyPress, Qt::Key_Return);
     EXPECT_TRUE(picker->view()->isVisible());
     EXPECT_EQ(picker->currentIndex(), 0);
@@ -218,7 +219,7 @@ TEST_F(HeldKey, ChoosesNoPickersEntry)
     EXPECT_EQ(picker->currentIndex(), 1);
 }
 
-TEST_F(HeldKey, IsNoneWithoutATime)
+TEST_F(HeldKey, IsNotDetectedWithoutATimestamp)
 {
     field->setFocus();
     Presses presses;
@@ -229,7 +230,7 @@ TEST_F(HeldKey, IsNoneWithoutATime)
     EXPECT_EQ(presses.repeats, (std::vector{false, false}));
 }
 
-TEST_F(HeldKey, AnotherKeyOfTheSameMomentIsNoRepeat)
+TEST_F(HeldKey, AnotherKeyWithTheSameTimestampIsNoRepeat)
 {
     field->setFocus();
     Presses presses;

@@ -60,7 +60,7 @@ protected:
         return *new QAction(&window);
     }
 
-    /// The titles of the Edit menu's items that can act now.
+    /// The titles of the Edit menu's enabled items.
     QStringList enabled()
     {
         QStringList titles;
@@ -104,7 +104,7 @@ TEST_F(MainMenu, TheWindowMenuHasItsItemsAndKeys)
     EXPECT_EQ(described(menu(2)), (QStringList{u"Minimize | Ctrl+M"_s, u"Close | Ctrl+W"_s}));
 }
 
-TEST_F(MainMenu, ItemsWithoutMeaningOnADesktopAreDisabled)
+TEST_F(MainMenu, ItemsThatTheDesktopDoesNotSupportAreDisabled)
 {
     for (const QString &title : {u"Hide Vantle Settings"_s, u"Hide Others"_s, u"Show All"_s})
         EXPECT_FALSE(item(title).isEnabled()) << title.toStdString();
@@ -113,7 +113,7 @@ TEST_F(MainMenu, ItemsWithoutMeaningOnADesktopAreDisabled)
         EXPECT_TRUE(item(title).isEnabled()) << title.toStdString();
 }
 
-TEST_F(MainMenu, StandsInTheWindow)
+TEST_F(MainMenu, IsAtTheTopOfTheWindow)
 {
     EXPECT_FALSE(window.menuBar()->isNativeMenuBar());
     EXPECT_EQ(window.menuBar()->geometry().topLeft(), QPoint(0, 0));
@@ -184,7 +184,7 @@ TEST_F(MainMenu, AReadOnlyEditorCanOnlyBeCopiedFrom)
     EXPECT_EQ(enabled(), (QStringList{u"Copy"_s, u"Select All"_s}));
 }
 
-TEST_F(MainMenu, TheItemsMeanTheEditorThatHadTheFocusBeforeTheMenuBar)
+TEST_F(MainMenu, TheItemsActOnTheEditorThatHadTheFocusBeforeTheMenuBar)
 {
     editor->setFocus();
     QTest::keyClicks(editor, u"a"_s);

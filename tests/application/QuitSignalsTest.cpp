@@ -10,7 +10,7 @@
 namespace
 {
 
-TEST(QuitSignals, WhatWasIgnoredAtTheStartStaysIgnored)
+TEST(QuitSignals, SignalsIgnoredAtTheStartStayIgnored)
 {
     for (const int signal : {SIGINT, SIGHUP})
         std::signal(signal, SIG_IGN);
@@ -19,16 +19,16 @@ TEST(QuitSignals, WhatWasIgnoredAtTheStartStaysIgnored)
         EXPECT_EQ(std::signal(signal, SIG_DFL), SIG_IGN);
 }
 
-TEST(QuitSignals, EachRequestToEndIsPassedOnByTheEventLoop)
+TEST(QuitSignals, EachQuitSignalIsDeliveredByTheEventLoop)
 {
     for (const int signal : {SIGINT, SIGHUP})
-        std::signal(signal, SIG_DFL); // a test run behind others has them ignored
+        std::signal(signal, SIG_DFL); // a program started in the background may have them ignored
     int asked = 0;
     onQuitSignal([&] { ++asked; });
     int expected = 0;
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         std::raise(signal);
-        EXPECT_EQ(asked, expected) << "not from within the signal";
+        EXPECT_EQ(asked, expected) << "called in the signal handler";
         ++expected;
         const QDeadlineTimer deadline(10'000);
         while (asked < expected && !deadline.hasExpired())

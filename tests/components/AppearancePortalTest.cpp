@@ -7,34 +7,34 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-PortalSettings general(const QString &name, const QVariant &value)
+PortalSettings freedesktopSetting(const QString &name, const QVariant &value)
 {
     return {{u"org.freedesktop.appearance"_s, {{name, value}}}};
 }
 
-TEST(AppearancePortal, NothingSaidIsTheDefault)
+TEST(AppearancePortal, MissingSettingsGiveTheDefault)
 {
     EXPECT_EQ(appearance({}), Appearance());
 }
 
-TEST(AppearancePortal, MoreContrastIsOne)
+TEST(AppearancePortal, ContrastOneIsIncreasedContrast)
 {
-    EXPECT_TRUE(appearance(general(u"contrast"_s, 1U)).increasedContrast);
-    EXPECT_FALSE(appearance(general(u"contrast"_s, 0U)).increasedContrast);
-    EXPECT_FALSE(appearance(general(u"contrast"_s, 2U)).increasedContrast);
-    EXPECT_FALSE(appearance(general(u"contrast"_s, true)).increasedContrast) << "another type";
+    EXPECT_TRUE(appearance(freedesktopSetting(u"contrast"_s, 1U)).increasedContrast);
+    EXPECT_FALSE(appearance(freedesktopSetting(u"contrast"_s, 0U)).increasedContrast);
+    EXPECT_FALSE(appearance(freedesktopSetting(u"contrast"_s, 2U)).increasedContrast);
+    EXPECT_FALSE(appearance(freedesktopSetting(u"contrast"_s, true)).increasedContrast) << "another type";
 }
 
-TEST(AppearancePortal, LessMotionIsSaidInOneOfTwoWays)
+TEST(AppearancePortal, EitherOfTwoSettingsReducesMotion)
 {
-    EXPECT_TRUE(appearance(general(u"reduced-motion"_s, 1U)).reducedMotion);
+    EXPECT_TRUE(appearance(freedesktopSetting(u"reduced-motion"_s, 1U)).reducedMotion);
     const QString gnome = u"org.gnome.desktop.interface"_s;
     EXPECT_TRUE(appearance({{gnome, {{u"enable-animations"_s, false}}}}).reducedMotion);
     EXPECT_FALSE(appearance({{gnome, {{u"enable-animations"_s, true}}}}).reducedMotion);
     EXPECT_FALSE(appearance({{gnome, {{u"enable-animations"_s, u"false"_s}}}}).reducedMotion);
 }
 
-TEST(AppearancePortal, LargerTextIsAFactorInBounds)
+TEST(AppearancePortal, TheTextScaleIsAFactorWithinBounds)
 {
     const auto scale = [](const QVariant &value) {
         return appearance({{u"org.gnome.desktop.interface"_s, {{u"text-scaling-factor"_s, value}}}})
@@ -48,19 +48,19 @@ TEST(AppearancePortal, LargerTextIsAFactorInBounds)
     EXPECT_EQ(scale(u"1.5"_s), 1) << "another type";
 }
 
-TEST(AppearancePortal, AScreenThatIsScaledWithTheTextSizeScalesNoTextTwice)
+TEST(AppearancePortal, ATextSizeThatScalesTheScreenIsNotAppliedTwice)
 {
     EXPECT_EQ(textScaleBesides(1.5, 1), 1.5);
-    EXPECT_EQ(textScaleBesides(1.25, 2), 1.25) << "a dense screen alone";
+    EXPECT_EQ(textScaleBesides(1.25, 2), 1.25) << "scaled for a dense screen only";
     EXPECT_EQ(textScaleBesides(1.5, 1.5), 1);
     EXPECT_EQ(textScaleBesides(1.3, 1.302), 1) << "rounded to whole dots per inch";
-    EXPECT_EQ(textScaleBesides(1.25, 2.5), 1) << "a dense screen and the text size";
+    EXPECT_EQ(textScaleBesides(1.25, 2.5), 1) << "scaled for a dense screen and the text size";
     EXPECT_EQ(textScaleBesides(1, 2), 1);
 }
 
-TEST(AppearancePortal, AnAccentOfAnotherTypeIsNone)
+TEST(AppearancePortal, AnAccentOfAnotherTypeIsIgnored)
 {
-    EXPECT_FALSE(appearance(general(u"accent-color"_s, u"#ff0000"_s)).accent.has_value());
+    EXPECT_FALSE(appearance(freedesktopSetting(u"accent-color"_s, u"#ff0000"_s)).accent.has_value());
 }
 
 } // namespace

@@ -44,10 +44,10 @@ TEST_F(ControlTest, AClickOnASwitchAsksAndShowsThePresentStateUntilItIsAnswered)
     EXPECT_FALSE(control.isChecked());
     QTest::mouseClick(&control, Qt::LeftButton);
     ASSERT_EQ(asked.size(), 2);
-    EXPECT_TRUE(asked[1][0].toBool()) << "still off, so still a wish for on";
+    EXPECT_TRUE(asked[1][0].toBool()) << "still off, so a click still requests on";
     control.setChecked(true);
     EXPECT_TRUE(control.isChecked());
-    EXPECT_EQ(asked.size(), 2) << "an answer is no wish";
+    EXPECT_EQ(asked.size(), 2) << "an answer is no request";
     QTest::keyClick(&control, Qt::Key_Space);
     ASSERT_EQ(asked.size(), 3);
     EXPECT_FALSE(asked[2][0].toBool());
@@ -61,7 +61,8 @@ TEST_F(ControlTest, TheKnobOfASwitchThatIsRefusedGoesThereAndBack)
     const QImage off = control.grab().toImage();
     QTest::mouseClick(&control, Qt::LeftButton);
     EXPECT_TRUE(QTest::qWaitFor([&] { return control.grab().toImage() != off; })) << "the knob never moved";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return control.grab().toImage() == off; })) << "the knob stays away";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return control.grab().toImage() == off; }))
+        << "the knob does not return";
     EXPECT_FALSE(control.isChecked());
 }
 
@@ -89,7 +90,7 @@ TEST_F(ControlTest, APendingSwitchAsksNothingAndKeepsTheFocus)
     EXPECT_EQ(asked.size(), 1);
 }
 
-TEST_F(ControlTest, TheKnobOfAPendingSwitchWaitsWhereItWasAskedToGo)
+TEST_F(ControlTest, TheKnobOfAPendingSwitchWaitsAtTheRequestedEnd)
 {
     Switch off;
     Switch on;
@@ -100,31 +101,33 @@ TEST_F(ControlTest, TheKnobOfAPendingSwitchWaitsWhereItWasAskedToGo)
     const auto edge = [](Switch &control) { return control.grab().toImage().pixel(4, 3); }; // of the track
     const QRgb accent = edge(on);
     off.setPending(true);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return edge(off) == accent; })) << "the knob does not go there";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return edge(off) == accent; })) << "the knob never moved";
     const QImage there = off.grab().toImage();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return off.grab().toImage() != there; })) << "nothing turns on it";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return off.grab().toImage() != there; })) << "no arc turns on the knob";
     off.setPending(false);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return off.grab().toImage() == before; })) << "the knob stays away";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return off.grab().toImage() == before; }))
+        << "the knob does not return";
 }
 
-TEST_F(ControlTest, ASwitchIsACheckBoxThatIsToggledAsAClickDoesIt)
+TEST_F(ControlTest, ASwitchIsExposedAsACheckBoxWhoseToggleActsLikeAClick)
 {
     Switch control;
     control.setAccessibleName(u"Launch at Login"_s);
     const QSignalSpy asked(&control, &Switch::requested);
     EXPECT_EQ(outline(control), QStringList{u"CheckBox Launch at Login"_s});
-    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&control);
-    EXPECT_TRUE(heard->state().checkable);
-    EXPECT_TRUE(heard->state().focusable);
-    EXPECT_FALSE(heard->state().checked);
-    ASSERT_NE(heard->actionInterface(), nullptr);
-    EXPECT_EQ(heard->actionInterface()->actionNames().first(), QAccessibleActionInterface::toggleAction());
-    heard->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&control);
+    EXPECT_TRUE(accessible->state().checkable);
+    EXPECT_TRUE(accessible->state().focusable);
+    EXPECT_FALSE(accessible->state().checked);
+    ASSERT_NE(accessible->actionInterface(), nullptr);
+    EXPECT_EQ(accessible->actionInterface()->actionNames().first(),
+              QAccessibleActionInterface::toggleAction());
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     ASSERT_EQ(asked.size(), 1);
     EXPECT_TRUE(asked[0][0].toBool());
     EXPECT_FALSE(control.isChecked());
     control.setChecked(true);
-    EXPECT_TRUE(heard->state().checked);
+    EXPECT_TRUE(accessible->state().checked);
 }
 
 TEST_F(ControlTest, ADisabledSwitchAsksNothing)
@@ -134,8 +137,8 @@ TEST_F(ControlTest, ADisabledSwitchAsksNothing)
     const QSignalSpy asked(&control, &Switch::requested);
     show(control, control.sizeHint());
     QTest::mouseClick(&control, Qt::LeftButton);
-    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&control);
-    heard->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&control);
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     EXPECT_EQ(asked.size(), 0);
 }
 
@@ -255,7 +258,7 @@ TEST_F(ControlTest, ABadgeOfNoneIsADashWithoutATooltip)
     EXPECT_EQ(outline(badge), QStringList{u"StaticText No notch sessions"_s});
 }
 
-TEST_F(ControlTest, TheRingStandsAroundTheControlThatTheKeyboardReachedAndNoneThatWasClicked)
+TEST_F(ControlTest, TheRingIsAroundAControlThatTheKeyboardReachedAndNotOneThatWasClicked)
 {
     QWidget window;
     auto *layout = new QVBoxLayout(&window);
@@ -264,31 +267,31 @@ TEST_F(ControlTest, TheRingStandsAroundTheControlThatTheKeyboardReachedAndNoneTh
     layout->addWidget(first);
     layout->addWidget(second);
     show(window, {200, 120});
-    const auto ringed = [&window]() -> QWidget * {
+    const auto ringedWidget = [&window]() -> QWidget * {
         const auto *frame = window.findChild<QFocusFrame *>();
         return frame ? frame->widget() : nullptr;
     };
-    const auto getFocus = [](QWidget *control, Qt::FocusReason reason) {
+    const auto sendFocusIn = [](QWidget *control, Qt::FocusReason reason) {
         QFocusEvent event(QEvent::FocusIn, reason);
         QCoreApplication::sendEvent(control, &event);
     };
-    getFocus(first, Qt::TabFocusReason);
-    EXPECT_EQ(ringed(), nullptr) << "a window that becomes active says that, too";
+    sendFocusIn(first, Qt::TabFocusReason);
+    EXPECT_EQ(ringedWidget(), nullptr) << "a window that becomes active gives the same reason";
     QTest::mousePress(second, Qt::LeftButton);
-    getFocus(second, Qt::MouseFocusReason);
-    EXPECT_EQ(ringed(), nullptr);
+    sendFocusIn(second, Qt::MouseFocusReason);
+    EXPECT_EQ(ringedWidget(), nullptr);
     QTest::keyPress(second, Qt::Key_Tab);
-    getFocus(first, Qt::TabFocusReason);
-    EXPECT_EQ(ringed(), first);
+    sendFocusIn(first, Qt::TabFocusReason);
+    EXPECT_EQ(ringedWidget(), first);
     EXPECT_EQ(window.findChild<QFocusFrame *>()->geometry(), first->geometry().adjusted(-3, -3, 3, 3));
-    getFocus(second, Qt::OtherFocusReason);
-    EXPECT_EQ(ringed(), second) << "moved by the program: still the keyboard's";
+    sendFocusIn(second, Qt::OtherFocusReason);
+    EXPECT_EQ(ringedWidget(), second) << "the program moved it after a key press";
     QTest::mousePress(first, Qt::LeftButton);
-    getFocus(first, Qt::MouseFocusReason);
-    EXPECT_EQ(ringed(), nullptr);
+    sendFocusIn(first, Qt::MouseFocusReason);
+    EXPECT_EQ(ringedWidget(), nullptr);
 }
 
-TEST_F(ControlTest, TheRingGoesAroundWhatHoldsAControlAndNeverAroundAList)
+TEST_F(ControlTest, TheRingIsAroundTheFrameSetForAControlAndNeverAroundAList)
 {
     QWidget window;
     auto *layout = new QVBoxLayout(&window);
@@ -310,7 +313,7 @@ TEST_F(ControlTest, TheRingGoesAroundWhatHoldsAControlAndNeverAroundAList)
     EXPECT_EQ(window.findChild<QFocusFrame *>()->widget(), nullptr);
 }
 
-TEST_F(ControlTest, AnEditorsMenuShowsNoKeys)
+TEST_F(ControlTest, AnEditorsMenuShowsNoShortcuts)
 {
     QPlainTextEdit editor(u"text"_s);
     const std::unique_ptr<QMenu> menu(editor.createStandardContextMenu());

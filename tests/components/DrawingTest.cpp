@@ -26,7 +26,7 @@ protected:
         return image;
     }
 
-    /// The smallest rectangle of pixels that holds all that is painted.
+    /// The bounding rectangle of everything painted, in pixels.
     static QRect painted(const QImage &image)
     {
         QRect bounds;
@@ -112,7 +112,7 @@ TEST_F(DrawingTest, AHairlineIsOneDevicePixelAtEveryScale)
             painter.end();
             const QRect bounds = painted(image);
             EXPECT_EQ(bounds.height(), 1) << scale << " at " << top;
-            EXPECT_EQ(qAlpha(image.pixel(bounds.center())), 255) << "not spread over two";
+            EXPECT_EQ(qAlpha(image.pixel(bounds.center())), 255) << "spread over two pixels";
         }
         QImage image = canvas(20, scale);
         QPainter painter(&image);

@@ -20,7 +20,7 @@ using testing::ElementsAre;
 class LabelTest : public LookTest
 {
 protected:
-    /// Points at a widget. True when it shows a tooltip.
+    /// Sends the tooltip event of a pointer at rest on the widget. True when the widget shows a tooltip.
     static bool pointAt(QWidget &widget)
     {
         const QPoint place = widget.rect().center();
@@ -32,7 +32,7 @@ protected:
 
 const QString longPath = u"/home/demo/workspace/"_s + u"folder/"_s.repeated(40) + u"the-end.json"_s;
 
-TEST_F(LabelTest, ALineTooLongIsLeftOutInTheMiddleWithBothEndsVisible)
+TEST_F(LabelTest, ATooLongLineIsElidedInTheMiddleWithBothEndsVisible)
 {
     ElidedLabel label(longPath, TextStyle::size11);
     show(label, {200, 20});
@@ -52,7 +52,7 @@ TEST_F(LabelTest, ALineThatFitsStaysWhole)
     EXPECT_FALSE(label.isElided());
 }
 
-TEST_F(LabelTest, TwoLinesAtMostAndTheSecondLeavesOutItsMiddle)
+TEST_F(LabelTest, ALongTextTakesTwoLinesAndTheSecondIsElidedInTheMiddle)
 {
     const QString text =
         u"One sentence of a text that is far too long for two lines. "_s.repeated(20) + u"The end."_s;
@@ -80,7 +80,7 @@ TEST_F(LabelTest, TheAccessibleNameIsTheWholeText)
     EXPECT_EQ(outline(label), QStringList{u"StaticText "_s + longPath});
 }
 
-TEST_F(LabelTest, ATextThatIsLeftOutIsShownWholeWhenPointedAt)
+TEST_F(LabelTest, AnElidedTextIsShownWholeInATooltip)
 {
     ElidedLabel whole(u"/home/demo"_s, TextStyle::size11);
     show(whole, {200, 20});
@@ -104,7 +104,7 @@ TEST_F(LabelTest, MarkupAndAmpersandsAreText)
     EXPECT_EQ(plainToolTip(u"a < b & c"_s), u"a < b & c"_s);
 }
 
-TEST_F(LabelTest, LineBreaksHoldWhereTextWrapsAndAreBlanksOnASingleLine)
+TEST_F(LabelTest, LineBreaksAreKeptInWrappedTextAndAreSpacesOnASingleLine)
 {
     WrappedLabel wrapped(u"one\r\ntwo\nthree\u2028four\u2029five"_s, TextStyle::size11);
     show(wrapped, {300, 100});
@@ -141,7 +141,7 @@ TEST_F(LabelTest, BalancedLinesLeaveNoWordAlone)
     EXPECT_GT(metrics.horizontalAdvance(lines[1]), 0.7 * metrics.horizontalAdvance(lines[0]));
 }
 
-TEST_F(LabelTest, BalancedLinesKeepWordsOfTwoPartsWhole)
+TEST_F(LabelTest, BalancedLinesBreakAtSpacesOnly)
 {
     const QString text =
         u"Clear persisted sessions and browser patterns, or remove the Claude/Codex hooks Vantle "
@@ -156,7 +156,7 @@ TEST_F(LabelTest, BalancedLinesKeepWordsOfTwoPartsWhole)
     }
 }
 
-TEST_F(LabelTest, TenThousandCharactersAreOnlyAText)
+TEST_F(LabelTest, TenThousandCharactersDoNotWidenALabel)
 {
     const QString text = u"word "_s.repeated(2000);
     ElidedLabel elided(text, TextStyle::size11, TextColor::secondary, 2);
@@ -171,7 +171,7 @@ TEST_F(LabelTest, TenThousandCharactersAreOnlyAText)
 }
 
 /// Texts of millions of characters. Laid out whole, each would keep the window busy for minutes.
-const std::vector<QString> &endlessTexts()
+const std::vector<QString> &veryLongTexts()
 {
     constexpr int million = 1000000;
     static const std::vector<QString> texts{
@@ -186,9 +186,9 @@ const std::vector<QString> &endlessTexts()
     return texts;
 }
 
-TEST_F(LabelTest, OnlyTheEndsOfATextWithoutEndAreLaidOut)
+TEST_F(LabelTest, OnlyTheEndsOfAVeryLongTextAreLaidOut)
 {
-    for (const QString &text : endlessTexts()) {
+    for (const QString &text : veryLongTexts()) {
         for (const int lines : {1, 2}) {
             ElidedLabel label(text, TextStyle::size11, TextColor::primary, lines);
             show(label, {300, 40});
@@ -224,7 +224,7 @@ TEST_F(LabelTest, TheLongestPathOfAFileIsWrappedWhole)
     EXPECT_EQ(shown.remove(u' '), QString(path).remove(u' '));
 }
 
-TEST_F(LabelTest, AnElidedTextWithAnEllipsisOfItsOwnIsElidedAllTheSame)
+TEST_F(LabelTest, ATextThatContainsAnEllipsisIsStillReportedAsElided)
 {
     for (const QString &text :
          {u"/home/demo/…/"_s.repeated(20), longPath.first(300) + u'…' + longPath.last(300)}) {
@@ -237,7 +237,7 @@ TEST_F(LabelTest, AnElidedTextWithAnEllipsisOfItsOwnIsElidedAllTheSame)
     }
 }
 
-TEST_F(LabelTest, ATextOfWhichNothingIsLeftOutIsNotElided)
+TEST_F(LabelTest, ATextThatIsShownWholeIsNotElided)
 {
     ElidedLabel lines(u"a\nb\nc"_s, TextStyle::size11, TextColor::primary, 2);
     show(lines, {200, 40});
@@ -245,18 +245,18 @@ TEST_F(LabelTest, ATextOfWhichNothingIsLeftOutIsNotElided)
     EXPECT_FALSE(lines.isElided());
 }
 
-TEST_F(LabelTest, RightToLeftAndSurrogatesStayWholeAroundTheGap)
+TEST_F(LabelTest, SurrogatePairsAndRightToLeftTextStayWhole)
 {
     ElidedLabel label(u"🦊"_s.repeated(60), TextStyle::size11);
     show(label, {100, 20});
     for (const QString &part : label.shownLines().front().split(QChar(0x2026)))
-        EXPECT_EQ(part, u"🦊"_s.repeated(part.size() / 2)) << "no half of a pair";
+        EXPECT_EQ(part, u"🦊"_s.repeated(part.size() / 2)) << "half of a surrogate pair";
     ElidedLabel hebrew(u"שלום עולם"_s, TextStyle::size11);
     show(hebrew, {200, 20});
     EXPECT_THAT(hebrew.shownLines(), ElementsAre(u"שלום עולם"_s));
 }
 
-TEST_F(LabelTest, APathBeginsOnTheLeftWhateverItsFoldersAreWrittenIn)
+TEST_F(LabelTest, APathBeginsOnTheLeftWhateverTheScriptOfItsFolders)
 {
     Label root(u"/"_s, TextStyle::size13);
     show(root, root.sizeHint());

@@ -11,13 +11,13 @@
 
 #include <gtest/gtest.h>
 
-/// A case under the window's own look, with the face that the pictures are pinned to.
+/// A test under the window's own style, with the font that the reference pictures are made with.
 class LookTest : public testing::Test
 {
 protected:
     static void SetUpTestSuite() { useTextScale(1); }
 
-    /// As on a desktop whose font is this much larger than usual.
+    /// Installs the style as on a desktop whose font is larger than usual by this factor.
     static void useTextScale(qreal scale)
     {
         QFont font(QStringLiteral("Inter"));
@@ -35,8 +35,8 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    /// Role and name of a widget and of all that is visible within it, as assistive technology gets them;
-    /// children are indented.
+    /// The role and name of a widget and of its visible descendants, as assistive technology gets them: a
+    /// line each, children indented.
     static QStringList outline(QWidget &widget)
     {
         QStringList lines;
@@ -45,15 +45,15 @@ protected:
     }
 
 private:
-    static void addLines(QStringList &lines, const QAccessibleInterface *heard, int depth)
+    static void addLines(QStringList &lines, const QAccessibleInterface *accessible, int depth)
     {
-        const QLatin1String role(qAccessibleRoleString(heard->role()));
-        lines += QString(depth, u' ') + role + u' ' + heard->text(QAccessible::Name);
-        for (int i = 0; i < heard->childCount(); ++i) {
-            ASSERT_NE(heard->child(i), nullptr);
-            EXPECT_EQ(heard->indexOfChild(heard->child(i)), i);
-            if (!heard->child(i)->state().invisible)
-                addLines(lines, heard->child(i), depth + 1);
+        const QLatin1String role(qAccessibleRoleString(accessible->role()));
+        lines += QString(depth, u' ') + role + u' ' + accessible->text(QAccessible::Name);
+        for (int i = 0; i < accessible->childCount(); ++i) {
+            ASSERT_NE(accessible->child(i), nullptr);
+            EXPECT_EQ(accessible->indexOfChild(accessible->child(i)), i);
+            if (!accessible->child(i)->state().invisible)
+                addLines(lines, accessible->child(i), depth + 1);
         }
     }
 };

@@ -82,11 +82,11 @@ TEST_F(RowTest, AControlTakesItsNameAndDescriptionFromTheRow)
                      .title = u"Launch at Login"_s,
                      .subtitle = u"Before."_s,
                      .accessory = control});
-    const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(control);
-    EXPECT_EQ(heard->text(QAccessible::Name), u"Launch at Login"_s);
-    EXPECT_EQ(heard->text(QAccessible::Description), u"Before."_s);
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(control);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Launch at Login"_s);
+    EXPECT_EQ(accessible->text(QAccessible::Description), u"Before."_s);
     row.setSubtitle(u"After."_s);
-    EXPECT_EQ(heard->text(QAccessible::Description), u"After."_s);
+    EXPECT_EQ(accessible->text(QAccessible::Description), u"After."_s);
 }
 
 TEST_F(RowTest, AControlThatHasANameKeepsIt)
@@ -114,7 +114,7 @@ TEST_F(RowTest, AButtonIsNotLabelledByTheTitleOnTopOfItsOwnName)
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(clear)->relations(QAccessible::Label).isEmpty());
 }
 
-TEST_F(RowTest, APickersValueIsItsTextAllOfItSelected)
+TEST_F(RowTest, APickersWholeTextIsExposedAsSelected)
 {
     Picker picker;
     picker.setEntries({u"iTerm2"_s, u"Vantle Terminal"_s});
@@ -127,7 +127,7 @@ TEST_F(RowTest, APickersValueIsItsTextAllOfItSelected)
     EXPECT_EQ(text->text(start, end), u"Vantle Terminal"_s);
 }
 
-TEST_F(RowTest, TilesDividersAndLayoutAreNotInTheTree)
+TEST_F(RowTest, TilesDividersAndLayoutAreNotInTheAccessibilityTree)
 {
     SettingsGroup group({.header = u"Updates"_s, .footer = u"A footer."_s},
                         {new SettingsRow({.icon = u"globe"_s, .title = u"One"_s, .accessory = new Switch}),
@@ -142,17 +142,17 @@ TEST_F(RowTest, TilesDividersAndLayoutAreNotInTheTree)
 TEST_F(RowTest, AGroupIsNamedByItsHeaderAndDescribedByItsFooter)
 {
     SettingsGroup group({.header = u"Recording"_s, .footer = u"First."_s}, {});
-    const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&group);
-    EXPECT_EQ(heard->role(), QAccessible::Grouping);
-    EXPECT_EQ(heard->text(QAccessible::Name), u"Recording"_s);
-    EXPECT_EQ(heard->text(QAccessible::Description), u"First."_s);
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&group);
+    EXPECT_EQ(accessible->role(), QAccessible::Grouping);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Recording"_s);
+    EXPECT_EQ(accessible->text(QAccessible::Description), u"First."_s);
     group.setFooter(u"Second."_s);
-    EXPECT_EQ(heard->text(QAccessible::Description), u"Second."_s);
+    EXPECT_EQ(accessible->text(QAccessible::Description), u"Second."_s);
     group.setFooter({});
-    EXPECT_EQ(heard->text(QAccessible::Description), QString());
+    EXPECT_EQ(accessible->text(QAccessible::Description), QString());
 }
 
-TEST_F(RowTest, AHeaderIsShownInUpperCaseWhateverItsOwn)
+TEST_F(RowTest, AHeaderIsShownInUpperCase)
 {
     SettingsGroup group({.header = u"Keyboard shortcuts äß"_s}, {});
     show(group, {500, 100});
@@ -168,7 +168,7 @@ TEST_F(RowTest, AFootersKeySignsAreSpokenAsWordsButNotThoseOfAPath)
     EXPECT_EQ(footer->accessibleName(), u"Reads /home/⌘K/projects.toml."_s);
 }
 
-TEST_F(RowTest, HeaderCardAndFooterStandSixApart)
+TEST_F(RowTest, HeaderCardAndFooterAreSixPointsApart)
 {
     auto *content = new QWidget;
     content->setFixedHeight(50);
@@ -218,7 +218,7 @@ public:
 TEST_F(RowTest, CopyingPutsThePathExactlyAsGivenOnThePasteboard)
 {
     RecordingPasteboard pasteboard;
-    const Seam<Pasteboard>::Replacement here(pasteboard);
+    const Seam<Pasteboard>::Replacement replacement(pasteboard);
     const QString path = u"~/Library/./LaunchAgents//com.vantle.agent.plist "_s;
     PathRow row(u"LaunchAgent"_s, path);
     show(row, {500, 40});
