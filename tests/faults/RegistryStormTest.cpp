@@ -17,12 +17,12 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int mostSessions = 7;
+constexpr int maximumSessions = 7;
 
-/// The registry's nth state: some sessions, each in a directory that names the state and how many there are.
+/// The registry's nth state: sessions in the directories /n/count/0, /n/count/1 and so on.
 QByteArray state(int n)
 {
-    const int sessions = 1 + n % mostSessions;
+    const int sessions = 1 + n % maximumSessions;
     QByteArrayList elements;
     for (int i = 0; i < sessions; ++i)
         elements.append(QStringLiteral("{\"cwd\":\"/%1/%2/%3\"}").arg(n).arg(sessions).arg(i).toUtf8());
@@ -37,12 +37,12 @@ void overwrite(const QByteArray &path, const QByteArray &bytes)
         ::_exit(1);
 }
 
-/// Does its work over and over, with 1, 2, 3 and so on, in a process of its own, until it goes.
-class Storm
+/// A process that calls work(1), work(2) and so on until this object is destroyed.
+class RepeatedWork
 {
 public:
     template <class Work>
-    explicit Storm(Work work) : m_process(::fork())
+    explicit RepeatedWork(Work work) : m_process(::fork())
     {
         if (m_process < 0)
             qFatal("no process can be started");
@@ -52,35 +52,35 @@ public:
             work(n);
     }
 
-    ~Storm()
+    ~RepeatedWork()
     {
         ::kill(m_process, SIGKILL);
         ::waitpid(m_process, nullptr, 0);
     }
 
-    Q_DISABLE_COPY_MOVE(Storm)
+    Q_DISABLE_COPY_MOVE(RepeatedWork)
 
-    bool isBlowing() const { return ::waitpid(m_process, nullptr, WNOHANG) == 0; }
+    bool isRunning() const { return ::waitpid(m_process, nullptr, WNOHANG) == 0; }
 
 private:
     pid_t m_process;
 };
 
-TEST(RegistryStorm, ARegistryReplacedByRenamesIsAlwaysOfOneWholeState)
+TEST(RegistryStorm, ARegistryReplacedByRenameIsAlwaysReadWhole)
 {
     putHomeFile(u".vantle/sessions.json"_s, state(0));
     const QByteArray registry = homePath(u".vantle/sessions.json"_s).toUtf8();
-    const Storm storm([&](int n) {
+    const RepeatedWork writer([&](int n) {
         overwrite(registry + ".new", state(n));
         std::rename((registry + ".new").constData(), registry.constData());
     });
     QStringList seen;
-    // The storm may not have had its turn yet.
-    const auto hardlyChanged = [&seen] { return seen.size() <= 2; };
-    for (int round = 0; round < rounds(1000, 50000) || (hardlyChanged() && storm.isBlowing()); ++round) {
+    // The other process may not have been scheduled yet.
+    const auto fewStatesSeen = [&seen] { return seen.size() <= 2; };
+    for (int round = 0; round < rounds(1000, 50000) || (fewStatesSeen() && writer.isRunning()); ++round) {
         const auto count = Persistence::sessionsCount();
         ASSERT_GE(count, 1);
-        ASSERT_LE(count, mostSessions);
+        ASSERT_LE(count, maximumSessions);
         const QStringList projects = Persistence::knownProjects();
         ASSERT_FALSE(projects.isEmpty());
         const QString first = projects.front().section(u'/', 1, 2);
@@ -90,23 +90,23 @@ TEST(RegistryStorm, ARegistryReplacedByRenamesIsAlwaysOfOneWholeState)
         if (seen.isEmpty() || seen.back() != first)
             seen.append(first);
     }
-    EXPECT_TRUE(storm.isBlowing());
-    EXPECT_FALSE(hardlyChanged());
+    EXPECT_TRUE(writer.isRunning());
+    EXPECT_FALSE(fewStatesSeen());
 }
 
-TEST(RegistryStorm, ARegistryRewrittenInPlaceIsNeverMoreThanASurprise)
+TEST(RegistryStorm, ARegistryRewrittenInPlaceNeverGivesTooManySessions)
 {
     putHomeFile(u".vantle/sessions.json"_s, state(0));
     const QByteArray registry = homePath(u".vantle/sessions.json"_s).toUtf8();
-    const Storm storm([&](int n) { overwrite(registry, state(n)); });
+    const RepeatedWork writer([&](int n) { overwrite(registry, state(n)); });
     for (int round = 0; round < rounds(1000, 50000); ++round) {
-        ASSERT_LE(Persistence::sessionsCount(), mostSessions);
-        ASSERT_LE(Persistence::knownProjects().size(), mostSessions);
+        ASSERT_LE(Persistence::sessionsCount(), maximumSessions);
+        ASSERT_LE(Persistence::knownProjects().size(), maximumSessions);
     }
-    EXPECT_TRUE(storm.isBlowing());
+    EXPECT_TRUE(writer.isRunning());
 }
 
-TEST(RegistryStorm, ARegistryReplacedBetweenTwoReadsGivesEachItsOwn)
+TEST(RegistryStorm, EachReadSeesTheRegistryOfItsTime)
 {
     putHomeFile(u".vantle/sessions.json"_s, R"([{"cwd":"/a"},{"cwd":"/b"}])");
     EXPECT_EQ(Persistence::sessionsCount(), 2);

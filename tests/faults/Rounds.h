@@ -2,8 +2,8 @@
 
 #include <QtGlobal>
 
-/// How often a test that rolls dice does so: rarely among all other tests, often in its long form.
-inline int rounds(int rarely, int often)
+/// The number of rounds of a randomized test: few in ordinary runs, many in its long form.
+inline int rounds(int fewRounds, int manyRounds)
 {
-    return qEnvironmentVariableIsSet("VANTLE_LONG_TESTS") ? often : rarely;
+    return qEnvironmentVariableIsSet("VANTLE_LONG_TESTS") ? manyRounds : fewRounds;
 }

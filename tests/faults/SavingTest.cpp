@@ -83,8 +83,8 @@ TEST(Saving, KeepsTheModeAndTheOwnerOfAFile)
     putHomeFile(u".vantle/planning.json"_s, "{}");
     const QByteArray path = homePath(u".vantle/planning.json"_s).toUtf8();
     ASSERT_EQ(::chmod(path.constData(), 0604), 0);
-    const bool mayGiveAway = ::geteuid() == 0;
-    ASSERT_TRUE(!mayGiveAway || ::chown(path.constData(), strangersId, strangersId) == 0);
+    const bool mayChangeOwner = ::geteuid() == 0;
+    ASSERT_TRUE(!mayChangeOwner || ::chown(path.constData(), strangersId, strangersId) == 0);
     struct stat before {
     };
     ASSERT_EQ(::stat(path.constData(), &before), 0);

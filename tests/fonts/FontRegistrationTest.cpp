@@ -61,7 +61,7 @@ TEST(FontRegistration, SearchesTheBundleThenBesideTheExecutableThenTheSources)
                            QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts")}));
 }
 
-TEST(FontRegistration, SearchesTheSourcesEvenWhereTheProgramKnowsNothingOfItself)
+TEST(FontRegistration, SearchesTheSourcesEvenForAnEmptyBundle)
 {
     EXPECT_EQ(FontRegistration::candidateFontDirectories({}),
               QStringList{QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts")});

@@ -16,7 +16,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-QByteArray inNameTable(QStringView text)
+/// The form of texts in a font's name table.
+QByteArray utf16BigEndian(QStringView text)
 {
     QByteArray bytes;
     for (const QChar character : text)
@@ -24,8 +25,8 @@ QByteArray inNameTable(QStringView text)
     return bytes;
 }
 
-/// The place of the four letters in a font's bytes that stand for its vendor.
-qsizetype vendorPlace(const QByteArray &font)
+/// The offset of the four letters of the vendor's id (OS/2 table, achVendID) in a font's bytes.
+qsizetype vendorOffset(const QByteArray &font)
 {
     constexpr qsizetype offsetInEntry = 8;
     constexpr qsizetype offsetInTable = 58;
@@ -33,16 +34,17 @@ qsizetype vendorPlace(const QByteArray &font)
     return qsizetype(qFromBigEndian<quint32>(font.constData() + entry + offsetInEntry)) + offsetInTable;
 }
 
-/// The file of a shipped face under a family name of the same length that no machine has installed.
+/// Copies a shipped font file under another family name of the same length, one that no machine has
+/// installed. Returns the path of the copy.
 QString renamedFace(const QTemporaryDir &directory, QLatin1String family,
                     const QByteArray &vendor = QByteArrayLiteral("TEST"))
 {
     QFile shipped(QStringLiteral(VANTLE_SOURCE_DIRECTORY "/Resources/Fonts/JetBrainsMono-Regular.ttf"));
     EXPECT_TRUE(shipped.open(QIODevice::ReadOnly));
     QByteArray bytes = shipped.readAll();
-    bytes.replace(inNameTable(u"JetBrains Mono"), inNameTable(QString(family)));
+    bytes.replace(utf16BigEndian(u"JetBrains Mono"), utf16BigEndian(QString(family)));
     bytes.replace("JetBrains Mono", family.data());
-    bytes.replace(vendorPlace(bytes), vendor.size(), vendor);
+    bytes.replace(vendorOffset(bytes), vendor.size(), vendor);
     QFile file(directory.filePath(u"Face.ttf"_s));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes);
@@ -59,7 +61,7 @@ TEST(FontRegistry, HasAFontThatOnlyThisProcessAdded)
     EXPECT_FALSE(FontRegistry::system().has(u"WorkbenchMono-Bold"_s));
 }
 
-TEST(FontRegistry, HasAFontOfWhichThereAreFilesOfTwoVendors)
+TEST(FontRegistry, HasAFontWithFilesOfTwoVendors)
 {
     const QTemporaryDir directory;
     const QTemporaryDir other;
@@ -67,10 +69,11 @@ TEST(FontRegistry, HasAFontOfWhichThereAreFilesOfTwoVendors)
                                 renamedFace(other, "Two Copies Mon"_L1, "TWO ")});
     EXPECT_TRUE(FontRegistry::system().has(u"TwoCopiesMon-Regular"_s));
     EXPECT_FALSE(FontRegistry::system().has(u"TwoCopiesMon-Bold"_s));
-    EXPECT_EQ(QFontDatabase::families().filter(u"Two Copies Mon"_s).size(), 2) << "they count as one copy";
+    EXPECT_EQ(QFontDatabase::families().filter(u"Two Copies Mon"_s).size(), 2)
+        << "the toolkit sees one family";
 }
 
-TEST(FontRegistry, DrawsWithWhatWasAddedOnceThatIsFinished)
+TEST(FontRegistry, DrawsWithAddedFontsAfterFinish)
 {
     const QTemporaryDir directory;
     FontRegistry::system().add({renamedFace(directory, "Blackboard One"_L1)});

@@ -77,7 +77,7 @@ TEST_P(KeyGlyphs, AreAllDrawn)
     }
 }
 
-TEST_P(KeyGlyphs, AreNotThoseOfOneAnother)
+TEST_P(KeyGlyphs, AreAllDifferent)
 {
     const QFont font = textFont(GetParam());
     for (qsizetype i = 0; i < signs.size(); ++i) {
@@ -86,13 +86,13 @@ TEST_P(KeyGlyphs, AreNotThoseOfOneAnother)
     }
 }
 
-TEST_P(KeyGlyphs, AMissingOneIsNoticed)
+TEST_P(KeyGlyphs, AMissingOneIsDetected)
 {
     EXPECT_TRUE(glyphs(noncharacter, textFont(GetParam())).contains(0U));
 }
 
-// The recorder's face, the row's subtitle, the tooltip.
-INSTANTIATE_TEST_SUITE_P(InEveryFaceTheyStandIn, KeyGlyphs,
+// The fonts of the recorder, of a row's subtitle and of a tooltip.
+INSTANTIATE_TEST_SUITE_P(InEveryFontTheyAppearIn, KeyGlyphs,
                          testing::Values(TextStyle::size12SemiboldMono, TextStyle::size11,
                                          TextStyle::size13));
 

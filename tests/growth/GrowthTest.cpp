@@ -18,8 +18,8 @@ namespace
 {
 
 constexpr int warmUpRounds = 20;
-/// Far less than one widget a round would take, and more than what caches still settle.
-constexpr std::size_t bytesOfSettling = std::size_t{64} * 1024;
+/// In bytes: far less than one widget left per round, and more than caches still grow by after the warm-up.
+constexpr std::size_t allowedGrowth = std::size_t{64} * 1024;
 
 constexpr std::array pages{SettingsSection::planning, SettingsSection::browser, SettingsSection::data,
                            SettingsSection::about, SettingsSection::general};
@@ -39,7 +39,7 @@ void settle()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-/// The whole window over a home with something on every page; the parameter is how often to do a thing.
+/// The whole window with a home that fills every page; the parameter is the number of rounds measured.
 class Growth : public testing::TestWithParam<int>
 {
 protected:
@@ -57,18 +57,18 @@ protected:
         settle();
     }
 
-    /// Does a thing until caches are warm, and then as often as asked; nothing may be left of it.
-    template <class Thing>
-    void expectNothingLeftOf(Thing thing)
+    /// Runs the action until caches are warm, and then the measured rounds, which may leave nothing behind.
+    template <class Action>
+    void expectNoGrowth(Action action)
     {
         for (int round = 0; round < warmUpRounds; ++round)
-            thing();
+            action();
         const auto objects = m_view->findChildren<QObject *>().size();
         const std::size_t bytes = heapInUse();
         for (int round = 0; round < GetParam(); ++round)
-            thing();
+            action();
         EXPECT_EQ(m_view->findChildren<QObject *>().size(), objects);
-        EXPECT_LE(heapInUse(), bytes + bytesOfSettling);
+        EXPECT_LE(heapInUse(), bytes + allowedGrowth);
     }
 
     std::unique_ptr<SettingsModel> m_model;
@@ -77,7 +77,7 @@ protected:
 
 TEST_P(Growth, PageChangesLeaveNothingBehind)
 {
-    expectNothingLeftOf([this, page = 0U]() mutable {
+    expectNoGrowth([this, page = 0U]() mutable {
         m_model->section = pages.at(page++ % pages.size());
         settle();
     });
@@ -86,7 +86,7 @@ TEST_P(Growth, PageChangesLeaveNothingBehind)
 TEST_P(Growth, RefreshesLeaveNothingBehind)
 {
     m_model->section = SettingsSection::planning;
-    expectNothingLeftOf([this] {
+    expectNoGrowth([this] {
         m_model->refreshPlanningProjects();
         settle();
     });
@@ -95,7 +95,7 @@ TEST_P(Growth, RefreshesLeaveNothingBehind)
 TEST_P(Growth, RefreshesOfAListThatChangesLeaveNothingBehind)
 {
     m_model->section = SettingsSection::planning;
-    expectNothingLeftOf([this, more = false]() mutable {
+    expectNoGrowth([this, more = false]() mutable {
         more = !more;
         write(u"planning/projects.toml"_s, more ? "[[projects]]\nname = 'c'\npath = '/srv/c'\n" : "");
         m_model->refreshPlanningProjects();

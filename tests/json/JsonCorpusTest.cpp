@@ -21,7 +21,9 @@ namespace
 struct Sample {
     QString name;
     QByteArray bytes;
+    /// The verdict, which is part of the name.
     bool accepted() const { return name.startsWith(u"accept-"_s); }
+    /// Whether the verdict is about the bytes as a whole file and not as a value inside another.
     bool onlyWhole() const { return name.contains(u"-whole-"_s); }
 };
 
@@ -40,8 +42,8 @@ const std::vector<Sample> &corpus()
     return samples;
 }
 
-/// One of the program's readers, and a file that it reads as a record of its kind: a value stands between
-/// `before` and `after` where the reader passes over it, so the file is good when the value is.
+/// One of the program's loaders, with the two parts of a valid file. The loader ignores the content of a
+/// value between `before` and `after`, so it reads the record exactly when that value is valid JSON.
 struct Reader {
     QString file;
     QByteArray before;
@@ -69,7 +71,7 @@ const std::vector<Reader> &readers()
         {u".vantle/sessions.json"_s, "[{\"cwd\":\"/a\",\"x\":", "}]",
          [] { return Persistence::knownProjects() == QStringList{u"/a"_s}; }},
         {u".vantle/sessions.json"_s, "[", "]", [] { return Persistence::sessionsCount() == 1; }},
-        // Of members with equal names only the first is looked at.
+        // Of members with equal names only the first is read.
         {u".claude/browser-patterns.json"_s, "{\"/a\":[\"x\"],\"/a\":", "}",
          [] { return Persistence::loadBrowserPatterns().size() == 1; }},
     };
@@ -88,20 +90,20 @@ TEST(JsonCorpus, TheParserGivesEachFilesVerdict)
             << sample.name.toStdString();
 }
 
-TEST(JsonCorpus, AnotherLibraryAgreesButForKnownDifferences)
+TEST(JsonCorpus, AnotherLibraryAgreesExceptForKnownDifferences)
 {
     for (const Sample &sample : corpus()) {
         const bool isOurLimit = sample.name.contains(u"-depth-"_s) || sample.name.contains(u"beyond-"_s) ||
                                 sample.name.contains(u"hundred-digits"_s);
         const bool itAccepts = nlohmann::json::accept(sample.bytes.begin(), sample.bytes.end());
-        // To it, a NUL after the document is the end of the file.
+        // The other library takes a NUL after the document for the end of the file.
         const bool isItsLeniency = sample.name.endsWith(u"-nul-after.json"_s);
         EXPECT_TRUE(itAccepts == sample.accepted() || (itAccepts && (isOurLimit || isItsLeniency)))
             << sample.name.toStdString();
     }
 }
 
-TEST(JsonCorpus, EveryReaderTakesEachFileAsItsVerdictSays)
+TEST(JsonCorpus, EveryReaderAcceptsExactlyTheAcceptedFilesAsAValue)
 {
     for (const Reader &reader : readers()) {
         for (const Sample &sample : corpus()) {

@@ -9,7 +9,7 @@
 namespace
 {
 
-// Far beyond the highest code on either side.
+// Far more than the highest code of either system.
 constexpr std::uint32_t manyCodes = 1024;
 
 TEST(KeyCodes, MapBothWaysToTheSameKey)
@@ -26,7 +26,7 @@ TEST(KeyCodes, MapBothWaysToTheSameKey)
         EXPECT_EQ(KeyCodes::evdevCode(virtualKey).has_value(), reached.contains(virtualKey)) << virtualKey;
 }
 
-TEST(KeyCodes, AreThoseOfTheKeysOnTheKeyboard)
+TEST(KeyCodes, AreTheCodesThatAMacReports)
 {
     // The codes a Mac reports, by the kernel's names of the keys.
     const std::map<std::uint32_t, std::uint16_t> keys{

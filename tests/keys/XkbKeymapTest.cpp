@@ -28,7 +28,7 @@ XkbKeymap keymap(const char *layout, const char *variant = "")
     return std::move(*made);
 }
 
-/// What the keys print, a question mark for nothing.
+/// The texts that the keys print; a question mark for a key that prints nothing.
 QString printed(const XkbKeymap &keymap, std::initializer_list<std::uint16_t> keys,
                 xkb_layout_index_t group = 0)
 {
@@ -64,14 +64,14 @@ TEST(XkbKeymap, TheKeypadPrintsItsDigitsWithoutNumLock)
     EXPECT_EQ(printed(keymap("de"), {keypad7, keypadPoint, keypadEnter}), u"7,?"_s);
 }
 
-TEST(XkbKeymap, TheLayoutInForceIsAskedFor)
+TEST(XkbKeymap, TheLayoutInForceDecides)
 {
     const XkbKeymap both = keymap("us,de");
     EXPECT_EQ(printed(both, {keyY}, 0), u"y"_s);
     EXPECT_EQ(printed(both, {keyY}, 1), u"z"_s);
 }
 
-TEST(XkbKeymap, ALayoutThatIsNotLatinGivesWayToTheFirstThatIs)
+TEST(XkbKeymap, ALayoutThatIsNotLatinIsReplacedByTheFirstThatIs)
 {
     const XkbKeymap russianFirst = keymap("ru,de,us");
     EXPECT_EQ(printed(russianFirst, {keyY, keyQ}, 0), u"zq"_s);
@@ -79,7 +79,7 @@ TEST(XkbKeymap, ALayoutThatIsNotLatinGivesWayToTheFirstThatIs)
     EXPECT_EQ(printed(russianFirst, {keyY, keyQ}, 2), u"yq"_s);
 }
 
-TEST(XkbKeymap, WithoutALatinLayoutItIsTheUSOne)
+TEST(XkbKeymap, WithoutALatinLayoutTheUSLayoutIsUsed)
 {
     for (const char *layout : {"ru", "gr", "il", "ara", "th", "ru,gr"})
         EXPECT_EQ(printed(keymap(layout), {keyQ, keyY, key1, keyMinus, keypad7}), u"qy1-7"_s) << layout;
@@ -87,13 +87,13 @@ TEST(XkbKeymap, WithoutALatinLayoutItIsTheUSOne)
 
 TEST(XkbKeymap, LayoutsOfLatinLanguagesAreLatin)
 {
-    // Each prints something else than a US keyboard on one of these keys.
+    // Each layout differs from the US one on at least one of these keys.
     for (const char *layout : {"tr", "cz", "pl(qwertz)", "lt", "vn", "rs(latin)", "tm", "is"})
         EXPECT_NE(printed(keymap(layout), {keyY, key1, keyMinus, keyEquals, 33, 41, 12, 6}), u"y1-=[;qz"_s)
             << layout;
 }
 
-TEST(XkbKeymap, AGroupBeyondTheLastGoesRoundAmongTheKeysOwn)
+TEST(XkbKeymap, AGroupBeyondTheLastWrapsAround)
 {
     EXPECT_EQ(printed(keymap("us"), {keyQ}, 3), u"q"_s);
 }
@@ -107,7 +107,7 @@ TEST(XkbKeymap, AnEmptyNameIsTheDefaultOfTheLibrary)
     qunsetenv("XKB_DEFAULT_LAYOUT");
 }
 
-TEST(XkbKeymap, WhatCannotBeMadeIsNothing)
+TEST(XkbKeymap, InvalidKeymapsAreRefused)
 {
     EXPECT_FALSE(XkbKeymap::fromNames("no-such-layout", {}));
     EXPECT_FALSE(XkbKeymap::fromText("no keymap"));
