@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr QChar mark = QChar::ObjectReplacementCharacter;
+constexpr QChar foldCharacter = QChar::ObjectReplacementCharacter;
 
 class AccessibleEditorTest : public testing::Test
 {
@@ -46,10 +46,10 @@ TEST_F(AccessibleEditorTest, IsATextOfManyLinesThatCanBeEdited)
     EXPECT_FALSE(state.readOnly);
 }
 
-TEST_F(AccessibleEditorTest, HasTheWholeTextWhereItIsFolded)
+TEST_F(AccessibleEditorTest, HasTheWholeOfAFoldedText)
 {
     editor->setText(folded);
-    ASSERT_TRUE(editor->document()->toRawText().contains(mark));
+    ASSERT_TRUE(editor->document()->toRawText().contains(foldCharacter));
     EXPECT_EQ(text().characterCount(), folded.size());
     EXPECT_EQ(text().text(0, text().characterCount()), folded);
     EXPECT_EQ(interface().text(QAccessible::Value), folded);
@@ -59,7 +59,7 @@ TEST_F(AccessibleEditorTest, HasTheWholeTextWhereItIsFolded)
     EXPECT_EQ(text().text(int(folded.size()) - 4, int(folded.size()) + 4), u"line");
 }
 
-TEST_F(AccessibleEditorTest, ATextThatNoMessageCarriesIsCutWithAMark)
+TEST_F(AccessibleEditorTest, ATextTooLongForAMessageIsCutWithAnEllipsis)
 {
     const QString endless(qsizetype{20} << 20, u'w');
     editor->setText(endless);
@@ -71,7 +71,7 @@ TEST_F(AccessibleEditorTest, ATextThatNoMessageCarriesIsCutWithAMark)
         << "the rest can be asked for";
 }
 
-TEST_F(AccessibleEditorTest, ReadsUnitByUnitWithWhatIsFolded)
+TEST_F(AccessibleEditorTest, ReadsLinesParagraphsAndWordsOfAFoldedText)
 {
     editor->setText(folded);
     EXPECT_EQ(text().textAtOffset(3, QAccessible::LineBoundary, &start, &end), u"first line");
@@ -84,7 +84,7 @@ TEST_F(AccessibleEditorTest, ReadsUnitByUnitWithWhatIsFolded)
     EXPECT_EQ(text().textBeforeOffset(last, QAccessible::ParagraphBoundary, &start, &end), longLine);
 }
 
-TEST_F(AccessibleEditorTest, ReadsCharacterByCharacterInsideOfWhatIsFolded)
+TEST_F(AccessibleEditorTest, ReadsCharactersInsideAFold)
 {
     editor->setText(folded);
     const int middle = int(folded.size() / 2);
@@ -96,7 +96,7 @@ TEST_F(AccessibleEditorTest, ReadsCharacterByCharacterInsideOfWhatIsFolded)
     }
 }
 
-TEST_F(AccessibleEditorTest, TheCaretIsWhereItIsInTheWholeText)
+TEST_F(AccessibleEditorTest, TheCaretPositionIsThatInTheWholeText)
 {
     editor->setText(folded);
     editor->moveCursor(QTextCursor::End);
@@ -109,10 +109,10 @@ TEST_F(AccessibleEditorTest, TheCaretIsWhereItIsInTheWholeText)
     text().setCursorPosition(int(folded.size() / 2));
     const int beforeFold = text().cursorPosition();
     EXPECT_LT(beforeFold, folded.size() / 2);
-    EXPECT_EQ(editor->document()->characterAt(editor->textCursor().position()), mark);
+    EXPECT_EQ(editor->document()->characterAt(editor->textCursor().position()), foldCharacter);
 }
 
-TEST_F(AccessibleEditorTest, ASelectionIsOfTheWholeText)
+TEST_F(AccessibleEditorTest, ASelectionsOffsetsAreThoseInTheWholeText)
 {
     editor->setText(folded);
     EXPECT_EQ(text().selectionCount(), 0);

@@ -19,7 +19,7 @@ using FoldedTextTest = PatternsEditorTest;
 class EndlessPatternsTest : public PatternsEditorTest, public testing::WithParamInterface<QString>
 {
 protected:
-    /// That the document holds no more than can be laid out at once.
+    /// Expects a document small enough to be laid out at once.
     void expectSmallDocument() const
     {
         EXPECT_LT(editor->document()->characterCount(), 250000);
@@ -55,7 +55,7 @@ TEST_P(EndlessPatternsTest, AreEditedAtBothEnds)
     editor->grab();
 }
 
-TEST_P(EndlessPatternsTest, AreCopiedDeletedAndBroughtBackWhole)
+TEST_P(EndlessPatternsTest, AreCutAndRestoredWhole)
 {
     editor->setText(text);
     editor->selectAll();
@@ -70,7 +70,7 @@ TEST_P(EndlessPatternsTest, AreCopiedDeletedAndBroughtBackWhole)
     expectSmallDocument();
 }
 
-TEST_P(EndlessPatternsTest, ArePastedAgainAndAgainIntoOneLine)
+TEST_P(EndlessPatternsTest, ArePastedRepeatedlyIntoOneLine)
 {
     QGuiApplication::clipboard()->setText(text);
     for (int time = 0; time < 5; ++time)
@@ -86,38 +86,38 @@ INSTANTIATE_TEST_SUITE_P(Texts, EndlessPatternsTest,
                                          u"\n"_s.repeated(1000000), u'e' + u"\u0301"_s.repeated(1000000),
                                          u"\u2029\r\ufffc"_s.repeated(300000)));
 
-/// Edits of a text with folds, each compared with the same edit of the text itself.
+/// Random edits of a folded text, each compared with the same edit of the plain string.
 class FoldedEditsTest : public PatternsEditorTest
 {
 protected:
-    /// The length of the text before a position of the document.
+    /// The offset in the text of a position in the document.
     qsizetype offset(int position) const
     {
         return DocumentText::text(*editor->document(), 0, position).size();
     }
 
-    int anyOf(int count) { return int(m_random.bounded(count)); }
+    int randomBelow(int count) { return int(m_random.bounded(count)); }
 
-    /// Selects any part, often one that ends at a fold.
+    /// Selects a random part, often one that ends at a fold.
     void select()
     {
         const QString raw = editor->document()->toRawText();
         const auto place = [&] {
-            const int fold = int(raw.indexOf(u'\ufffc', anyOf(int(raw.size()) + 1)));
-            return fold < 0 || anyOf(2) == 0 ? anyOf(int(raw.size()) + 1) : fold + anyOf(2);
+            const int fold = int(raw.indexOf(u'\ufffc', randomBelow(int(raw.size()) + 1)));
+            return fold < 0 || randomBelow(2) == 0 ? randomBelow(int(raw.size()) + 1) : fold + randomBelow(2);
         };
         QTextCursor cursor = editor->textCursor();
         cursor.setPosition(place());
-        cursor.setPosition(anyOf(3) == 0 ? cursor.position() : place(), QTextCursor::KeepAnchor);
+        cursor.setPosition(randomBelow(3) == 0 ? cursor.position() : place(), QTextCursor::KeepAnchor);
         editor->setTextCursor(cursor);
         m_from = offset(cursor.selectionStart());
         m_to = offset(cursor.selectionEnd());
     }
 
-    /// Does one edit of the selection. Returns what it puts there.
+    /// Replaces the selection in one of four ways. Returns the inserted text.
     QString edit()
     {
-        switch (anyOf(4)) {
+        switch (randomBelow(4)) {
         case 0:
             QTest::keyClicks(editor, u"k"_s);
             return u"k"_s;
@@ -187,7 +187,7 @@ TEST_F(FoldedTextTest, TheTextsOwnObjectCharacterIsNoFold)
     EXPECT_EQ(editor->text(), u"xa\ufffcb"_s);
 }
 
-TEST_F(FoldedTextTest, OfAFoldedTextBothEndsOfEachLineAreShown)
+TEST_F(FoldedTextTest, BothEndsOfEachFoldedLineAreShown)
 {
     editor->setText(u"first\n"_s + u"w"_s.repeated(100000) + u"/end\nlast"_s);
     const QStringList shown = editor->document()->toRawText().split(QChar::ParagraphSeparator);

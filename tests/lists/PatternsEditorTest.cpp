@@ -66,7 +66,7 @@ TEST_F(PatternsEditorTest, CharactersThatLookLikeSpacesOrLineBreaksStayWhatTheyA
     EXPECT_EQ(editor->text(), text + u'!');
 }
 
-TEST_F(PatternsEditorTest, PastedTextStaysAsItIsAndIsCopiedSo)
+TEST_F(PatternsEditorTest, PastedTextIsKeptAndCopiedUnchanged)
 {
     const QString text = u"a\r\nb\rc\u2029d\u00A0e"_s;
     QGuiApplication::clipboard()->setText(text);
@@ -80,7 +80,7 @@ TEST_F(PatternsEditorTest, PastedTextStaysAsItIsAndIsCopiedSo)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
 }
 
-/// What a clipboard may hold that is no text.
+/// Each fills a clipboard with something other than text.
 std::vector<std::function<void(QClipboard::Mode)>> contentsWithoutText()
 {
     return {[](QClipboard::Mode mode) { QGuiApplication::clipboard()->clear(mode); },
@@ -110,7 +110,7 @@ TEST_F(PatternsEditorTest, APasteWithoutATextDoesNothing)
     EXPECT_TRUE(edits.isEmpty());
 }
 
-/// Drags something into the middle of the editor and lets go of it there.
+/// Drags the data over the middle of the editor and drops it there.
 void dropOn(PatternsEditor &editor, const QMimeData &dragged)
 {
     const QPointF place = editor.viewport()->rect().center();
@@ -137,7 +137,7 @@ TEST_F(PatternsEditorTest, ADropWithoutATextDoesNothing)
     QMimeData text;
     text.setText(u" two"_s);
     dropOn(*editor, text);
-    EXPECT_EQ(editor->text(), u"one two") << "where the text was dropped";
+    EXPECT_EQ(editor->text(), u"one two") << "a dropped text is inserted";
 }
 
 TEST_F(PatternsEditorTest, MarkupIsPlainText)
@@ -189,7 +189,7 @@ TEST_F(PatternsEditorTest, TheExpectedHeightIsTheRealOneWhereNothingWraps)
     }
 }
 
-TEST_F(PatternsEditorTest, TabMovesOn)
+TEST_F(PatternsEditorTest, TabMovesTheFocusOn)
 {
     editor->setText(u"a"_s);
     QTest::keyClick(editor, Qt::Key_Tab);
@@ -217,19 +217,19 @@ TEST_F(PatternsEditorTest, IsTouchedByCaretSelectionScrollingAndEditsOnly)
     EXPECT_TRUE(editor->isTouched());
     editor->undo();
     editor->moveCursor(QTextCursor::Start);
-    EXPECT_TRUE(editor->isTouched()); // it can be done again
+    EXPECT_TRUE(editor->isTouched()); // the edit can be redone
     editor->setText(u"another"_s);
     EXPECT_FALSE(editor->isTouched());
 }
 
-TEST_F(PatternsEditorTest, AFingerScrollsIt)
+TEST_F(PatternsEditorTest, ATouchDragScrollsIt)
 {
     editor->setText(lines(50));
     const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
     const QPoint start = editor->viewport()->rect().center();
     QTest::touchEvent(editor->viewport(), screen.get()).press(0, start);
-    for (int way = 5; way <= 40; way += 5)
-        QTest::touchEvent(editor->viewport(), screen.get()).move(0, start - QPoint(0, way));
+    for (int distance = 5; distance <= 40; distance += 5)
+        QTest::touchEvent(editor->viewport(), screen.get()).move(0, start - QPoint(0, distance));
     EXPECT_TRUE(QTest::qWaitFor([this] { return editor->verticalScrollBar()->value() > 0; }));
     QTest::touchEvent(editor->viewport(), screen.get()).release(0, start - QPoint(0, 40));
     EXPECT_FALSE(editor->textCursor().hasSelection());

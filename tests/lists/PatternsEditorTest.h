@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-/// An editor with the keyboard in an active window, above a button.
+/// An editor that has the focus of an active window, above a button.
 class PatternsEditorTest : public testing::Test
 {
 protected:

@@ -9,7 +9,7 @@ namespace
 
 constexpr int divider = RowGeometry::dividerHeight;
 
-/// The rows between two places, found one by one: a divider belongs to the row above it.
+/// The rows between two positions, by linear search; a divider belongs to the row above it.
 std::vector<qsizetype> rowsBetween(const RowGeometry &rows, int top, int bottom)
 {
     std::vector<qsizetype> found;
@@ -49,7 +49,7 @@ TEST(RowGeometryTest, HasDividersBetweenRowsOnly)
     EXPECT_EQ(rows.totalHeight(), 40 + 50 + 60 + 2 * divider);
 }
 
-TEST(RowGeometryTest, AChangedHeightMovesWhatStandsBelow)
+TEST(RowGeometryTest, AChangedHeightMovesTheRowsBelow)
 {
     RowGeometry rows;
     rows.setHeights({40, 50, 60, 70});
@@ -60,7 +60,7 @@ TEST(RowGeometryTest, AChangedHeightMovesWhatStandsBelow)
     EXPECT_EQ(rows.totalHeight(), 40 + 55 + 60 + 71 + 3 * divider);
 }
 
-TEST(RowGeometryTest, FindsTheRowsThatLieBetweenTwoPlaces)
+TEST(RowGeometryTest, FindsTheRowsBetweenTwoPositions)
 {
     RowGeometry rows;
     rows.setHeights({3, 1, 4, 1, 5});

@@ -7,7 +7,7 @@
 namespace
 {
 
-/// The keyboard in lists whose rows come and go.
+/// The focus in lists that create and delete rows as they scroll.
 class RowListFocusTest : public RowListTest
 {
 };
@@ -19,7 +19,7 @@ TEST_F(RowListFocusTest, TabVisitsEveryRowOfALongListInOrder)
     above->setFocus(Qt::TabFocusReason);
     for (int index = 0; index < 150; ++index) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        turn();
+        processEvents();
         ASSERT_NE(row(index), nullptr);
         ASSERT_EQ(QApplication::focusWidget(), row(index)->button);
         ASSERT_TRUE(inView(row(index)));
@@ -28,7 +28,7 @@ TEST_F(RowListFocusTest, TabVisitsEveryRowOfALongListInOrder)
     EXPECT_EQ(QApplication::focusWidget(), below);
     for (int index = 149; index >= 0; --index) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-        turn();
+        processEvents();
         ASSERT_NE(row(index), nullptr);
         ASSERT_EQ(QApplication::focusWidget(), row(index)->button);
     }
@@ -36,7 +36,7 @@ TEST_F(RowListFocusTest, TabVisitsEveryRowOfALongListInOrder)
     EXPECT_EQ(QApplication::focusWidget(), above);
 }
 
-TEST_F(RowListFocusTest, TheRowWithTheKeyboardStaysWhenItIsScrolledOut)
+TEST_F(RowListFocusTest, TheRowWithTheFocusStaysWhenItIsScrolledOutOfView)
 {
     fill(1000);
     show();
@@ -46,13 +46,13 @@ TEST_F(RowListFocusTest, TheRowWithTheKeyboardStaysWhenItIsScrolledOut)
     EXPECT_TRUE(row(1)->button->hasFocus());
     EXPECT_EQ(row(0), nullptr);
     QTest::keyClick(row(1)->button, Qt::Key_Tab);
-    turn();
+    processEvents();
     ASSERT_NE(row(2), nullptr);
     EXPECT_TRUE(row(2)->button->hasFocus());
     EXPECT_TRUE(inView(row(2)));
 }
 
-TEST_F(RowListFocusTest, TheRowThatGetsTheKeyboardBackStaysWhenItIsScrolledOutMeanwhile)
+TEST_F(RowListFocusTest, TheFocusReturnsWithTheWindowToARowScrolledOutMeanwhile)
 {
     fill(1000);
     show();
@@ -72,7 +72,7 @@ TEST_F(RowListFocusTest, TabGoesFromAKeptRowToTheNextOne)
 {
     fill(1000);
     show();
-    edited = row(1);
+    keptRow = row(1);
     row(2)->button->setFocus();
     scrollTo(20000);
     QTest::keyClick(row(2)->button, Qt::Key_Backtab);

@@ -7,14 +7,14 @@
 namespace
 {
 
-TEST_F(RowListTest, AHundredRowsAllExist)
+TEST_F(RowListTest, AHundredRowsAreAllCreated)
 {
     fill(100);
     show();
     EXPECT_EQ(list->createdCount(), 100);
     scrollTo(1000);
     EXPECT_EQ(list->createdCount(), 100);
-    EXPECT_EQ(made, 100);
+    EXPECT_EQ(madeCount, 100);
 }
 
 TEST_F(RowListTest, OfMoreThanAHundredRowsOnlyThoseInViewExist)
@@ -28,7 +28,7 @@ TEST_F(RowListTest, OfMoreThanAHundredRowsOnlyThoseInViewExist)
     EXPECT_LT(list->createdCount(), 15);
 }
 
-TEST_F(RowListTest, RowsOutOfViewAreOutOfTheTree)
+TEST_F(RowListTest, RowsOutOfViewAreNotInTheAccessibilityTree)
 {
     fill(1000);
     show();
@@ -40,7 +40,7 @@ TEST_F(RowListTest, RowsOutOfViewAreOutOfTheTree)
     EXPECT_EQ(buttons, list->createdCount());
 }
 
-TEST_F(RowListTest, TheTreeHasTheRowsInOrderWhicheverWayTheyCameIntoView)
+TEST_F(RowListTest, TheRowsAreChildrenInOrderWhicheverWayTheListIsScrolled)
 {
     fill(1000);
     show();
@@ -55,7 +55,7 @@ TEST_F(RowListTest, TheTreeHasTheRowsInOrderWhicheverWayTheyCameIntoView)
     EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
 }
 
-TEST_F(RowListTest, TenThousandRowsTakeTheirWholePlace)
+TEST_F(RowListTest, TenThousandRowsTakeTheirWholeHeight)
 {
     fill(10000);
     show();
@@ -66,7 +66,7 @@ TEST_F(RowListTest, TenThousandRowsTakeTheirWholePlace)
     EXPECT_TRUE(inView(row(9999)));
 }
 
-TEST_F(RowListTest, RowsOutOfViewAreExpectedAnewWhenTheFontChanges)
+TEST_F(RowListTest, ExpectedHeightsAreAskedForAgainWhenTheFontChanges)
 {
     fill(1000);
     show();
@@ -74,7 +74,7 @@ TEST_F(RowListTest, RowsOutOfViewAreExpectedAnewWhenTheFontChanges)
     QFont larger = list->font();
     larger.setPixelSize(30);
     list->setFont(larger);
-    turn();
+    processEvents();
     const int measured = int(list->createdCount()) * (rowHeight + dividerHeight);
     const int others = (1000 - int(list->createdCount())) * (expectedHeight + dividerHeight);
     EXPECT_EQ(list->sizeHint().height(), measured + others - dividerHeight);
@@ -88,24 +88,24 @@ TEST_F(RowListTest, ARowIsKeptWhileItsIdStays)
     const std::vector<QUuid> before = ids;
     ids = {before[4], QUuid::createUuid(), before[2]};
     list->setIds(ids);
-    turn();
+    processEvents();
     EXPECT_EQ(list->row(2), third);
     EXPECT_EQ(row(2)->button->text(), u"2");
     EXPECT_EQ(row(0)->id, before[4]);
-    EXPECT_EQ(made, 6);
+    EXPECT_EQ(madeCount, 6);
     EXPECT_LT(row(1)->y(), row(2)->y());
 }
 
-TEST_F(RowListTest, TheSameIdsAreShownAnewByTheSameRows)
+TEST_F(RowListTest, SettingTheSameIdsUpdatesTheSameRows)
 {
     fill(3);
     row(1)->button->setText({});
     list->setIds(ids);
     EXPECT_EQ(row(1)->button->text(), u"1");
-    EXPECT_EQ(made, 3);
+    EXPECT_EQ(madeCount, 3);
 }
 
-TEST_F(RowListTest, EqualIdsDoNoHarm)
+TEST_F(RowListTest, EqualIdsHaveARowEach)
 {
     fill(3);
     ids = {ids[0], ids[0], ids[0]};
@@ -113,38 +113,38 @@ TEST_F(RowListTest, EqualIdsDoNoHarm)
     EXPECT_EQ(list->createdCount(), 3);
 }
 
-TEST_F(RowListTest, AListThatShrinksAndGrowsAcrossAHundred)
+TEST_F(RowListTest, AListMayShrinkAndGrowAcrossAHundredRows)
 {
     fill(5000);
     show();
     scrollTo(100000);
     fill(3);
-    turn();
+    processEvents();
     EXPECT_EQ(list->createdCount(), 3);
     EXPECT_EQ(list->height(), 3 * (rowHeight + dividerHeight) - dividerHeight);
     fill(5000);
-    turn();
+    processEvents();
     EXPECT_EQ(createdRows(), expectedInView());
     fill(0);
-    turn();
+    processEvents();
     EXPECT_EQ(list->createdCount(), 0);
     EXPECT_EQ(list->height(), 0);
 }
 
-TEST_F(RowListTest, ARowWithAStateOfItsOwnStaysOutOfViewUntilItsIdIsGone)
+TEST_F(RowListTest, ARowThatMustBeKeptExistsOutOfViewUntilItsIdIsGone)
 {
     fill(1000);
     show();
-    edited = row(1);
+    keptRow = row(1);
     scrollTo(20000);
     EXPECT_EQ(row(0), nullptr);
-    EXPECT_EQ(row(1), edited);
-    EXPECT_FALSE(inView(edited));
+    EXPECT_EQ(row(1), keptRow);
+    EXPECT_FALSE(inView(keptRow));
     fill(1000);
     EXPECT_EQ(row(1), nullptr);
 }
 
-TEST_F(RowListTest, ARowHigherThanExpectedMovesThoseBelow)
+TEST_F(RowListTest, ARowTallerThanExpectedMovesThoseBelow)
 {
     fill(1000);
     heights[ids[1]] = rowHeight + 26;
@@ -154,7 +154,7 @@ TEST_F(RowListTest, ARowHigherThanExpectedMovesThoseBelow)
     EXPECT_EQ(list->height(), 1000 * (rowHeight + dividerHeight) - dividerHeight + 26);
 }
 
-TEST_F(RowListTest, WhatIsInViewDoesNotJumpWhenARowAboveTurnsOutHigher)
+TEST_F(RowListTest, RowsInViewDoNotJumpWhenARowAboveIsTallerThanExpected)
 {
     fill(1000);
     show();
@@ -163,7 +163,7 @@ TEST_F(RowListTest, WhatIsInViewDoesNotJumpWhenARowAboveTurnsOutHigher)
     heights[ids[size_t(first) - 1]] = rowHeight + 26;
     QWidget *seen = row(first + 2);
     const int before = seen->mapTo(area.viewport(), QPoint()).y();
-    scrollTo(20000 - rowHeight); // the higher row comes into view at the top
+    scrollTo(20000 - rowHeight); // the taller row comes into view at the top
     const int moved = seen->mapTo(area.viewport(), QPoint()).y() - before;
     EXPECT_GE(moved, rowHeight);
     scrollTo(area.verticalScrollBar()->value() + 100);
@@ -174,26 +174,26 @@ TEST_F(RowListTest, ARowMayGrowLater)
 {
     fill(3);
     show();
-    row(0)->wanted = rowHeight + 20;
+    row(0)->wantedHeight = rowHeight + 20;
     row(0)->updateGeometry();
-    turn();
+    processEvents();
     EXPECT_EQ(row(0)->height(), rowHeight + 20);
     EXPECT_EQ(row(1)->y(), rowHeight + 20 + dividerHeight);
 }
 
-TEST_F(RowListTest, AHiddenListMakesNoRowsUntilItIsShown)
+TEST_F(RowListTest, AHiddenListCreatesNoRowsUntilItIsShown)
 {
     fill(1000);
-    EXPECT_EQ(made, 0);
+    EXPECT_EQ(madeCount, 0);
     show();
-    EXPECT_GT(made, 0);
+    EXPECT_GT(madeCount, 0);
     area.hide();
-    made = 0;
+    madeCount = 0;
     fill(1000);
-    EXPECT_EQ(made, 0);
+    EXPECT_EQ(madeCount, 0);
     EXPECT_EQ(list->createdCount(), 0);
     area.show();
-    turn();
+    processEvents();
     EXPECT_EQ(createdRows(), expectedInView());
 }
 
@@ -203,7 +203,7 @@ TEST_F(RowListTest, ALargerWindowBringsMoreRowsIntoView)
     show();
     const qsizetype before = list->createdCount();
     area.resize(300, 800);
-    turn();
+    processEvents();
     EXPECT_GT(list->createdCount(), before);
     EXPECT_EQ(createdRows(), expectedInView());
 }

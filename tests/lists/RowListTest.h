@@ -13,24 +13,25 @@
 #include <map>
 #include <vector>
 
-/// A row with one button; its text says which item it stands for.
+/// A row with one button, whose text is the index of the row.
 class ButtonRow : public QWidget
 {
 public:
-    ButtonRow(const QUuid &itsId, int height, QWidget *parent) : QWidget(parent), id(itsId), wanted(height)
+    ButtonRow(const QUuid &itsId, int height, QWidget *parent)
+        : QWidget(parent), id(itsId), wantedHeight(height)
     {
         auto *layout = new QVBoxLayout(this);
         layout->addWidget(button);
     }
 
-    QSize sizeHint() const override { return {0, wanted}; }
+    QSize sizeHint() const override { return {0, wantedHeight}; }
 
     QUuid id;
-    int wanted;
+    int wantedHeight;
     QPushButton *button = new QPushButton(this);
 };
 
-/// A page that scrolls: a button, the list, another button.
+/// A list in a page that scrolls, between two buttons.
 class RowListTest : public testing::Test
 {
 protected:
@@ -62,10 +63,10 @@ protected:
         area.show();
         area.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&area));
-        turn();
+        processEvents();
     }
 
-    static void turn()
+    static void processEvents()
     {
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();
@@ -75,7 +76,7 @@ protected:
     void scrollTo(int value)
     {
         area.verticalScrollBar()->setValue(value);
-        turn();
+        processEvents();
     }
 
     ButtonRow *row(qsizetype index) const { return static_cast<ButtonRow *>(list->row(index)); }
@@ -86,7 +87,7 @@ protected:
         return area.viewport()->rect().intersects(place);
     }
 
-    /// The items whose place in the list is in view, by arithmetic.
+    /// The indices of the rows in view, computed from the height of a row.
     std::vector<qsizetype> expectedInView() const
     {
         const int from = list->mapFrom(area.viewport(), QPoint()).y();
@@ -101,25 +102,25 @@ protected:
 
     std::vector<qsizetype> createdRows() const
     {
-        std::vector<qsizetype> existing;
+        std::vector<qsizetype> created;
         for (qsizetype index = 0; index < qsizetype(ids.size()); ++index) {
             if (list->row(index))
-                existing.push_back(index);
+                created.push_back(index);
         }
-        return existing;
+        return created;
     }
 
     std::vector<QUuid> ids;
-    std::map<QUuid, int> heights; ///< of rows that are not as high as expected
+    std::map<QUuid, int> heights; ///< of rows whose height is not the expected one
     int expectedHeight = rowHeight;
-    int made = 0;
-    QWidget *edited = nullptr; ///< a row with a state of its own
+    int madeCount = 0;
+    QWidget *keptRow = nullptr; ///< the row that the delegate keeps
     QPushButton *above = new QPushButton;
     QPushButton *below = new QPushButton;
     RowList *list = new RowList({
         .make =
             [this](qsizetype index, QWidget *parent) {
-                ++made;
+                ++madeCount;
                 const QUuid id = ids[size_t(index)];
                 return new ButtonRow(id, heights.contains(id) ? heights[id] : rowHeight, parent);
             },
@@ -128,7 +129,7 @@ protected:
                 static_cast<ButtonRow *>(row)->button->setText(QString::number(index));
             },
         .expectedHeights = [this] { return [height = expectedHeight](qsizetype) { return height; }; },
-        .mustKeep = [this](const QWidget *row) { return row == edited; },
+        .mustKeep = [this](const QWidget *row) { return row == keptRow; },
     });
     QScrollArea area;
 };

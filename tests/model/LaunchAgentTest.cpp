@@ -12,7 +12,7 @@ using testing::ElementsAre;
 namespace
 {
 
-TEST(LaunchAgent, GivesAChangeUnderWayTheTimeThatThereIs)
+TEST(LaunchAgent, FinishPassesItsTimeLimitOn)
 {
     FakeServiceManager service;
     const Seam<ServiceManager>::Replacement replacement(service);
@@ -20,7 +20,7 @@ TEST(LaunchAgent, GivesAChangeUnderWayTheTimeThatThereIs)
     EXPECT_THAT(service.limits, ElementsAre(300ms));
 }
 
-TEST(LaunchAgent, HoldsTheStartUpForHalfASecondAtMost)
+TEST(LaunchAgent, DelaysTheStartByHalfASecondAtMost)
 {
     FakeServiceManager service;
     service.loaded = true;
@@ -30,16 +30,16 @@ TEST(LaunchAgent, HoldsTheStartUpForHalfASecondAtMost)
     EXPECT_TRUE(model.launchAtLogin);
 }
 
-TEST(LaunchAgent, HandsOnWhatTheServiceManagerAnswers)
+TEST(LaunchAgent, PassesOnTheAnswersOfTheServiceManager)
 {
     FakeServiceManager service;
     service.loaded = true;
     const Seam<ServiceManager>::Replacement replacement(service);
     std::vector<bool> answers;
-    const auto note = [&answers](bool answer) { answers.push_back(answer); };
-    LaunchAgent::isLoaded(note, 20ms);
-    LaunchAgent::load(note);
-    LaunchAgent::unload(note);
+    const auto record = [&answers](bool answer) { answers.push_back(answer); };
+    LaunchAgent::isLoaded(record, 20ms);
+    LaunchAgent::load(record);
+    LaunchAgent::unload(record);
     EXPECT_THAT(answers, ElementsAre(true, true, false));
     EXPECT_THAT(service.patiences, ElementsAre(20ms));
 }

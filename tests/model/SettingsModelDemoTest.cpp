@@ -43,7 +43,7 @@ struct SettingsModelDemoTest : testing::Test {
         world.put(u".claude/browser-patterns.json"_s, R"({"/work/own": ["example.org/*"]})");
     }
 
-    std::unique_ptr<SettingsModel> made()
+    std::unique_ptr<SettingsModel> makeModel()
     {
         auto model = std::make_unique<SettingsModel>();
         world.takeRecord();
@@ -71,7 +71,7 @@ TEST_F(SettingsModelDemoTest, IsMadeFromTheSampleDataAndStillAsksTheServiceManag
 
 TEST_F(SettingsModelDemoTest, IsDecidedOnceWhenTheModelIsMade)
 {
-    const auto model = made();
+    const auto model = makeModel();
     world.put(u".vantle/demo-mode.json"_s, R"({"enabled": false})");
     model->clearBrowserPatterns();
     model->refreshPlanningProjects();
@@ -81,7 +81,7 @@ TEST_F(SettingsModelDemoTest, IsDecidedOnceWhenTheModelIsMade)
 
 TEST_F(SettingsModelDemoTest, KeepsTheSamplePlanningRootWhateverIsChosen)
 {
-    const auto model = made();
+    const auto model = makeModel();
     for (const auto &root :
          {std::optional(u"/elsewhere"_s), std::optional(u""_s), std::optional<QString>()}) {
         model->planningRoot = std::nullopt;
@@ -95,7 +95,7 @@ TEST_F(SettingsModelDemoTest, KeepsTheSamplePlanningRootWhateverIsChosen)
 
 TEST_F(SettingsModelDemoTest, RefreshingThePlanningProjectsGivesTheSampleOnes)
 {
-    const auto model = made();
+    const auto model = makeModel();
     const auto before = model->planningProjects->at(0).id;
     model->refreshPlanningProjects();
     EXPECT_EQ(names(model->planningProjects), names(DemoData::planningProjects()));
@@ -105,7 +105,7 @@ TEST_F(SettingsModelDemoTest, RefreshingThePlanningProjectsGivesTheSampleOnes)
 
 TEST_F(SettingsModelDemoTest, SavesNoPatternsAndLeavesTheCountAlone)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->saveBrowserPatterns({{u"/a"_s, {u"x"_s}}});
     EXPECT_EQ(model->browserPatternsCount, 3);
     EXPECT_THAT(world.takeRecord(), IsEmpty());
@@ -113,20 +113,20 @@ TEST_F(SettingsModelDemoTest, SavesNoPatternsAndLeavesTheCountAlone)
 
 TEST_F(SettingsModelDemoTest, ClearingTheSessionsRestartsTheDemo)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->sessionsCount = 1;
     std::vector<std::string> recordAtAnnouncement{"none"};
     QObject::connect(model.get(), &Observable::objectWillChange,
                      [&] { recordAtAnnouncement = world.takeRecord(); });
     model->clearSessions();
     EXPECT_EQ(model->sessionsCount, 4);
-    EXPECT_THAT(recordAtAnnouncement, IsEmpty()) << "the count comes first here";
+    EXPECT_THAT(recordAtAnnouncement, IsEmpty()) << "the count changes before the post";
     EXPECT_THAT(world.takeRecord(), ElementsAre("post http://127.0.0.1:18484/settings/reload-demo-mode"));
 }
 
 TEST_F(SettingsModelDemoTest, ClearingThePatternsBringsTheSampleRowsBack)
 {
-    const auto model = made();
+    const auto model = makeModel();
     empty(*model);
     model->clearBrowserPatterns();
     EXPECT_EQ(model->projects->size(), 4);
@@ -137,9 +137,9 @@ TEST_F(SettingsModelDemoTest, ClearingThePatternsBringsTheSampleRowsBack)
     EXPECT_THAT(world.takeRecord(), ElementsAre("read ~/.vantle/sessions.json"));
 }
 
-TEST_F(SettingsModelDemoTest, TheSampleDataComesBackInTheOrderInWhichItIsMade)
+TEST_F(SettingsModelDemoTest, TheSampleDataIsRestoredInTheOrderOfItsConstruction)
 {
-    const auto model = made();
+    const auto model = makeModel();
     empty(*model);
     using Values = std::array<std::size_t, 5>;
     std::vector<Values> before;
@@ -155,7 +155,7 @@ TEST_F(SettingsModelDemoTest, TheSampleDataComesBackInTheOrderInWhichItIsMade)
 
 TEST_F(SettingsModelDemoTest, SavesEveryOtherSettingAndTellsTheAgent)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setTypeface(TypefaceOption::system);
     model->setTerminalBackend(TerminalBackendOption::vantleTerm);
     model->rebindShortcut(ShortcutAction::focusLast, {1, 256});

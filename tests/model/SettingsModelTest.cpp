@@ -22,16 +22,16 @@ struct SettingsModelTest : testing::Test {
         world.put(u".claude/browser-patterns.json"_s, R"({"/work/app": ["example.org/*"]})");
     }
 
-    /// A model that has been made, with nothing on the record yet.
-    std::unique_ptr<SettingsModel> made()
+    /// A new model; the record of its construction is cleared.
+    std::unique_ptr<SettingsModel> makeModel()
     {
         auto model = std::make_unique<SettingsModel>();
         world.takeRecord();
         return model;
     }
 
-    /// What `change` asks of the outside before each announcement of the model, and at the end since the
-    /// last.
+    /// The requests of `change` to the outside world, divided by the model's announcements: those before
+    /// each, and at the end those after the last.
     template <class Change>
     std::vector<std::vector<std::string>> askedBetweenAnnouncements(SettingsModel &model, Change change)
     {
@@ -103,7 +103,7 @@ TEST_F(SettingsModelTest, AServiceManagerThatAnswersLateCorrectsTheState)
 {
     world.serviceIsLoaded = true;
     world.serviceIsSlow = true;
-    const auto model = made();
+    const auto model = makeModel();
     EXPECT_FALSE(model->launchAtLogin);
     int announcements = 0;
     QObject::connect(model.get(), &Observable::objectWillChange, [&] { ++announcements; });
@@ -116,7 +116,7 @@ TEST_F(SettingsModelTest, ALateAnswerLeavesAChangeThatHasBegunAlone)
 {
     world.serviceIsLoaded = true;
     world.serviceIsSlow = true;
-    const auto model = made();
+    const auto model = makeModel();
     model->launchAtLoginIsChanging = true;
     world.answerForService();
     EXPECT_FALSE(model->launchAtLogin);
@@ -133,7 +133,7 @@ TEST_F(SettingsModelTest, UnknownNamesGiveJetBrainsMonoAndITerm)
 
 TEST_F(SettingsModelTest, SettingTheTypefaceWritesItsFileThenTellsTheAgent)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setTypeface(TypefaceOption::system);
     EXPECT_EQ(model->typeface, TypefaceOption::system);
     EXPECT_THAT(world.takeRecord(), ElementsAre("create directory ~/.vantle", "read ~/.vantle/typeface.json",
@@ -143,7 +143,7 @@ TEST_F(SettingsModelTest, SettingTheTypefaceWritesItsFileThenTellsTheAgent)
 
 TEST_F(SettingsModelTest, TheTypefaceChangesBetweenItsSavingAndItsPost)
 {
-    const auto model = made();
+    const auto model = makeModel();
     EXPECT_THAT(askedBetweenAnnouncements(*model, [&] { model->setTypeface(TypefaceOption::system); }),
                 ElementsAre(ElementsAre("create directory ~/.vantle", "read ~/.vantle/typeface.json",
                                         R"(write ~/.vantle/typeface.json { "name" : "system" })"),
@@ -152,14 +152,14 @@ TEST_F(SettingsModelTest, TheTypefaceChangesBetweenItsSavingAndItsPost)
 
 TEST_F(SettingsModelTest, SettingTheCurrentTypefaceDoesNothing)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setTypeface(TypefaceOption::jetbrainsMono);
     EXPECT_THAT(world.takeRecord(), IsEmpty());
 }
 
 TEST_F(SettingsModelTest, SettingTheTerminalWritesItsFileThenTellsTheAgent)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setTerminalBackend(TerminalBackendOption::vantleTerm);
     EXPECT_EQ(model->terminalBackend, TerminalBackendOption::vantleTerm);
     EXPECT_THAT(world.takeRecord(),
@@ -170,7 +170,7 @@ TEST_F(SettingsModelTest, SettingTheTerminalWritesItsFileThenTellsTheAgent)
 
 TEST_F(SettingsModelTest, TheTerminalChangesBetweenItsSavingAndItsPost)
 {
-    const auto model = made();
+    const auto model = makeModel();
     EXPECT_THAT(
         askedBetweenAnnouncements(*model,
                                   [&] { model->setTerminalBackend(TerminalBackendOption::vantleTerm); }),
@@ -181,14 +181,14 @@ TEST_F(SettingsModelTest, TheTerminalChangesBetweenItsSavingAndItsPost)
 
 TEST_F(SettingsModelTest, SettingTheCurrentTerminalDoesNothing)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setTerminalBackend(TerminalBackendOption::iterm);
     EXPECT_THAT(world.takeRecord(), IsEmpty());
 }
 
 TEST_F(SettingsModelTest, SettingThePlanningRootSavesReloadsAndThenTellsTheAgent)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setPlanningRoot(u"/plan"_s);
     EXPECT_EQ(model->planningRoot.value(), u"/plan"_s);
     EXPECT_THAT(world.takeRecord(), ElementsAre("create directory ~/.vantle", "read ~/.vantle/planning.json",
@@ -199,7 +199,7 @@ TEST_F(SettingsModelTest, SettingThePlanningRootSavesReloadsAndThenTellsTheAgent
 
 TEST_F(SettingsModelTest, ThePlanningRootChangesBeforeItIsSavedAndItsProjectsBeforeThePost)
 {
-    const auto model = made();
+    const auto model = makeModel();
     EXPECT_THAT(askedBetweenAnnouncements(*model, [&] { model->setPlanningRoot(u"/plan"_s); }),
                 ElementsAre(IsEmpty(),
                             ElementsAre("create directory ~/.vantle", "read ~/.vantle/planning.json",
@@ -210,7 +210,7 @@ TEST_F(SettingsModelTest, ThePlanningRootChangesBeforeItIsSavedAndItsProjectsBef
 
 TEST_F(SettingsModelTest, SettingThePlanningRootAgainSavesAgain)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setPlanningRoot(u"/plan"_s);
     const auto first = world.takeRecord();
     model->setPlanningRoot(u"/plan"_s);
@@ -219,7 +219,7 @@ TEST_F(SettingsModelTest, SettingThePlanningRootAgainSavesAgain)
 
 TEST_F(SettingsModelTest, AnEmptyPlanningRootRemovesTheFileAndStillTellsTheAgent)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setPlanningRoot(u""_s);
     EXPECT_EQ(model->planningRoot.value(), u""_s);
     EXPECT_THAT(world.takeRecord(), ElementsAre("remove ~/.vantle/planning.json",
@@ -228,7 +228,7 @@ TEST_F(SettingsModelTest, AnEmptyPlanningRootRemovesTheFileAndStillTellsTheAgent
 
 TEST_F(SettingsModelTest, NoPlanningRootRemovesTheFileAndStillTellsTheAgent)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->setPlanningRoot(u"/plan"_s);
     world.takeRecord();
     model->setPlanningRoot(std::nullopt);
@@ -241,7 +241,7 @@ TEST_F(SettingsModelTest, RefreshingThePlanningProjectsReadsThemAgainAndTellsNob
 {
     const QString root = qEnvironmentVariable("HOME") + u"/plan"_s;
     world.put(u".vantle/planning.json"_s, "{\"root\": \"" + root.toUtf8() + "\"}");
-    const auto model = made();
+    const auto model = makeModel();
     EXPECT_THAT(model->planningProjects.value(), IsEmpty());
     world.put(u"plan/projects.toml"_s, "[[projects]]\nname = \"App\"\npath = \"/work/app\"\n");
     model->refreshPlanningProjects();
@@ -253,7 +253,7 @@ TEST_F(SettingsModelTest, RefreshingThePlanningProjectsReadsThemAgainAndTellsNob
 
 TEST_F(SettingsModelTest, SavingPatternsWritesThemAndLeavesTheRowsAndTheAgentAlone)
 {
-    const auto model = made();
+    const auto model = makeModel();
     const auto rows = model->projects.value();
     model->saveBrowserPatterns({{u"/b"_s, {u"x"_s}}, {u"/a"_s, {u"y"_s}}});
     EXPECT_EQ(model->browserPatternsCount, 2);
@@ -265,7 +265,7 @@ TEST_F(SettingsModelTest, SavingPatternsWritesThemAndLeavesTheRowsAndTheAgentAlo
 
 TEST_F(SettingsModelTest, PatternsAreSavedBeforeTheyAreCounted)
 {
-    const auto model = made();
+    const auto model = makeModel();
     EXPECT_THAT(askedBetweenAnnouncements(*model,
                                           [&] {
                                               model->saveBrowserPatterns({{u"/b"_s, {}}});
@@ -275,7 +275,7 @@ TEST_F(SettingsModelTest, PatternsAreSavedBeforeTheyAreCounted)
 
 TEST_F(SettingsModelTest, SavingNoPatternsWritesAnEmptyObject)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->saveBrowserPatterns({});
     EXPECT_EQ(model->browserPatternsCount, 0);
     EXPECT_THAT(world.takeRecord(),
@@ -283,9 +283,9 @@ TEST_F(SettingsModelTest, SavingNoPatternsWritesAnEmptyObject)
                             "write ~/.claude/browser-patterns.json { }"));
 }
 
-TEST_F(SettingsModelTest, ClearingTheSessionsIsTheAgentsWork)
+TEST_F(SettingsModelTest, ClearingTheSessionsIsLeftToTheAgent)
 {
-    const auto model = made();
+    const auto model = makeModel();
     std::vector<std::string> recordAtAnnouncement;
     QObject::connect(model.get(), &Observable::objectWillChange,
                      [&] { recordAtAnnouncement = world.takeRecord(); });
@@ -297,7 +297,7 @@ TEST_F(SettingsModelTest, ClearingTheSessionsIsTheAgentsWork)
 
 TEST_F(SettingsModelTest, ClearingThePatternsRemovesTheFileAndEmptiesEveryRow)
 {
-    const auto model = made();
+    const auto model = makeModel();
     const auto before = model->projects.value();
     model->clearBrowserPatterns();
     EXPECT_THAT(world.takeRecord(), ElementsAre("remove ~/.claude/browser-patterns.json"));
@@ -313,7 +313,7 @@ TEST_F(SettingsModelTest, ClearingThePatternsRemovesTheFileAndEmptiesEveryRow)
 
 TEST_F(SettingsModelTest, ThePatternsFileIsRemovedBeforeTheCountAndThenTheRowsChange)
 {
-    const auto model = made();
+    const auto model = makeModel();
     std::vector<std::int64_t> counts;
     QObject::connect(model.get(), &Observable::objectWillChange,
                      [&] { counts.push_back(model->browserPatternsCount); });
@@ -324,7 +324,7 @@ TEST_F(SettingsModelTest, ThePatternsFileIsRemovedBeforeTheCountAndThenTheRowsCh
 
 TEST_F(SettingsModelTest, RebindingAShortcutSavesAllTellsTheAgentAndAnnouncesItself)
 {
-    const auto model = made();
+    const auto model = makeModel();
     const KeyCombo combo{35, 4352};
     std::vector<std::string> recordAtAnnouncement;
     QObject::connect(model.get(), &Observable::objectWillChange,
@@ -342,9 +342,9 @@ TEST_F(SettingsModelTest, RebindingAShortcutSavesAllTellsTheAgentAndAnnouncesIts
                     "post http://127.0.0.1:18484/settings/reload-shortcuts"));
 }
 
-TEST_F(SettingsModelTest, RebindingAShortcutToWhatItHasSavesAndTellsTheAgentAllTheSame)
+TEST_F(SettingsModelTest, RebindingAShortcutToItsCurrentKeyStillSavesAndTellsTheAgent)
 {
-    const auto model = made();
+    const auto model = makeModel();
     const auto rebind = [&] {
         model->rebindShortcut(ShortcutAction::openPlan, defaultCombo(ShortcutAction::openPlan));
     };
@@ -353,7 +353,7 @@ TEST_F(SettingsModelTest, RebindingAShortcutToWhatItHasSavesAndTellsTheAgentAllT
 
 TEST_F(SettingsModelTest, TwoShortcutsMayShareAKey)
 {
-    const auto model = made();
+    const auto model = makeModel();
     const KeyCombo combo = defaultCombo(ShortcutAction::focusPrevious);
     model->rebindShortcut(ShortcutAction::focusLast, combo);
     EXPECT_EQ(model->shortcuts().bindings->at(ShortcutAction::focusLast), combo);
@@ -362,14 +362,14 @@ TEST_F(SettingsModelTest, TwoShortcutsMayShareAKey)
 
 TEST_F(SettingsModelTest, ChoosingAPageIsNotSaved)
 {
-    const auto model = made();
+    const auto model = makeModel();
     model->section = SettingsSection::about;
     EXPECT_THAT(world.takeRecord(), IsEmpty());
 }
 
-TEST_F(SettingsModelTest, EveryAssignmentIsAnnouncedEqualOnesToo)
+TEST_F(SettingsModelTest, EveryAssignmentIsAnnouncedEvenOfAnEqualValue)
 {
-    const auto model = made();
+    const auto model = makeModel();
     int announcements = 0;
     QObject::connect(model.get(), &Observable::objectWillChange, [&] { ++announcements; });
     model->section = model->section.value();

@@ -26,7 +26,7 @@ TEST(SettingsSection, IsMadeFromExactlyItsTitle)
         EXPECT_EQ(settingsSection(other), std::nullopt) << other.toStdString();
 }
 
-TEST(SettingsSection, HasASymbolAndSaysWhatItIsForEach)
+TEST(SettingsSection, HasASymbolAndASubtitleEach)
 {
     QStringList symbols;
     QStringList subtitles;
@@ -46,7 +46,7 @@ TEST(SettingsSection, HasASymbolAndSaysWhatItIsForEach)
                   u"Build information and the paths the agent reads and writes."_s}));
 }
 
-TEST(SettingsSection, HasAColourOfTheSystemEach)
+TEST(SettingsSection, HasASystemColourEach)
 {
     std::vector<SystemColor> tints;
     tints.reserve(allSettingsSections.size());
