@@ -40,7 +40,7 @@ protected:
     void scrollTo(int value) const
     {
         window->verticalScrollBar()->setValue(value);
-        turn();
+        processEvents();
     }
 
     RowList *list = nullptr;
@@ -54,7 +54,7 @@ TEST_F(BrowserPatternsLongTest, OnlyRowsInViewExist)
     EXPECT_EQ(editor(0)->toPlainText(), u"host10000");
 }
 
-TEST_F(BrowserPatternsLongTest, WhatWasDoneInARowIsThereAgainWhenItComesBackIntoView)
+TEST_F(BrowserPatternsLongTest, ARowKeepsItsTextSelectionAndHistoryWhileOutOfView)
 {
     editor(0)->setFocus();
     QTest::keyClicks(editor(0), u"abc"_s);
@@ -70,7 +70,7 @@ TEST_F(BrowserPatternsLongTest, WhatWasDoneInARowIsThereAgainWhenItComesBackInto
     EXPECT_EQ(model->projects->front().urls, u"host10000");
 }
 
-TEST_F(BrowserPatternsLongTest, TypingGoesToTheRowThatHasTheKeyboardEvenOutOfView)
+TEST_F(BrowserPatternsLongTest, TypingGoesToTheRowThatHasTheFocusEvenOutOfView)
 {
     editor(1)->setFocus();
     scrollTo(700000);
@@ -91,21 +91,21 @@ TEST_F(BrowserPatternsLongTest, SaveWritesAllRowsShownOrNot)
     EXPECT_EQ(model->browserPatternsCount, count);
 }
 
-TEST_F(BrowserPatternsLongTest, ClearedPatternsEmptyAllRowsAndForgetWhatWasDone)
+TEST_F(BrowserPatternsLongTest, ClearingThePatternsEmptiesAllRowsAndTheirHistory)
 {
     editor(0)->setFocus();
     QTest::keyClicks(editor(0), u"abc"_s);
     button(u"Save Patterns"_s)->setFocus();
     scrollTo(500000);
     model->clearBrowserPatterns();
-    turn();
+    processEvents();
     scrollTo(0);
     ASSERT_NE(editor(0), nullptr);
     EXPECT_EQ(editor(0)->toPlainText(), QString());
     EXPECT_FALSE(editor(0)->document()->isUndoAvailable());
 }
 
-TEST_F(BrowserPatternsLongTest, ThePageMayGoWithAnEditedRowOutOfView)
+TEST_F(BrowserPatternsLongTest, ThePageMayCloseWithAnEditedRowOutOfView)
 {
     editor(0)->setFocus();
     QTest::keyClicks(editor(0), u"abc"_s);

@@ -32,7 +32,7 @@ protected:
     {
         editor(root)->setFocus();
         QTest::keyClicks(editor(root), text);
-        turn();
+        processEvents();
     }
 
     QString urls(const QString &root) const
@@ -45,21 +45,21 @@ protected:
     }
 };
 
-TEST_F(BrowserPatternsSectionTest, AnEditorStandsOnAFillWhoseCornersHaveARadiusOfSix)
+TEST_F(BrowserPatternsSectionTest, AnEditorsBackgroundHasCornersOfRadiusSix)
 {
     putHomeFile(patternsFile, R"({"/work/app": ["a.com/*"]})");
     show<BrowserPatternsSection>();
-    turn();
+    processEvents();
     QWidget &background = *editor(u"/work/app"_s)->parentWidget();
     QImage picture(background.size(), QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     background.render(&picture, {}, {}, {});
     // A corner of radius 6 crosses the diagonal at 1.8 points: in the second pixel, and not in the third.
-    const int whole = picture.pixelColor(picture.width() / 2, 2).alpha();
-    EXPECT_NEAR(whole, 255 * 0.05, 1);
+    const int fillAlpha = picture.pixelColor(picture.width() / 2, 2).alpha();
+    EXPECT_NEAR(fillAlpha, 255 * 0.05, 1);
     EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
-    EXPECT_LT(picture.pixelColor(1, 1).alpha(), whole);
-    EXPECT_EQ(picture.pixelColor(2, 2).alpha(), whole);
+    EXPECT_LT(picture.pixelColor(1, 1).alpha(), fillAlpha);
+    EXPECT_EQ(picture.pixelColor(2, 2).alpha(), fillAlpha);
 }
 
 TEST_F(BrowserPatternsSectionTest, WithoutProjectsItSaysWhyAndThereIsNothingToSave)
@@ -154,22 +154,22 @@ TEST_F(BrowserPatternsSectionTest, CaretSelectionAndHistoryStayWhenOtherRowsChan
         projects[1].urls = u"changed"_s;
         projects.insert(projects.begin(), BrowserConfigProject{.root = u"/0"_s});
     });
-    turn();
+    processEvents();
     EXPECT_EQ(editor(u"/b"_s)->toPlainText(), u"changed");
     EXPECT_TRUE(editor(u"/a"_s)->hasFocus());
     EXPECT_EQ(editor(u"/a"_s)->textCursor().selectedText(), u"one");
     editor(u"/a"_s)->undo();
-    turn();
+    processEvents();
     EXPECT_EQ(urls(u"/a"_s), u"one");
 }
 
-TEST_F(BrowserPatternsSectionTest, ClearedPatternsEmptyTheRowsAndForgetTheirHistory)
+TEST_F(BrowserPatternsSectionTest, ClearingThePatternsEmptiesTheRowsAndTheirHistory)
 {
     putHomeFile(patternsFile, R"({"/a":["one"]})");
     show<BrowserPatternsSection>();
     type(u"/a"_s, u"x"_s);
     model->clearBrowserPatterns();
-    turn();
+    processEvents();
     EXPECT_EQ(editor(u"/a"_s)->toPlainText(), QString());
     editor(u"/a"_s)->undo();
     EXPECT_EQ(urls(u"/a"_s), QString());
@@ -179,7 +179,7 @@ TEST_F(BrowserPatternsSectionTest, TwoRowsWithTheSameRootAreEditedApartAndTheLat
 {
     show<BrowserPatternsSection>();
     model->projects = {{.root = u"/a"_s, .urls = u"first"_s}, {.root = u"/a"_s, .urls = u"second"_s}};
-    turn();
+    processEvents();
     const auto editors = page->findChildren<PatternsEditor *>();
     ASSERT_EQ(editors.size(), 2);
     QTest::keyClicks(editors[1], u"x"_s);
@@ -193,11 +193,11 @@ TEST_F(BrowserPatternsSectionTest, AnEditorIsExposedAsEditableText)
 {
     putHomeFile(patternsFile, R"({"/a":["one"]})");
     show<BrowserPatternsSection>();
-    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(editor(u"/a"_s));
-    EXPECT_EQ(heard->role(), QAccessible::EditableText);
-    EXPECT_EQ(heard->text(QAccessible::Name), u"URL patterns for /a");
-    ASSERT_NE(heard->editableTextInterface(), nullptr);
-    heard->editableTextInterface()->insertText(3, u"!"_s);
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(editor(u"/a"_s));
+    EXPECT_EQ(accessible->role(), QAccessible::EditableText);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"URL patterns for /a");
+    ASSERT_NE(accessible->editableTextInterface(), nullptr);
+    accessible->editableTextInterface()->insertText(3, u"!"_s);
     EXPECT_EQ(urls(u"/a"_s), u"one!");
 }
 

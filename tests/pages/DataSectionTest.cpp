@@ -32,7 +32,7 @@ TEST_F(DataSectionTest, ShowsItsRowsTopToBottom)
                            "receiving session events until reinstalled."_s}));
 }
 
-TEST_F(DataSectionTest, NoSessionsReadZeroStoredAndTheFullPath)
+TEST_F(DataSectionTest, WithoutSessionsItSaysZeroStoredAndTheFullPath)
 {
     show<DataSection>();
     EXPECT_TRUE(shows(u"0 stored · "_s + registry()));
@@ -64,7 +64,7 @@ TEST_F(DataSectionTest, ClearingSessionsAsksFirst)
     EXPECT_TRUE(shows(u"3 stored · "_s + registry()));
 }
 
-TEST_F(DataSectionTest, AgreedTheAgentIsToldAndTheCountIsZeroAndTheFileStays)
+TEST_F(DataSectionTest, ConfirmedClearingSessionsTellsTheAgentShowsZeroAndKeepsTheFile)
 {
     fill();
     show<DataSection>();
@@ -90,7 +90,7 @@ TEST_F(DataSectionTest, ClearingPatternsAsksFirst)
     EXPECT_TRUE(shows(u"1 projects configured"_s));
 }
 
-TEST_F(DataSectionTest, AgreedThePatternsFileGoesAndTheRowsStayEmptiedUnderNewIds)
+TEST_F(DataSectionTest, ConfirmedClearingPatternsRemovesTheFileAndEmptiesTheRowsUnderNewIds)
 {
     fill();
     show<DataSection>();
@@ -127,7 +127,7 @@ TEST_F(DataSectionTest, UninstallingHooksAsksFirst)
     EXPECT_TRUE(posts.paths().isEmpty());
 }
 
-TEST_F(DataSectionTest, AgreedTheAgentIsAskedToUninstallAndNothingElseChanges)
+TEST_F(DataSectionTest, ConfirmedUninstallingAsksTheAgentAndChangesNothingElse)
 {
     fill();
     show<DataSection>();
@@ -138,7 +138,7 @@ TEST_F(DataSectionTest, AgreedTheAgentIsAskedToUninstallAndNothingElseChanges)
     EXPECT_EQ(texts(), before);
 }
 
-TEST_F(DataSectionTest, InDemoModeClearingGivesTheSampleBack)
+TEST_F(DataSectionTest, InDemoModeClearingRestoresTheSampleData)
 {
     putHomeFile(u".vantle/demo-mode.json"_s, R"({"enabled":true})");
     show<DataSection>();
@@ -152,7 +152,7 @@ TEST_F(DataSectionTest, InDemoModeClearingGivesTheSampleBack)
     EXPECT_TRUE(shows(u"3 projects configured"_s));
 }
 
-TEST_F(DataSectionTest, AnAnswerThatComesAfterThePageHasGoneDoesNothing)
+TEST_F(DataSectionTest, AnAnswerAfterThePageIsClosedDoesNothing)
 {
     show<DataSection>();
     dialogs.agree = true;

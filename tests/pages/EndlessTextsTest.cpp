@@ -23,7 +23,7 @@ namespace
 
 constexpr int many = 200000;
 
-/// Texts without end on real pages. Laid out whole, each would keep the window busy for minutes.
+/// Very long texts on real pages. Laid out whole, each would keep the window busy for minutes.
 class EndlessTextsTest : public PageTest, public testing::WithParamInterface<QString>
 {
 protected:

@@ -14,11 +14,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Names that a careless window would interpret, or be torn apart by.
+/// Names that could be taken for markup or could break the layout.
 class HostileNamesTest : public PageTest, public testing::WithParamInterface<QString>
 {
 protected:
-    /// That every control and text is inside the page, whose width the names don't change.
+    /// Expects every control and text inside the page and a page that the names don't widen.
     void expectIntactLayout() const
     {
         EXPECT_LE(page->minimumSizeHint().width(), 600);

@@ -25,10 +25,10 @@ void PageTest::putIntoWindow()
     window->show();
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    turn();
+    processEvents();
 }
 
-void PageTest::turn()
+void PageTest::processEvents()
 {
     for (int round = 0; round < 3; ++round) {
         QCoreApplication::sendPostedEvents();
@@ -57,8 +57,9 @@ void PageTest::putManifest(const QByteArray &toml) const
 QPushButton *PageTest::button(const QString &name) const
 {
     for (QPushButton *each : page->findChildren<QPushButton *>()) {
-        const QString heard = each->accessibleName().isEmpty() ? each->text() : each->accessibleName();
-        if (heard == name && each->isVisible())
+        const QString accessibleName =
+            each->accessibleName().isEmpty() ? each->text() : each->accessibleName();
+        if (accessibleName == name && each->isVisible())
             return each;
     }
     return nullptr;
@@ -70,14 +71,14 @@ void PageTest::click(const QString &name) const
     ASSERT_NE(target, nullptr) << "no button " << qPrintable(name);
     window->ensureWidgetVisible(target);
     QTest::mouseClick(target, Qt::LeftButton);
-    turn();
+    processEvents();
 }
 
 void PageTest::press(const QKeySequence &shortcut)
 {
     QWidget *focus = QApplication::focusWidget();
     QTest::keySequence(focus ? focus : window.get(), shortcut);
-    turn();
+    processEvents();
 }
 
 QStringList PageTest::texts() const
@@ -107,14 +108,14 @@ QWidget *PageTest::group(const QString &header) const
     return nullptr;
 }
 
-std::optional<QString> PageTest::AskedDialogs::chooseDirectory(const DirectoryQuestion &question)
+std::optional<QString> PageTest::FakeDialogs::chooseDirectory(const DirectoryQuestion &question)
 {
     directoryQuestions.push_back(question);
     meanwhile();
     return folder;
 }
 
-bool PageTest::AskedDialogs::confirm(const Confirmation &confirmation)
+bool PageTest::FakeDialogs::confirm(const Confirmation &confirmation)
 {
     confirmations.push_back(confirmation);
     meanwhile();

@@ -20,8 +20,8 @@
 class Label;
 class QPushButton;
 
-/// A page on the files of the case's home, in a window that scrolls; what it asks of the desktop and of the
-/// agent is only noted down.
+/// A page in a window that scrolls, with the files of the test's own home. Requests to the desktop and the
+/// agent are only recorded.
 class PageTest : public testing::Test
 {
 protected:
@@ -36,7 +36,7 @@ protected:
         return *section;
     }
 
-    static void turn();
+    static void processEvents();
     void closePage();
 
     void choosePlanningRoot(const QString &root) const;
@@ -49,22 +49,22 @@ protected:
     bool shows(const QString &text) const { return texts().contains(text); }
     QWidget *group(const QString &header) const; ///< null where none is shown
 
-    struct AskedDialogs final : Dialogs {
+    struct FakeDialogs final : Dialogs {
         std::optional<QString> chooseDirectory(const DirectoryQuestion &question) override;
         bool confirm(const Confirmation &confirmation) override;
         std::vector<DirectoryQuestion> directoryQuestions;
         std::vector<Confirmation> confirmations;
-        std::optional<QString> folder; ///< the answer to the next one of either
-        bool agree = false;
-        std::function<void()> meanwhile = [] {};
+        std::optional<QString> folder;           ///< the answer of chooseDirectory()
+        bool agree = false;                      ///< the answer of confirm()
+        std::function<void()> meanwhile = [] {}; ///< called before each answer
     } dialogs;
-    struct NotedWorkspace final : Workspace {
+    struct RecordingWorkspace final : Workspace {
         void reveal(const QString &path) override { revealed << path; }
         void open(const QString &path) override { opened << path; }
         QStringList revealed;
         QStringList opened;
     } workspace;
-    struct NotedPasteboard final : Pasteboard {
+    struct RecordingPasteboard final : Pasteboard {
         void setText(const QString &text) override { texts << text; }
         QStringList texts;
     } pasteboard;

@@ -38,7 +38,7 @@ protected:
         return *row;
     }
 
-    /// Opens the action menu by its button, and closes it in the end.
+    /// Opens the action menu with its button, calls `act` and closes the menu.
     void withMenu(const std::function<void(QMenu *)> &act) const
     {
         row->findChild<QPushButton *>()->click();
@@ -170,7 +170,7 @@ TEST_F(PlanningProjectRowTest, ACopiedPathKeepsItsTilde)
     EXPECT_EQ(pasteboard.texts, QStringList{u"~/code/app"_s});
 }
 
-TEST_F(PlanningProjectRowTest, TheMenuLooksAgainWhenItOpens)
+TEST_F(PlanningProjectRowTest, TheMenuChecksThePathsAgainWhenItOpens)
 {
     showRow({.name = u"App"_s, .path = folder, .todoPath = todo});
     ASSERT_TRUE(QDir(folder).removeRecursively());
@@ -178,7 +178,7 @@ TEST_F(PlanningProjectRowTest, TheMenuLooksAgainWhenItOpens)
     EXPECT_TRUE(saysMissing());
 }
 
-TEST_F(PlanningProjectRowTest, WhatVanishesBetweenTheMenuAndTheChoiceIsLeftToTheDesktop)
+TEST_F(PlanningProjectRowTest, AFileThatVanishesWhileTheMenuIsOpenIsLeftToTheDesktop)
 {
     showRow({.name = u"App"_s, .path = folder, .todoPath = todo});
     withMenu([this](QMenu *menu) {
@@ -188,7 +188,7 @@ TEST_F(PlanningProjectRowTest, WhatVanishesBetweenTheMenuAndTheChoiceIsLeftToThe
     EXPECT_EQ(workspace.opened, QStringList{todo});
 }
 
-TEST_F(PlanningProjectRowTest, TheRowMayGoWhileItsMenuIsOpen)
+TEST_F(PlanningProjectRowTest, TheRowMayBeDeletedWhileItsMenuIsOpen)
 {
     showRow({.name = u"App"_s, .path = folder});
     withMenu([this](QMenu *) { row.reset(); });
@@ -198,10 +198,10 @@ TEST_F(PlanningProjectRowTest, TheRowMayGoWhileItsMenuIsOpen)
 TEST_F(PlanningProjectRowTest, IsExposedAsAPanelNamedLikeTheProject)
 {
     showRow({.name = u"App"_s, .path = homePath(u"gone"_s)});
-    const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(row.get());
-    EXPECT_EQ(heard->role(), QAccessible::Grouping);
-    EXPECT_EQ(heard->text(QAccessible::Name), u"App");
-    EXPECT_EQ(heard->text(QAccessible::Description), homePath(u"gone"_s) + u", missing"_s);
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(row.get());
+    EXPECT_EQ(accessible->role(), QAccessible::Grouping);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"App");
+    EXPECT_EQ(accessible->text(QAccessible::Description), homePath(u"gone"_s) + u", missing"_s);
     auto *actions = row->findChild<QPushButton *>();
     QAccessibleInterface *button = QAccessible::queryAccessibleInterface(actions);
     EXPECT_EQ(button->text(QAccessible::Name), u"Actions for App");

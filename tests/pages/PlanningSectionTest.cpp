@@ -181,7 +181,7 @@ TEST_F(PlanningSectionTest, WithoutARootOrWithAnEmptyOneTheDesktopChoosesWhereTo
     click(u"Choose planning root…"_s);
     EXPECT_EQ(dialogs.directoryQuestions.back().start, std::nullopt);
     model->planningRoot = QString();
-    turn();
+    processEvents();
     click(u"Choose planning root…"_s);
     EXPECT_EQ(dialogs.directoryQuestions.back().start, std::nullopt);
 }
@@ -211,7 +211,7 @@ TEST_F(PlanningSectionTest, CancelLeavesRootFileAndListUntouched)
     EXPECT_TRUE(posts.paths().isEmpty());
 }
 
-TEST_F(PlanningSectionTest, AFolderChosenAfterThePageHasGoneIsNotTaken)
+TEST_F(PlanningSectionTest, AFolderChosenAfterThePageIsClosedIsIgnored)
 {
     show<PlanningSection>();
     dialogs.folder = root();
@@ -239,7 +239,7 @@ protected:
     }
     static QUrl url(const QString &path) { return QUrl::fromLocalFile(path); }
 
-    /// Drags over the row and drops on it, and returns what it says happens; nothing where it takes no drop.
+    /// Drags over the row and drops on it. Returns the action that the row reports; nothing when it refuses.
     std::optional<Qt::DropAction>
     drop(const QMimeData &data, Qt::DropActions possible = Qt::CopyAction | Qt::LinkAction | Qt::MoveAction)
     {
@@ -250,7 +250,7 @@ protected:
             return std::nullopt;
         QDropEvent dropped(QPoint(5, 5), possible, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(row, &dropped);
-        turn();
+        processEvents();
         return dropped.isAccepted() ? std::optional(dropped.dropAction()) : std::nullopt;
     }
 
@@ -267,7 +267,7 @@ TEST_F(PlanningDropTest, AFolderDroppedOnTheRowBecomesTheRoot)
     EXPECT_EQ(posts.paths(), QStringList{u"/settings/reload-planning"_s});
 }
 
-TEST_F(PlanningDropTest, ItsPathIsSpelledAsWhenItIsChosen)
+TEST_F(PlanningDropTest, ADroppedFoldersPathIsSpelledLikeAChosenOnes)
 {
     const QString folder = root() + u"/ä b#1"_s;
     QDir().mkpath(folder);
@@ -279,8 +279,8 @@ TEST_F(PlanningDropTest, TheFolderIsNeverMoved)
 {
     EXPECT_EQ(drop(*urls({url(root())}), Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
     model->setPlanningRoot(std::nullopt);
-    turn();
-    EXPECT_EQ(drop(*urls({url(root())}), Qt::MoveAction), Qt::IgnoreAction) << "yet it is the root";
+    processEvents();
+    EXPECT_EQ(drop(*urls({url(root())}), Qt::MoveAction), Qt::IgnoreAction) << "yet it becomes the root";
     EXPECT_TRUE(shows(root()));
 }
 
@@ -371,7 +371,7 @@ TEST_F(PlanningSectionTest, OfTenThousandProjectsOnlyThoseInViewHaveRows)
     EXPECT_GT(list->createdCount(), 0);
     EXPECT_LT(list->createdCount(), 20);
     window->ensureWidgetVisible(button(u"Refresh"_s));
-    turn();
+    processEvents();
     EXPECT_TRUE(shows(u"P9999"_s));
     EXPECT_FALSE(shows(u"P0"_s));
 }

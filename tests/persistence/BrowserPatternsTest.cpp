@@ -25,7 +25,7 @@ BrowserPatterns patternsOf(const std::vector<std::pair<QString, QString>> &rows)
     return Persistence::browserPatterns(projects);
 }
 
-TEST(BrowserPatterns, AMissingFileHoldsNone)
+TEST(BrowserPatterns, AMissingFileHasNoPatterns)
 {
     EXPECT_TRUE(Persistence::loadBrowserPatterns().empty());
 }
@@ -128,7 +128,7 @@ TEST(BrowserPatterns, ClearingRemovesTheFileAndLeavesTheDirectory)
               QStringList{u"other"_s});
 }
 
-TEST(BrowserPatterns, ClearingRemovesALinkAndNotWhatItNames)
+TEST(BrowserPatterns, ClearingRemovesALinkAndNotItsTarget)
 {
     putHomeFile(u"dotfiles/patterns.json"_s, R"({"/a":["x"]})");
     ASSERT_TRUE(QDir().mkpath(homePath(u".claude"_s)));
@@ -145,7 +145,7 @@ TEST(BrowserPatterns, ClearingNeverRemovesADirectory)
     EXPECT_TRUE(QFileInfo(homePath(patternsFile)).isDir());
 }
 
-TEST(BrowserPatterns, ASaveMakesTheDirectoryLooksAtWhatIsThereThenWrites)
+TEST(BrowserPatterns, ASaveMakesTheDirectoryReadsAndCopiesTheOldFileThenWrites)
 {
     RecordingFileSystem files;
     EXPECT_TRUE(Persistence::saveBrowserPatterns({}));

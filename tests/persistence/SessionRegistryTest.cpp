@@ -20,7 +20,7 @@ struct Expected {
     QStringList projects;
 };
 
-void expectOf(const QByteArray &bytes, const Expected &expected)
+void expectRead(const QByteArray &bytes, const Expected &expected)
 {
     putHomeFile(registry, bytes);
     EXPECT_EQ(Persistence::sessionsCount(), expected.count) << bytes.toStdString();
@@ -35,32 +35,32 @@ TEST(SessionRegistry, AMissingFileCountsNothingAndKnowsNoProjects)
 
 TEST(SessionRegistry, AnEmptyArrayCountsNothing)
 {
-    expectOf("[]", {0, {}});
-    expectOf(" [] ", {0, {}});
+    expectRead("[]", {0, {}});
+    expectRead(" [] ", {0, {}});
 }
 
 TEST(SessionRegistry, ListsEachDirectoryOnceInOrderOfFirstAppearance)
 {
-    expectOf(R"([{"cwd":"/b"},{"cwd":"/a"},{"cwd":"/b"}])", {3, {u"/b"_s, u"/a"_s}});
+    expectRead(R"([{"cwd":"/b"},{"cwd":"/a"},{"cwd":"/b"}])", {3, {u"/b"_s, u"/a"_s}});
 }
 
 TEST(SessionRegistry, SkipsSessionsWithoutADirectoryButCountsThem)
 {
-    expectOf(R"([{"id":1},{"cwd":""}])", {2, {}});
-    expectOf(R"([{},{"cwd":7},{"cwd":null},{"cwd":["/x"]},{"cwd":"/a"}])", {5, {u"/a"_s}});
+    expectRead(R"([{"id":1},{"cwd":""}])", {2, {}});
+    expectRead(R"([{},{"cwd":7},{"cwd":null},{"cwd":["/x"]},{"cwd":"/a"}])", {5, {u"/a"_s}});
 }
 
 TEST(SessionRegistry, OneElementThatIsNoObjectEmptiesTheListButNotTheCount)
 {
-    expectOf(R"([{"cwd":"/a"},"x"])", {2, {}});
-    expectOf(R"([{"cwd":"/a"},null,[]])", {3, {}});
-    expectOf("[1,\"x\",null]", {3, {}});
+    expectRead(R"([{"cwd":"/a"},"x"])", {2, {}});
+    expectRead(R"([{"cwd":"/a"},null,[]])", {3, {}});
+    expectRead("[1,\"x\",null]", {3, {}});
 }
 
 TEST(SessionRegistry, AnythingButAnArrayCountsNothing)
 {
     for (const char *bytes : {R"({"cwd":"/a"})", "{}", "\"x\"", "true", "5", "null"})
-        expectOf(bytes, {0, {}});
+        expectRead(bytes, {0, {}});
 }
 
 TEST(SessionRegistry, AnythingInvalidAnywhereCountsNothing)
@@ -68,35 +68,35 @@ TEST(SessionRegistry, AnythingInvalidAnywhereCountsNothing)
     for (const char *bytes :
          {R"([{"cwd":"/a"}]x)", R"([{"cwd":"/a"},])", R"([{"cwd":"/a"})", R"([{"cwd":"/a"}{"cwd":"/a"}])", "",
           R"([{"cwd":"/a","n":012}])", "[{\"cwd\":\"/a\",\"t\":\"\xff\"}]", R"([{"cwd":"/a","s":"\uD800"}])"})
-        expectOf(bytes, {0, {}});
+        expectRead(bytes, {0, {}});
 }
 
 TEST(SessionRegistry, DirectoriesAreNotStandardised)
 {
-    expectOf(R"([{"cwd":"/a/b"},{"cwd":"/a/b/"},{"cwd":"/A/b"},{"cwd":"/a//b"},{"cwd":" "},{"cwd":"~"}])",
-             {6, {u"/a/b"_s, u"/a/b/"_s, u"/A/b"_s, u"/a//b"_s, u" "_s, u"~"_s}});
+    expectRead(R"([{"cwd":"/a/b"},{"cwd":"/a/b/"},{"cwd":"/A/b"},{"cwd":"/a//b"},{"cwd":" "},{"cwd":"~"}])",
+               {6, {u"/a/b"_s, u"/a/b/"_s, u"/A/b"_s, u"/a//b"_s, u" "_s, u"~"_s}});
 }
 
 TEST(SessionRegistry, CanonicallyEquivalentDirectoriesAreOneAndKeepTheFirstSpelling)
 {
-    expectOf("[{\"cwd\":\"/cafe\u0301\"},{\"cwd\":\"/caf\u00e9\"},{\"cwd\":\"/cafe\"}]",
-             {3, {u"/cafe\u0301"_s, u"/cafe"_s}});
-    expectOf("[{\"cwd\":\"/\u00c5\"},{\"cwd\":\"/A\u030a\"},{\"cwd\":\"/\u212b\"}]", {3, {u"/\u00c5"_s}});
-    expectOf("[{\"cwd\":\"/\u212b\"},{\"cwd\":\"/A\u030a\"},{\"cwd\":\"/\u00c5\"}]", {3, {u"/\u212b"_s}});
-    expectOf("[{\"cwd\":\"/K\"},{\"cwd\":\"/\u212a\"}]", {2, {u"/K"_s}});
-    expectOf("[{\"cwd\":\"/\u212a\"},{\"cwd\":\"/K\"}]", {2, {u"/\u212a"_s}});
+    expectRead("[{\"cwd\":\"/cafe\u0301\"},{\"cwd\":\"/caf\u00e9\"},{\"cwd\":\"/cafe\"}]",
+               {3, {u"/cafe\u0301"_s, u"/cafe"_s}});
+    expectRead("[{\"cwd\":\"/\u00c5\"},{\"cwd\":\"/A\u030a\"},{\"cwd\":\"/\u212b\"}]", {3, {u"/\u00c5"_s}});
+    expectRead("[{\"cwd\":\"/\u212b\"},{\"cwd\":\"/A\u030a\"},{\"cwd\":\"/\u00c5\"}]", {3, {u"/\u212b"_s}});
+    expectRead("[{\"cwd\":\"/K\"},{\"cwd\":\"/\u212a\"}]", {2, {u"/K"_s}});
+    expectRead("[{\"cwd\":\"/\u212a\"},{\"cwd\":\"/K\"}]", {2, {u"/\u212a"_s}});
 }
 
 TEST(SessionRegistry, OfEqualMembersTheFirstCounts)
 {
-    expectOf(R"([{"cwd":"/a","cwd":"/b"}])", {1, {u"/a"_s}});
-    expectOf(R"([{"cwd":4,"cwd":"/b"}])", {1, {}});
+    expectRead(R"([{"cwd":"/a","cwd":"/b"}])", {1, {u"/a"_s}});
+    expectRead(R"([{"cwd":4,"cwd":"/b"}])", {1, {}});
 }
 
-TEST(SessionRegistry, DirectoriesAreTextsWithWhateverInside)
+TEST(SessionRegistry, DirectoriesMayContainAnyCharacter)
 {
-    expectOf(R"([{"cwd":"\u0000"},{"cwd":"\/a\nb"},{"cwd":"\ufeff"}])",
-             {3, {QString(QChar::Null), u"/a\nb"_s, u"\ufeff"_s}});
+    expectRead(R"([{"cwd":"\u0000"},{"cwd":"\/a\nb"},{"cwd":"\ufeff"}])",
+               {3, {QString(QChar::Null), u"/a\nb"_s, u"\ufeff"_s}});
 }
 
 TEST(SessionRegistry, CountsTheSessionsOfEachDirectory)
@@ -107,7 +107,7 @@ TEST(SessionRegistry, CountsTheSessionsOfEachDirectory)
               (std::vector<Persistence::SessionDirectory>{{u"/a"_s, 2}, {u"/\u00e9"_s, 2}}));
 }
 
-TEST(SessionRegistry, ADirectoryInItsPlaceIsAMissingFile)
+TEST(SessionRegistry, ADirectoryInItsPlaceCountsAsAMissingFile)
 {
     ASSERT_TRUE(QDir().mkpath(homePath(registry)));
     EXPECT_EQ(Persistence::sessionsCount(), 0);

@@ -195,7 +195,7 @@ TEST(SmallFiles, WithoutAnyHomeNothingIsReadOrWritten)
     const bool kept = asStranger([] {
         ::unsetenv("HOME");
         if (homeDirectory())
-            return true; // who isn't a stranger has one that no test may touch
+            return true; // not run as root: the user's real home, which no test may touch
         return !Persistence::loadGreenScreen() && !Persistence::saveTypeface(u"system"_s);
     });
     QDir::setCurrent(u"/"_s);
@@ -215,7 +215,7 @@ TEST(SmallFiles, TheHomeIsAskedForAnewByEveryCall)
     EXPECT_TRUE(Persistence::loadGreenScreen());
 }
 
-/// Where the user gets another home while a directory is made.
+/// Files of a user whose HOME changes while a directory is created.
 struct MovingHome final : FileSystem {
     QStringList written;
     std::optional<QByteArray> read(const QString &) override { return std::nullopt; }

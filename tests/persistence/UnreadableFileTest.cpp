@@ -22,7 +22,7 @@ namespace
 const QString typeface = u".vantle/typeface.json"_s;
 const QString updates = u".vantle/updates.json"_s;
 const QString typefaceCopy = u".vantle/typeface.json.unreadable"_s;
-const QByteArray slip = R"({"name": "system)";
+const QByteArray unreadable = R"({"name": "system)";
 const QByteArray saved = "{\n  \"name\" : \"jetbrains-mono\"\n}";
 
 bool saveTypeface()
@@ -35,7 +35,7 @@ QString numberedCopy(int number)
     return number == 1 ? typefaceCopy : typefaceCopy + u'-' + QString::number(number);
 }
 
-/// The names of the files beside the settings, without those that are no copy.
+/// The names of the copies in a folder.
 QStringList copies(const QString &folder = u".vantle"_s)
 {
     return QDir(homePath(folder))
@@ -54,12 +54,12 @@ void setMode(const QString &relativePath, mode_t mode)
     ASSERT_EQ(::chmod(homePath(relativePath).toUtf8().constData(), mode), 0);
 }
 
-/// A file that is saved, with what its loader refuses and what it takes.
+/// A settings file, with contents that its loader refuses and contents that it accepts.
 struct SavedFile {
     QString path;
     std::function<void()> save;
     std::vector<QByteArray> refused;
-    std::vector<QByteArray> taken;
+    std::vector<QByteArray> accepted;
 };
 
 std::vector<SavedFile> savedFiles()
@@ -110,12 +110,12 @@ TEST(UnreadableFile, IsCopiedBesideItselfBeforeItIsSavedOver)
     }
 }
 
-TEST(UnreadableFile, WhatIsReadOrMissingIsNotCopied)
+TEST(UnreadableFile, AReadableOrMissingFileIsNotCopied)
 {
     for (const SavedFile &file : savedFiles()) {
-        file.save(); // over none
+        file.save(); // there is no file yet
         file.save();
-        for (const QByteArray &bytes : file.taken) {
+        for (const QByteArray &bytes : file.accepted) {
             putHomeFile(file.path, bytes);
             file.save();
         }
@@ -130,18 +130,18 @@ TEST(UnreadableFile, AnEmptyOneIsCopiedToo)
     EXPECT_EQ(homeFile(typefaceCopy), QByteArray(""));
 }
 
-TEST(UnreadableFile, IsOnlyReadWhileNothingIsSaved)
+TEST(UnreadableFile, IsNeitherChangedNorCopiedByLoading)
 {
-    putHomeFile(typeface, slip);
+    putHomeFile(typeface, unreadable);
     Persistence::loadTypeface();
-    EXPECT_EQ(homeFile(typeface), slip);
+    EXPECT_EQ(homeFile(typeface), unreadable);
     EXPECT_EQ(copies(), QStringList());
 }
 
 TEST(UnreadableFile, IsCopiedOnceForTheSameBytes)
 {
     for (int round = 0; round < 3; ++round) {
-        putHomeFile(typeface, slip);
+        putHomeFile(typeface, unreadable);
         EXPECT_TRUE(saveTypeface());
         EXPECT_TRUE(saveTypeface());
     }
@@ -162,8 +162,8 @@ TEST(UnreadableFile, OtherBytesGetACopyOfTheirOwnUpToNine)
 
 TEST(UnreadableFile, ACopyUnderAnyOfTheNamesIsEnough)
 {
-    putHomeFile(numberedCopy(3), slip);
-    putHomeFile(typeface, slip);
+    putHomeFile(numberedCopy(3), unreadable);
+    putHomeFile(typeface, unreadable);
     EXPECT_TRUE(saveTypeface());
     EXPECT_EQ(copies(), QStringList{u"typeface.json.unreadable-3"_s});
 }
@@ -172,7 +172,7 @@ TEST(UnreadableFile, ItsCopyHasItsMode)
 {
     const mode_t mask = ::umask(0);
     for (const mode_t mode : {0600U, 0640U, 0666U, 0755U}) {
-        putHomeFile(typeface, slip + QByteArray::number(mode));
+        putHomeFile(typeface, unreadable + QByteArray::number(mode));
         setMode(typeface, mode);
         ::umask(077);
         EXPECT_TRUE(saveTypeface());
@@ -184,62 +184,62 @@ TEST(UnreadableFile, ItsCopyHasItsMode)
     ::umask(mask);
 }
 
-TEST(UnreadableFile, NoCopyGoesThroughALink)
+TEST(UnreadableFile, NoCopyIsWrittenThroughALink)
 {
     putHomeFile(u"elsewhere"_s, "kept");
-    putHomeFile(typeface, slip);
+    putHomeFile(typeface, unreadable);
     ASSERT_TRUE(QFile::link(u"../elsewhere"_s, homePath(typefaceCopy)));
     ASSERT_TRUE(QFile::link(u"../nowhere"_s, homePath(numberedCopy(2))));
     EXPECT_TRUE(saveTypeface());
     EXPECT_EQ(homeFile(u"elsewhere"_s), QByteArray("kept"));
     EXPECT_EQ(homeFile(u"nowhere"_s), std::nullopt);
-    EXPECT_EQ(homeFile(numberedCopy(3)), slip);
+    EXPECT_EQ(homeFile(numberedCopy(3)), unreadable);
 }
 
 TEST(UnreadableFile, ALinkToTheSameBytesIsNoCopy)
 {
-    putHomeFile(u"elsewhere"_s, slip);
-    putHomeFile(typeface, slip);
+    putHomeFile(u"elsewhere"_s, unreadable);
+    putHomeFile(typeface, unreadable);
     ASSERT_TRUE(QFile::link(u"../elsewhere"_s, homePath(typefaceCopy)));
     EXPECT_TRUE(saveTypeface());
-    EXPECT_EQ(homeFile(numberedCopy(2)), slip);
+    EXPECT_EQ(homeFile(numberedCopy(2)), unreadable);
 }
 
-TEST(UnreadableFile, ASecondNameOfTheFileItselfIsNoCopy)
+TEST(UnreadableFile, AHardLinkToTheFileIsNoCopy)
 {
-    putHomeFile(typeface, slip);
+    putHomeFile(typeface, unreadable);
     ASSERT_EQ(::link(homePath(typeface).toUtf8().constData(), homePath(typefaceCopy).toUtf8().constData()),
               0);
     EXPECT_TRUE(saveTypeface());
     EXPECT_EQ(homeFile(typefaceCopy), saved);
-    EXPECT_EQ(homeFile(numberedCopy(2)), slip);
+    EXPECT_EQ(homeFile(numberedCopy(2)), unreadable);
 }
 
 TEST(UnreadableFile, ADirectoryOrAPipeUnderTheNameStays)
 {
-    putHomeFile(typeface, slip);
+    putHomeFile(typeface, unreadable);
     ASSERT_TRUE(QDir().mkpath(homePath(typefaceCopy)));
     ASSERT_EQ(::mkfifo(homePath(numberedCopy(2)).toUtf8().constData(), 0600), 0);
     EXPECT_TRUE(saveTypeface());
     EXPECT_TRUE(QFileInfo(homePath(typefaceCopy)).isDir());
-    EXPECT_EQ(homeFile(numberedCopy(3)), slip);
+    EXPECT_EQ(homeFile(numberedCopy(3)), unreadable);
 }
 
 TEST(UnreadableFile, ALinkedFileIsCopiedBesideItsLink)
 {
-    putHomeFile(u"dotfiles/typeface.json"_s, slip);
+    putHomeFile(u"dotfiles/typeface.json"_s, unreadable);
     ASSERT_TRUE(QDir().mkpath(homePath(u".vantle"_s)));
     ASSERT_TRUE(QFile::link(u"../dotfiles/typeface.json"_s, homePath(typeface)));
     EXPECT_TRUE(saveTypeface());
     EXPECT_EQ(homeFile(u"dotfiles/typeface.json"_s), saved);
-    EXPECT_EQ(homeFile(typefaceCopy), slip);
+    EXPECT_EQ(homeFile(typefaceCopy), unreadable);
     EXPECT_EQ(copies(u"dotfiles"_s), QStringList());
 }
 
 TEST(UnreadableFile, IsSavedOverWhereItCannotBeCopied)
 {
     ASSERT_EQ(::chmod(testHome().toUtf8().constData(), 0755), 0);
-    putHomeFile(typeface, slip);
+    putHomeFile(typeface, unreadable);
     setMode(typeface, 0666);
     setMode(u".vantle"_s, 0555);
     EXPECT_TRUE(asStranger([] { return saveTypeface(); }));
@@ -248,7 +248,7 @@ TEST(UnreadableFile, IsSavedOverWhereItCannotBeCopied)
     EXPECT_EQ(copies(), QStringList());
 }
 
-TEST(UnreadableFile, IsNotCopiedWhereNothingIsReadable)
+TEST(UnreadableFile, ADirectoryInItsPlaceIsNotCopied)
 {
     ASSERT_TRUE(QDir().mkpath(homePath(typeface)));
     EXPECT_FALSE(saveTypeface());
@@ -257,8 +257,8 @@ TEST(UnreadableFile, IsNotCopiedWhereNothingIsReadable)
 
 TEST(UnreadableFile, ClearingCopiesNothing)
 {
-    putHomeFile(u".vantle/planning.json"_s, slip);
-    putHomeFile(u".claude/browser-patterns.json"_s, slip);
+    putHomeFile(u".vantle/planning.json"_s, unreadable);
+    putHomeFile(u".claude/browser-patterns.json"_s, unreadable);
     Planning::clear();
     Persistence::clearBrowserPatterns();
     EXPECT_EQ(homeFile(u".vantle/planning.json"_s), std::nullopt);
