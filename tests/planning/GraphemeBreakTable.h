@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-/// Which scalars join their neighbours in an extended grapheme cluster, as the standard's own data says. Made
-/// from https://www.unicode.org/Public/15.0.0/ucd/auxiliary/GraphemeBreakProperty.txt, adjoining ranges as
-/// one. Copyright © 1991-2022 Unicode, Inc.; terms of use: https://www.unicode.org/copyright.html
+/// The scalars that join their neighbours in an extended grapheme cluster, by the data of Unicode 15.0. Made
+/// from https://www.unicode.org/Public/15.0.0/ucd/auxiliary/GraphemeBreakProperty.txt, with adjoining ranges
+/// merged. Copyright © 1991-2022 Unicode, Inc.; terms of use: https://www.unicode.org/copyright.html
 namespace GraphemeBreakTable
 {
 

@@ -16,7 +16,7 @@ using PlanningProjects::parseKeyValue;
 namespace
 {
 
-/// Blocks of key and value, with texts of their own.
+/// The values of a block by their keys.
 using Block = std::map<QString, QString>;
 
 std::vector<Block> blocksOf(const QString &text)
@@ -24,7 +24,7 @@ std::vector<Block> blocksOf(const QString &text)
     return StraightforwardManifest::programsBlocks(text);
 }
 
-/// The one block below a header.
+/// The block that these lines make below a header.
 Block blockOf(const QString &lines)
 {
     const auto blocks = blocksOf(u"[[projects]]\n"_s + lines);
@@ -156,7 +156,7 @@ TEST(Manifest, OtherValuesAreTheirSourceText)
         (Block{{u"a"_s, u"1"_s}, {u"b"_s, u"true"_s}, {u"c"_s, u"[ 1, 2 ]"_s}, {u"d"_s, u"{ x = 'y' }"_s}}));
 }
 
-TEST(Manifest, TheFirstUnquotedHashIsFoundByItsPlace)
+TEST(Manifest, TheIndexOfTheFirstUnquotedHashIsFound)
 {
     EXPECT_EQ(firstUnquotedHash(u"#"), 0);
     EXPECT_EQ(firstUnquotedHash(u"\U0001f600#"), 2);
@@ -201,22 +201,22 @@ TEST(Manifest, AMarkOfAnyScriptMakesAnotherCharacterWhateverStandsBeforeTheSign)
     }
 }
 
-TEST(Manifest, EveryScalarJoinsASignAsTheStandardSays)
+TEST(Manifest, EveryScalarJoinsASignAsUnicodeSays)
 {
-    constexpr char32_t emptyPlanes = 0x40000;
-    constexpr char32_t lastPlanes = 0xE0000;
+    constexpr char32_t firstEmptyPlane = 0x40000;
+    constexpr char32_t nextAssignedPlane = 0xE0000;
     for (char32_t scalar = 1; scalar <= QChar::LastValidCodePoint; ++scalar) {
-        if (scalar == emptyPlanes)
-            scalar = lastPlanes;
+        if (scalar == firstEmptyPlane)
+            scalar = nextAssignedPlane;
         if (QChar::isSurrogate(scalar))
             continue;
         QString text;
         text += QChar::fromUcs4(scalar);
         const bool joinsBefore = StraightforwardManifest::joinsWhatPrecedesIt(scalar);
-        const bool joinsBehind = GraphemeBreakTable::contains(GraphemeBreakTable::joinsWhatFollowsIt, scalar);
+        const bool joinsAfter = GraphemeBreakTable::contains(GraphemeBreakTable::joinsWhatFollowsIt, scalar);
         ASSERT_EQ(parseKeyValue(u'=' + text).has_value(), !joinsBefore)
             << "U+" << std::hex << std::uint32_t(scalar);
-        ASSERT_EQ(parseKeyValue(text + u'=').has_value(), !joinsBehind)
+        ASSERT_EQ(parseKeyValue(text + u'=').has_value(), !joinsAfter)
             << "U+" << std::hex << std::uint32_t(scalar);
     }
 }
@@ -237,7 +237,7 @@ TEST(Manifest, OrdinaryNeighboursJoinNothing)
     expectValue(u"a=\u2028"_s, u"\u2028"_s);
 }
 
-TEST(Manifest, TrimmingTakesABlankWhoseMarkThenStandsAlone)
+TEST(Manifest, TrimmingRemovesABlankAndLeavesTheMarkOnIt)
 {
     expectValue(u"a = \u0301x"_s, u"\u0301x"_s);
 }
@@ -253,7 +253,7 @@ TEST(Manifest, ANulIsACharacterLikeAnyOther)
     EXPECT_EQ(blockOf(u"na"_s + nul + u"me = \""_s + nul + u"\""_s), (Block{{u"na"_s + nul + u"me"_s, nul}}));
 }
 
-/// Writes manifests in every way that reads back as the same blocks.
+/// Makes random manifests, each with the blocks that it must be read as.
 class Generator
 {
 public:
@@ -316,7 +316,7 @@ TEST(Manifest, ReadsBackWhatAGeneratorWrote)
     }
 }
 
-TEST(Manifest, AnyTextAtAllIsReadAsTheDefinitionSays)
+TEST(Manifest, RandomTextsAreReadAsByTheStraightforwardReader)
 {
     const QString alphabet = u"[]projects=\"'# \t\n\r\u0085\u2028\u0301\u0600\u200d\\a\u00e9\ufeff"_s;
     std::mt19937 random(7);
@@ -328,9 +328,9 @@ TEST(Manifest, AnyTextAtAllIsReadAsTheDefinitionSays)
     }
 }
 
-TEST(Manifest, HostileTextsAreReadInTimeThatGrowsWithTheirLength)
+TEST(Manifest, HostileTextsAreReadInLinearTime)
 {
-    // Read in anything like quadratic time, each of these would keep the program busy for many minutes.
+    // In quadratic time each of these would take many minutes.
     constexpr int length = 400000;
     const QString header = u"[[projects]]\n"_s;
     EXPECT_EQ(blocksOf(header + u"=\u0301"_s.repeated(length)), (std::vector<Block>(1)));

@@ -20,7 +20,7 @@ std::vector<PlanningProject> projectsOf(const QByteArray &manifest)
     return PlanningProjects::load(homePath(u"plan"_s));
 }
 
-TEST(PlanningProjects, TheManifestIsBelowTheRootAsItIsWritten)
+TEST(PlanningProjects, TheManifestsPathBeginsWithTheRootAsWritten)
 {
     EXPECT_EQ(PlanningProjects::tomlPath(std::nullopt), std::nullopt);
     EXPECT_EQ(PlanningProjects::tomlPath(u""_s), std::nullopt);
@@ -109,7 +109,7 @@ TEST(PlanningProjects, AByteOrderMarkBeforeTheFirstBlockHidesNothing)
     const QByteArray mark = "\xef\xbb\xbf";
     const QByteArray block = "[[projects]]\nname = a\n";
     EXPECT_EQ(projectsOf(mark + block).size(), 1U);
-    EXPECT_EQ(projectsOf(mark + mark + block).size(), 0U) << "one is dropped";
+    EXPECT_EQ(projectsOf(mark + mark + block).size(), 0U) << "only one is dropped";
     EXPECT_EQ(projectsOf(block + mark + block).size(), 1U) << "at the start only";
     EXPECT_EQ(projectsOf(mark).size(), 0U);
 }

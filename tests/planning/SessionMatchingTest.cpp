@@ -14,7 +14,7 @@ using PlanningProjects::countSessions;
 namespace
 {
 
-/// The definition, session by session and project by project.
+/// The count by its definition: each session is compared with the project.
 std::int64_t straightforwardCount(const QString &projectPath, const std::vector<SessionDirectory> &sessions)
 {
     if (projectPath.isEmpty())
@@ -22,7 +22,7 @@ std::int64_t straightforwardCount(const QString &projectPath, const std::vector<
     const auto components = [](const QString &path) {
         QStringList names = Path::standardizing(path).split(u'/');
         if (names.back().isEmpty())
-            names.removeLast(); // of "/"
+            names.removeLast(); // "/" is split into two empty names
         return names;
     };
     const QStringList project = components(projectPath);

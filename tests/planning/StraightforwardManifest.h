@@ -6,11 +6,13 @@
 
 #include <QStringList>
 
-/// The manifest by its definition, character by character, each a text of its own. For comparisons.
+/// A slow reader of manifests that follows their definition, with a string for each character. The program's
+/// reader is compared with it.
 namespace StraightforwardManifest
 {
 
-/// By the standard's data, for scalars that the toolkit's own data knows as well; it may know newer marks.
+/// Whether the scalar joins the one before it, by the table. Where the toolkit's version of Unicode is newer
+/// than the table or older, the toolkit decides: the program depends on its data.
 inline bool joinsWhatPrecedesIt(char32_t scalar)
 {
     const int version = QChar::unicodeVersion(scalar);
@@ -21,12 +23,12 @@ inline bool joinsWhatPrecedesIt(char32_t scalar)
            GraphemeBreakTable::contains(GraphemeBreakTable::joinsWhatPrecedesIt, scalar);
 }
 
-/// The text in pieces that no sign of ASCII shares with anything but a piece of its own. (What else may join,
-/// like the parts of a flag, joins no such sign.)
+/// The text in characters, as far as ASCII signs need it: a sign has a piece of its own unless a scalar joins
+/// it. Scalars that join in other ways, like the parts of a flag, never join such a sign and may be apart.
 inline QStringList characters(const QString &text)
 {
     QStringList characters;
-    bool isJoined = false; // to what precedes it
+    bool isJoined = false; // the next scalar, to the one before it
     for (const char32_t scalar : text.toUcs4()) {
         if (characters.isEmpty() || !(isJoined || joinsWhatPrecedesIt(scalar)))
             characters.emplace_back();
@@ -96,7 +98,7 @@ inline std::vector<std::map<QString, QString>> blocks(QString text)
     return blocks;
 }
 
-/// The blocks as the program reads them, in the same form.
+/// The blocks as the program's reader gives them, in the same form as blocks().
 inline std::vector<std::map<QString, QString>> programsBlocks(const QString &text)
 {
     std::vector<std::map<QString, QString>> blocks;

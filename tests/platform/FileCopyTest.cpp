@@ -26,7 +26,7 @@ QStringList filesInHome()
     return QDir(testHome()).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
-/// The block in which files are copied is a divisor of some of these lengths.
+/// Some of these lengths are multiples of the block size of copying, 64 KiB.
 TEST(FileCopy, HasTheBytesOfAFileOfAnyLength)
 {
     for (const qsizetype length : {0, 1, 65535, 65536, 65537, 131072, 1000000}) {
@@ -40,7 +40,7 @@ TEST(FileCopy, HasTheBytesOfAFileOfAnyLength)
     }
 }
 
-TEST(FileCopy, IsRecognisedToTheLastByte)
+TEST(FileCopy, AnExistingCopyIsComparedToTheLastByte)
 {
     const QByteArray bytes = QByteArray(131072, 'x');
     for (const qsizetype other : {qsizetype{0}, qsizetype{65535}, qsizetype{65536}, bytes.size() - 1}) {
@@ -85,7 +85,7 @@ TEST(FileCopy, AFileOf4GiBAndMoreIsNotCopied)
     EXPECT_EQ(filesInHome(), QStringList{u"sparse"_s});
 }
 
-TEST(FileCopy, ThatDoesNotFitOnTheDiskIsNotLeftThereInPart)
+TEST(FileCopy, IsNotLeftInPartOnAFullDisk)
 {
     putHomeFile(u"file"_s, QByteArray(200000, 'x'));
     const QString file = homePath(u"file"_s);

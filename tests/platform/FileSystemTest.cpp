@@ -52,7 +52,7 @@ TEST(FileSystem, ReadsWholeFilesAndLinksToThem)
     EXPECT_EQ(files().read(homePath(u"empty"_s)), QByteArray(""));
 }
 
-TEST(FileSystem, LeavesRoomBehindTheBytes)
+TEST(FileSystem, LeavesRoomForTheParserBehindTheBytes)
 {
     putHomeFile(u"file"_s, QByteArray(4096, 'x'));
     const auto bytes = files().read(homePath(u"file"_s));
@@ -60,12 +60,12 @@ TEST(FileSystem, LeavesRoomBehindTheBytes)
     EXPECT_GE(bytes->capacity() - bytes->size(), 64);
 }
 
-TEST(FileSystem, ReadsFilesThatDoNotTellTheirSize)
+TEST(FileSystem, ReadsFilesThatReportNoSize)
 {
     const QString status = u"/proc/self/status"_s;
-    const bool tellsNoSize = QFileInfo::exists(status);
-    EXPECT_EQ(files().read(status).value_or("").contains("Pid:"), tellsNoSize);
-    // More than is read at once, and the same each time.
+    const bool hasProc = QFileInfo::exists(status);
+    EXPECT_EQ(files().read(status).value_or("").contains("Pid:"), hasProc);
+    // This file takes several reads and has the same bytes each time.
     QFile limits(u"/proc/self/limits"_s);
     if (limits.open(QFile::ReadOnly)) {
         EXPECT_EQ(files().read(limits.fileName()), limits.readAll());
@@ -115,7 +115,7 @@ TEST(FileSystem, APathWithANulInsideNamesNothing)
     EXPECT_EQ(homeFile(u"file"_s), QByteArray("x"));
 }
 
-TEST(FileSystem, APathLongerThanAnyNamesNothing)
+TEST(FileSystem, ATooLongPathNamesNothing)
 {
     FileSystem &files = FileSystem::system();
     const QString path = u"/x"_s.repeated(5000000);
@@ -152,7 +152,7 @@ TEST(FileSystem, WritingFollowsALinkToAFileThatIsNotThereYet)
     EXPECT_TRUE(QFileInfo(homePath(u"link"_s)).isSymLink());
 }
 
-TEST(FileSystem, ANewFileIsReadableWithinTheUsersMask)
+TEST(FileSystem, ANewFilesModeIsLimitedByTheUmask)
 {
     const mode_t previous = ::umask(027);
     EXPECT_TRUE(files().write(homePath(u"file"_s), "x"));
@@ -176,7 +176,7 @@ TEST(FileSystem, WritingOverAnythingButAFileFailsWithoutWaiting)
     EXPECT_FALSE(files().write(homePath(u"missing/file"_s), "x"));
 }
 
-TEST(FileSystem, ALimitOnTheSizeOfFilesIsAWriteThatFails)
+TEST(FileSystem, AWriteBeyondTheFileSizeLimitFails)
 {
     putHomeFile(u"file"_s, "old");
     const QString path = homePath(u"file"_s);
@@ -230,7 +230,7 @@ TEST(FileSystem, MakesDirectoriesWithTheirParents)
     EXPECT_FALSE(files().exists(homePath(u"file/inside"_s)));
 }
 
-TEST(FileSystem, TellsWhatExistsLinksFollowed)
+TEST(FileSystem, ExistenceFollowsLinks)
 {
     putHomeFile(u"file"_s, "x");
     ASSERT_TRUE(QFile::link(u"file"_s, homePath(u"link"_s)));

@@ -15,7 +15,7 @@ QString homeInThePasswordDatabase()
     return entry ? QString::fromUtf8(entry->pw_dir) : QString();
 }
 
-TEST(Home, IsWhatHomeSaysWhereThatIsAbsolute)
+TEST(Home, IsTheValueOfHomeWhereThatIsAbsolute)
 {
     qputenv("HOME", "/somewhere/else");
     EXPECT_EQ(homeDirectory(), u"/somewhere/else"_s);

@@ -115,13 +115,13 @@ TEST(Json, Goes512ContainersDeepAndNoDeeper)
     EXPECT_FALSE(isValid(QByteArray(1000000, '[')));
 }
 
-TEST(Json, ReadsBytesWithoutRoomBehindThem)
+TEST(Json, ReadsBytesWithoutPadding)
 {
     const char bytes[] = {'[', '1', ']'};
     EXPECT_EQ(parse(QByteArray::fromRawData(bytes, sizeof bytes)).root().elementCount(), 1U);
 }
 
-TEST(Json, ReadsNothingBehindBytesWithoutRoom)
+TEST(Json, ReadsNothingBehindBytesWithoutPadding)
 {
     const auto page = std::size_t(::sysconf(_SC_PAGESIZE));
     void *const pages = ::mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
@@ -238,7 +238,7 @@ TEST(Json, CountsAndListsElementsOfArraysOnly)
     }
 }
 
-TEST(Json, CountsBeyondWhatTheParserCounts)
+TEST(Json, CountsMoreElementsThanTheParserStores)
 {
     constexpr std::size_t count = (1U << 24) + 5;
     QByteArray bytes = "[";

@@ -91,7 +91,7 @@ TEST(JsonWriter, SortsMembersByTheBytesOfTheirNames)
     }
 }
 
-TEST(JsonWriter, WritesValidUtf8EvenOfHalfACharacter)
+TEST(JsonWriter, WritesValidUtf8EvenForALoneSurrogate)
 {
     const QByteArray bytes = Json::encode(QString(QChar(0xD800)) + u'x');
     EXPECT_TRUE(Text::decoded(bytes)) << bytes.toStdString();

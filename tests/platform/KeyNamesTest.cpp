@@ -52,7 +52,7 @@ TEST(KeyNames, APunctuationMarkIsNamedWhereItIsAKey)
         EXPECT_EQ(withKeyNames(mark), mark);
     }
     EXPECT_EQ(combinationInWords(u"⌃"_s, u"⟨200⟩"_s), u"Control key 200");
-    EXPECT_EQ(combinationInWords(u"⌘"_s, u"⟨"_s), u"Command ⟨") << "no code, but what a layout prints";
+    EXPECT_EQ(combinationInWords(u"⌘"_s, u"⟨"_s), u"Command ⟨") << "a character of a layout, not a key code";
     EXPECT_EQ(combinationInWords(u"⌘"_s, u"⟩"_s), u"Command ⟩");
     EXPECT_EQ(combinationInWords(u""_s, u"F5"_s), u"F5");
     EXPECT_EQ(combinationInWords(u"⌥⇧"_s, u"⇟"_s), u"Option Shift Page Down");

@@ -98,7 +98,7 @@ TEST(Path, ExpandingALeadingTilde)
         EXPECT_EQ(Path::expandingTilde(path), result) << path.toStdString();
 }
 
-TEST(Path, ATildeGivesAHomeWithoutItsSlashAtTheEnd)
+TEST(Path, ATildeGivesAHomeWithoutItsTrailingSlash)
 {
     qputenv("HOME", "/Users//me/");
     EXPECT_EQ(Path::expandingTilde(u"~"_s), u"/Users/me"_s);
@@ -162,7 +162,7 @@ TEST(Path, StandardizingTwiceChangesNothingMore)
     }
 }
 
-/// A disk on which just these paths exist.
+/// A file system in which only these paths exist.
 struct Disk : FileSystem {
     QSet<QString> paths;
     std::optional<QByteArray> read(const QString &) override { return std::nullopt; }
@@ -183,7 +183,7 @@ TEST(Path, StandardizingDropsPrivateWhereTheSystemHasLinksIntoIt)
               VANTLE_HAS_LINKS_INTO_PRIVATE ? u"/tmp/x" : u"/private/tmp/x");
 }
 
-TEST(Path, PrivateStaysBeforeEveryDirectoryThatTheRootReallyHas)
+TEST(Path, PrivateStaysBeforeTopLevelDirectories)
 {
     Disk disk;
     const Seam<FileSystem>::Replacement replacement(disk);

@@ -41,7 +41,7 @@ TEST(RegularFile, IsClosedOnce)
     EXPECT_FALSE(file.close());
 }
 
-TEST(RegularFile, IsTheSameUnderEachOfItsNamesOnly)
+TEST(RegularFile, IsTheSameUnderAHardLinkButNotAsACopy)
 {
     putHomeFile(u"file"_s, "x");
     putHomeFile(u"copy"_s, "x");

@@ -19,7 +19,7 @@ TEST(Seam, GivesTheSystemsOwnByDefault)
     EXPECT_EQ(Seam<Clock>::current().hour, 12);
 }
 
-TEST(Seam, StandInsNestAndGoAway)
+TEST(Seam, ReplacementsNestAndAreUndone)
 {
     Clock outer{1};
     Clock inner{2};

@@ -124,14 +124,14 @@ TEST(Text, ComposesEveryScalarAsTheToolkitDoes)
     }
 }
 
-TEST(Text, ComposesTheFirstOfTheMarks)
+TEST(Text, ComposesTheFirstCombiningMark)
 {
     EXPECT_EQ(Text::composed(u"a\u0300"_s), u"\u00e0"_s);
     EXPECT_EQ(Text::composed(u"\u00ea\u0300"_s), u"\u1ec1"_s);
     EXPECT_TRUE(Text::equal(u"a\u0300", u"\u00e0"));
 }
 
-TEST(Text, ComposesEachLetterOfATextForItself)
+TEST(Text, ComposesEachLetterSeparately)
 {
     EXPECT_EQ(Text::composed(u"a\u0301e\u0301e\u0300a\u0301"_s), u"\u00e1\u00e9\u00e8\u00e1"_s);
 }
@@ -142,7 +142,7 @@ TEST(Text, MarksStayBeforeTheStarterThatFollowsThem)
         EXPECT_EQ(Text::composed(text), text) << text.toStdString();
 }
 
-TEST(Text, MarksOfOneClassKeepTheirOrderAndHideEachOther)
+TEST(Text, MarksOfOneClassKeepTheirOrderAndBlockEachOther)
 {
     constexpr int many = 20;
     EXPECT_EQ(Text::composed(u'q' + u"\u0302\u0308\u0316"_s.repeated(many)),
@@ -158,9 +158,9 @@ TEST(Text, ComposingKeepsAByteOrderMark)
     EXPECT_FALSE(Text::equal(u"\ufeffa", u"a"));
 }
 
-TEST(Text, ComposesLongTextsInTimeThatGrowsWithTheirLength)
+TEST(Text, ComposesLongTextsInLinearTime)
 {
-    // Each of these would keep a quadratic composition busy for minutes.
+    // In quadratic time each of these would take minutes.
     constexpr int length = 300000;
     const QString letters = u"e\u0301"_s.repeated(length);
     EXPECT_EQ(Text::composed(letters), u"\u00e9"_s.repeated(length));
@@ -177,12 +177,12 @@ TEST(Text, ComposesOneLetterWithAMillionMarks)
     constexpr int length = 1000000;
     const QString acutes = u"\u0301"_s.repeated(length);
     EXPECT_EQ(Text::composed(u'e' + acutes), u'\u00e9' + acutes.chopped(1));
-    // Marks that compose with each other, to the end.
+    // Marks that compose with each other, up to the last.
     EXPECT_EQ(Text::composed(u"\u0bc6\u0bbe"_s.repeated(length)), u"\u0bca"_s.repeated(length));
     EXPECT_EQ(Text::composed(u"\u0cc6\u0cc2\u0cd5"_s.repeated(length)), u"\u0ccb"_s.repeated(length));
 }
 
-TEST(Text, ComposesWhatStandsOutsideTheFirstPlane)
+TEST(Text, ComposesScalarsOutsideTheBasicPlane)
 {
     // Two vowel signs that join after one that does not.
     EXPECT_EQ(Text::composed(u"\U000115b9\U000115bb\U000115b9\U000115af"_s),
