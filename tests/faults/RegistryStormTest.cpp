@@ -8,6 +8,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <csignal>
 #include <cstdio>
@@ -60,7 +61,12 @@ public:
 
     Q_DISABLE_COPY_MOVE(RepeatedWork)
 
-    bool isRunning() const { return ::waitpid(m_process, nullptr, WNOHANG) == 0; }
+    bool isRunning() const
+    {
+        siginfo_t ended{};
+        // The process stays waitable, so that its id is not given to another one.
+        return ::waitid(P_PID, id_t(m_process), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 && ended.si_pid == 0;
+    }
 
 private:
     pid_t m_process;

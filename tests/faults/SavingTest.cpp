@@ -66,7 +66,6 @@ TEST(Saving, KilledAtAnyMomentLeavesTheOldBytesOrABeginningOfTheNew)
 
 TEST(Saving, AFullDiskFailsTheSaveAndTheNextOneWorks)
 {
-    const QString home = testHome();
     Persistence::saveBrowserPatterns({{u"/a"_s, {u"x"_s}}});
     EXPECT_TRUE(inChildProcess([] {
         const rlimit limit{1000, RLIM_INFINITY};

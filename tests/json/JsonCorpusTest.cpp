@@ -24,7 +24,10 @@ struct Sample {
     /// The verdict, which is part of the name.
     bool accepted() const { return name.startsWith(u"accept-"_s); }
     /// Whether the verdict is about the bytes as a whole file and not as a value inside another.
-    bool onlyWhole() const { return name.contains(u"-whole-"_s); }
+    bool onlyWhole() const
+    {
+        return name.startsWith(u"accept-whole-"_s) || name.startsWith(u"reject-whole-"_s);
+    }
 };
 
 const std::vector<Sample> &corpus()
