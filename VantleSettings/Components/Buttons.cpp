@@ -13,7 +13,7 @@
 namespace
 {
 
-/// How a borderless button answers the pointer.
+/// The opacity of a borderless button: disabled, pressed or neither.
 qreal opacity(const QPushButton &button)
 {
     if (!button.isEnabled())
@@ -38,7 +38,7 @@ QString withoutMnemonics(QString text)
 PushButton::PushButton(const QString &text, Size size, QWidget *parent)
     : QPushButton(withoutMnemonics(text), parent), m_size(size)
 {
-    QAccessible::installFactory(buttonFactory); // once, however often it is asked to
+    QAccessible::installFactory(buttonFactory); // has no effect after the first call
     setTextStyle(*this, size == Size::small ? TextStyle::size12 : TextStyle::size13);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);

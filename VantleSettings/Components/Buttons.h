@@ -4,7 +4,7 @@
 
 #include <QPushButton>
 
-/// A push button in one of two heights. Its text is shown as it is.
+/// A push button in one of two heights. Its text is shown literally: "&" marks no mnemonic.
 class PushButton : public QPushButton
 {
     Q_OBJECT
@@ -20,8 +20,8 @@ private:
     Size m_size;
 };
 
-/// An icon button: a symbol in the secondary colour, in a frame of 22 by 22 points; the tooltip is its name
-/// unless it is given another.
+/// An icon button: a symbol in the secondary colour, in a frame of 22 by 22 points. The tooltip is its
+/// accessible name unless another one is set.
 class IconButton : public QPushButton
 {
     Q_OBJECT
@@ -41,8 +41,8 @@ private:
     Symbol m_symbol;
 };
 
-/// Lets a key combination click this button while it is shown and enabled: at once, where the button's own
-/// shortcut would show it pressed for a moment first, in which the window may close.
+/// Makes a key combination click this button while it is shown and enabled. The click happens at once. The
+/// button's own shortcut would show it pressed for a moment first, and the window may close meanwhile.
 void clickOn(const QKeySequence &keys, QPushButton *button);
 
 /// A link button: a text in the accent colour.

@@ -7,7 +7,7 @@
 namespace
 {
 
-/// The toolkit exposes a button with a menu as something else than a push button.
+/// Has the role of a push button, which the toolkit does not give to a button with a menu.
 class AccessibleMenuButton : public AccessibleButton
 {
 public:
@@ -45,8 +45,8 @@ QAccessibleInterface *menuButtonFactory(const QString &, QObject *object)
 MenuButton::MenuButton(const Symbol &symbol, QWidget *parent)
     : IconButton(symbol, {}, parent), m_menu(new QMenu(this))
 {
-    QAccessible::installFactory(menuButtonFactory); // once, however often it is asked to
-    // Not as the button's own menu, which would hold the program up in a nested event loop while it is open.
+    QAccessible::installFactory(menuButtonFactory); // has no effect after the first call
+    // Not setMenu(): the button would run a nested event loop while the menu is open.
     connect(this, &QPushButton::clicked, this, [this] {
         m_menu->clear();
         Q_EMIT menuNeeded(*m_menu);

@@ -2,8 +2,8 @@
 
 #include "Components/Buttons.h"
 
-/// A symbol that opens a menu, which is filled anew each time. Exposed as a push button; the menu with its
-/// items is below it in the tree.
+/// An icon button that opens a menu, which is filled each time it opens. Exposed as a push button whose
+/// accessible child is the menu.
 class MenuButton : public IconButton
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ public:
     QMenu &menu() const { return *m_menu; }
 
 Q_SIGNALS:
-    /// The menu, empty, is about to open.
+    /// The menu is empty and about to open: add its items.
     void menuNeeded(QMenu &menu);
 
 private:

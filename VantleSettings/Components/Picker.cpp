@@ -19,7 +19,7 @@ QAccessibleInterface *pickerFactory(const QString &, QObject *object)
 
 Picker::Picker(QWidget *parent) : QComboBox(parent)
 {
-    QAccessible::installFactory(pickerFactory); // once, however often it is asked to
+    QAccessible::installFactory(pickerFactory); // has no effect after the first call
     connect(this, &QComboBox::currentIndexChanged, this, [this] { AccessibleComboBox::notifyChanged(this); });
     setTextStyle(*this, TextStyle::size12);
     fitWidth();

@@ -2,8 +2,8 @@
 
 #include <QComboBox>
 
-/// A pop-up of a few choices. Its owner reacts to `activated`, which only the user sends. The wheel never
-/// changes it, so a page can be scrolled across it.
+/// A pop-up of a few choices. Its owner reacts to `activated`, which only a choice by the user emits. The
+/// wheel never changes it, so a page can be scrolled while the pointer is over it.
 class Picker : public QComboBox
 {
     Q_OBJECT
@@ -11,7 +11,7 @@ class Picker : public QComboBox
 public:
     explicit Picker(QWidget *parent = nullptr);
 
-    /// Replaces the choices, keeping the index; sends nothing.
+    /// Replaces the choices, keeping the index if it still exists. Emits no signal.
     void setEntries(const QStringList &entries);
 
 protected:

@@ -6,14 +6,14 @@
 void RowGeometry::setHeights(std::vector<int> heights)
 {
     m_heights = std::move(heights);
-    addUpTops();
+    updateTops();
 }
 
 void RowGeometry::changeHeights(const std::map<qsizetype, int> &heights)
 {
     for (const auto &[index, height] : heights)
         m_heights[size_t(index)] = height;
-    addUpTops();
+    updateTops();
 }
 
 RowGeometry::Range RowGeometry::rowsBetween(int top, int bottom) const
@@ -23,7 +23,7 @@ RowGeometry::Range RowGeometry::rowsBetween(int top, int bottom) const
     return {first, std::min<qsizetype>(end, count())};
 }
 
-void RowGeometry::addUpTops()
+void RowGeometry::updateTops()
 {
     m_tops.resize(m_heights.size() + 1);
     for (size_t index = 0; index < m_heights.size(); ++index) {

@@ -5,8 +5,8 @@
 #include <map>
 #include <vector>
 
-/// Where rows lie one below the other, with dividers between them. Heights are those of rows without their
-/// dividers, in points.
+/// The positions of rows one below the other, with dividers between them. Positions and heights are in
+/// points; a row's height does not include its divider.
 class RowGeometry
 {
 public:
@@ -21,21 +21,21 @@ public:
     };
 
     void setHeights(std::vector<int> heights);
-    /// Sets the heights of the rows at these places.
+    /// Sets the heights of the rows with these indices.
     void changeHeights(const std::map<qsizetype, int> &heights);
 
     qsizetype count() const { return qsizetype(m_heights.size()); }
     int height(qsizetype index) const { return m_heights[size_t(index)]; }
-    /// The top of a row, or with the count of rows the end of all.
+    /// The top of a row; for `count()` the bottom of the last row.
     int top(qsizetype index) const { return m_tops[size_t(index)]; }
     int totalHeight() const { return m_tops.back(); }
 
-    /// The rows that lie, at least in part, between these places.
+    /// The rows that lie, at least in part, between these positions.
     Range rowsBetween(int top, int bottom) const;
 
 private:
-    void addUpTops();
+    void updateTops();
 
     std::vector<int> m_heights;
-    std::vector<int> m_tops{0}; ///< of every row and of the end
+    std::vector<int> m_tops{0}; ///< of every row, then the bottom of the last one
 };

@@ -16,5 +16,5 @@ QHBoxLayout *rowLayout(QWidget *tile, QLayout *texts, std::initializer_list<QWid
 /// Lays out the texts of a row one below the other.
 QVBoxLayout *rowTexts(std::initializer_list<QWidget *> texts);
 
-/// The height of such a row in pixels when it has a title and a subtitle of one line each.
+/// The height of a row laid out like this, in points, whose title and subtitle have one line each.
 int rowHeight(TextStyle title, TextStyle subtitle);

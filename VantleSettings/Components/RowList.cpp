@@ -21,8 +21,8 @@ int heightOf(const QWidget *row, int width)
     return row->hasHeightForWidth() ? row->heightForWidth(width) : row->sizeHint().height();
 }
 
-/// The control of a row that Tab goes to. It is no focus proxy of its row's: Tab would find it a second time
-/// where the row itself stands in the chain.
+/// The control of a row that Tab goes to. It is not the row's focus proxy: Tab would reach it a second time,
+/// at the row's own place in the focus chain.
 QWidget *controlOf(QWidget *row)
 {
     for (QWidget *child : row->findChildren<QWidget *>()) {
@@ -73,7 +73,7 @@ QSize RowList::sizeHint() const
     return {0, m_geometry.totalHeight()};
 }
 
-/// Moves the rows whose ids stay to their new places and lets the others go.
+/// Moves the rows whose ids stay to their new places and discards the others.
 void RowList::keepRows(const std::vector<QUuid> &ids)
 {
     QHash<QUuid, qsizetype> places;
@@ -101,8 +101,8 @@ void RowList::expectHeights()
     updateGeometry();
 }
 
-/// Compares the rows that exist with the heights so far; true when one differs. What stands above the part
-/// in view pushes nothing down that the user is looking at.
+/// Updates the heights of the rows that exist; returns whether one has changed. If rows above the part in
+/// view have, scrolls by the difference, so that the part in view stays where it is.
 bool RowList::measure()
 {
     const int inView = m_scrollArea ? mapFrom(m_scrollArea->viewport(), QPoint()).y() : 0;
@@ -127,7 +127,7 @@ bool RowList::measure()
     return true;
 }
 
-/// The rows that must exist.
+/// The rows that must exist in any case: all of a short list, of a longer one those in view.
 RowList::Range RowList::wanted() const
 {
     if (count() <= virtualizationThreshold)
@@ -151,17 +151,18 @@ void RowList::watchScrollArea()
         return;
     area->viewport()->installEventFilter(this);
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, &RowList::refresh);
-    // The page behind the bar is laid out after its range is known.
+    // The page is laid out only after the bar's range has changed.
     connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, this, &RowList::refresh,
             Qt::QueuedConnection);
 }
 
-/// Brings the rows that exist, their heights and their places in line with what is in view.
+/// Creates and deletes rows according to what is in view, and updates their heights and places.
 void RowList::refresh()
 {
     if (std::exchange(m_updating, true))
         return;
-    // A row may turn out taller than expected, so that others come into view or leave it: few rounds do.
+    // A row may have another height than expected, so that others come into view or leave it. A few rounds
+    // are enough.
     constexpr int rounds = 4;
     for (int round = 0; round < rounds; ++round) {
         createMissingRows();
@@ -217,7 +218,7 @@ bool RowList::mustKeep(const QWidget *row) const
 void RowList::discard(const Row &row)
 {
     row.widget->hide();
-    row.widget->deleteLater(); // an event may be on its way through it
+    row.widget->deleteLater(); // it may be handling an event
     if (row.divider) {
         row.divider->hide();
         row.divider->deleteLater();
@@ -240,7 +241,7 @@ void RowList::place()
     }
 }
 
-/// Puts a new row's control where Tab expects it: behind that of the row before it.
+/// Puts a new row's control into the tab order, after the control of the existing row before it.
 void RowList::chainFocus(std::map<qsizetype, Row>::iterator row)
 {
     QWidget *before = row == m_rows.begin() ? m_start : controlOf(std::prev(row)->second.widget);
@@ -276,7 +277,7 @@ void RowList::showEvent(QShowEvent *event)
     refresh();
 }
 
-/// Tab goes on to the next row also where that row does not exist yet.
+/// Moves the focus to the next or previous row, which is created if it does not exist yet.
 bool RowList::focusNextPrevChild(bool next)
 {
     const QWidget *focus = focusWidget();

@@ -12,27 +12,27 @@
 
 class QScrollArea;
 
-/// Rows one below the other with dividers between them, however many. Up to a hundred rows all exist; of a
-/// longer list only those in view do, besides the one that has the keyboard and those that the delegate
-/// keeps. A row is deleted at the latest when its id leaves the list.
+/// A list of any number of rows, with dividers between them. Up to a hundred rows all exist. Of a longer list
+/// there are only the rows in view, the one with the keyboard focus and those that the delegate keeps. A row
+/// is deleted at the latest when its id leaves the list.
 ///
-/// The toolkit's item views draw pictures of rows and have an editor in one of them at a time; here each row
-/// has its own controls, which keep caret and undo history and are in the accessibility tree.
+/// The toolkit's item views paint their rows and open an editor in one of them at a time. Here each row has
+/// its own controls, which keep caret and undo history and are in the accessibility tree.
 class RowList : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// How the list makes its rows; all are told the row's place in the list.
+    /// How the list makes and updates its rows. `index` is a row's place in the list.
     struct RowDelegate {
-        /// Makes a row. Its one control that takes the keyboard is its focus proxy.
+        /// Makes a row. At most one of its controls takes the focus by Tab; it is not the row's focus proxy.
         std::function<QWidget *(qsizetype index, QWidget *parent)> make;
         /// Updates an existing row.
         std::function<void(QWidget *row, qsizetype index)> show;
-        /// Makes the function that says how high each row will probably be, in points; asked again after a
-        /// change of the text size.
+        /// Returns the function that estimates the height of each row, in points. Called again when the ids
+        /// or the text size change.
         std::function<std::function<int(qsizetype index)>()> expectedHeights;
-        /// Whether a row out of view has a state that only it knows, and so must not be deleted.
+        /// Whether a row has state that exists nowhere else, so that it must not be deleted out of view.
         std::function<bool(const QWidget *row)> mustKeep = {};
     };
 

@@ -18,8 +18,8 @@ namespace
 
 constexpr int captionPadding = 4;
 
-/// The card, and the lines between its rows. They are the card's to draw: where a pixel is no whole part of a
-/// point a row that is painted anew covers the first pixel of the line below it.
+/// The card and the lines between its rows. The card draws the lines because at fractional scale factors a
+/// row that is repainted covers the first pixel of the line below it.
 class Card : public QWidget
 {
 public:
@@ -51,7 +51,7 @@ SettingsGroup::SettingsGroup(const Texts &texts, const std::vector<QWidget *> &r
         header->setAccessibleName(*texts.header);
         header->setContentsMargins(captionPadding, 0, captionPadding, 0);
         layout->addWidget(header);
-        setAccessibleRole(this, QAccessible::Grouping); // before the name, which fixes it
+        setAccessibleRole(this, QAccessible::Grouping); // before the name: setting that fixes the role
         setAccessibleName(*texts.header);
     }
     auto *card = new Card;
@@ -64,7 +64,7 @@ SettingsGroup::SettingsGroup(const Texts &texts, const std::vector<QWidget *> &r
     m_footer->setContentsMargins(captionPadding, 0, captionPadding, 0);
     layout->addWidget(m_footer);
     setFooter(texts.footer);
-    // The program's own footers name keys by their signs; those with paths from files never stand here.
+    // Only the program's own footers, which have key symbols, come here; those with paths come later.
     changeAccessibleName(m_footer, withKeyNames(m_footer->text()));
     setRows(rows);
 }

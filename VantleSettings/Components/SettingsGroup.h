@@ -20,12 +20,12 @@ public:
         std::optional<QString> footer = {};
     };
 
-    /// The card's rows belong to the group from here on.
+    /// Takes ownership of the card's rows.
     explicit SettingsGroup(const Texts &texts, const std::vector<QWidget *> &rows, QWidget *parent = nullptr);
 
     void setFooter(const std::optional<QString> &footer);
 
-    /// Shows these rows from the top; earlier rows that are not among them are deleted.
+    /// Replaces the card's rows, from top to bottom. Earlier rows that are not among them are deleted.
     void setRows(const std::vector<QWidget *> &rows);
 
 private:

@@ -25,7 +25,7 @@ public:
 
     explicit SettingsRow(const Content &content, QWidget *parent = nullptr);
 
-    /// `spoken` says the subtitle in words where it has signs of keys.
+    /// `spoken` is the subtitle for screen readers where it has key symbols: with words instead of them.
     void setSubtitle(const std::optional<QString> &subtitle, const QString &spoken = {});
 
 private:
@@ -33,7 +33,8 @@ private:
     QWidget *m_accessory;
 };
 
-/// The place of the line between two rows, which their card draws. Decoration: not in the accessibility tree.
+/// The space for the line between two rows; the card draws the line. Decoration: not in the accessibility
+/// tree.
 class SettingsRowDivider : public QWidget
 {
     Q_OBJECT

@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-/// A tile's side and corner radius in pixels, and the size of its symbol in points.
+/// A tile's side and corner radius, and the size of its symbol, in points.
 struct TileSize {
     int side = Tokens::iconTile;
     int radius = Tokens::iconTileRadius;
@@ -33,6 +33,6 @@ private:
     TileSize m_size;
 };
 
-/// The tile itself, for views that paint their rows.
+/// Draws the tile, for views that paint their own rows.
 void drawSidebarIcon(QPainter &painter, const QRectF &tile, const QString &symbol, SystemColor tint,
                      TileSize size = {});

@@ -30,7 +30,7 @@ void announceChange(QWidget *control, const QAccessible::State &changed)
     QAccessible::updateAccessibility(&event);
 }
 
-/// A check box that is toggled as a click does it: its owner decides.
+/// A check box whose toggle action is a click, so that its owner decides.
 class AccessibleSwitch : public AccessibleWidget
 {
 public:
@@ -75,7 +75,7 @@ QAccessibleInterface *switchFactory(const QString &, QObject *object)
 
 Switch::Switch(QWidget *parent) : QCheckBox(parent)
 {
-    QAccessible::installFactory(switchFactory); // once, however often it is asked to
+    QAccessible::installFactory(switchFactory); // has no effect after the first call
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
 }
@@ -118,9 +118,9 @@ void Switch::nextCheckState()
 {
     if (m_pending)
         return;
-    const bool wish = !isChecked();
-    Q_EMIT requested(wish);
-    if (isChecked() != wish && !m_pending)
+    const bool target = !isChecked();
+    Q_EMIT requested(target);
+    if (isChecked() != target && !m_pending)
         animateRefusal();
 }
 
@@ -142,10 +142,10 @@ void Switch::slideTo(qreal target)
     slide.start();
 }
 
-/// The knob goes where it was asked to go and comes back.
+/// Moves the knob to the requested side and back, and tells screen readers that the state is unchanged.
 void Switch::animateRefusal()
 {
-    // A listener that saw the switch asked still believes that it moved.
+    // A client that toggled the switch may assume that its state has changed.
     QAccessible::State changed;
     changed.checked = true;
     announceChange(this, changed);
@@ -200,15 +200,16 @@ void Switch::paintEvent(QPaintEvent *)
                        Tokens::switchWidth, Tokens::switchHeight);
     fillShape(painter, capsule(track), mixed(Tokens::switchOff, accentColor(), m_knob));
     const qreal diameter = Tokens::switchHeight - 2 * knobInset;
-    const qreal way = Tokens::switchWidth - 2 * knobInset - diameter;
-    const qreal share = layoutDirection() == Qt::RightToLeft ? 1 - m_knob : m_knob;
-    const QRectF knob(track.left() + knobInset + way * share, track.top() + knobInset, diameter, diameter);
+    const qreal travel = Tokens::switchWidth - 2 * knobInset - diameter;
+    const qreal fraction = layoutDirection() == Qt::RightToLeft ? 1 - m_knob : m_knob;
+    const QRectF knob(track.left() + knobInset + travel * fraction, track.top() + knobInset, diameter,
+                      diameter);
     fillShape(painter, capsule(knob), isDown() ? QColor(230, 230, 230) : QColor(Qt::white));
     if (m_pending)
         paintProgress(painter, knob);
 }
 
-/// Without motion the arc stands still.
+/// With reduced motion the arc does not turn.
 void Switch::paintProgress(QPainter &painter, const QRectF &knob) const
 {
     const bool turns = m_spin != nullptr && m_spin->state() == QAbstractAnimation::Running;

@@ -5,10 +5,9 @@
 
 #include <optional>
 
-/// An on/off switch that asks before it changes: a click keeps the present state and sends `requested`;
-/// the owner of the state answers with `setChecked` before returning. Without an answer the knob returns,
-/// and a screen reader is told the state that has stayed. An owner that needs time for its answer says so
-/// with `setPending`.
+/// An on/off switch that asks before it changes: a click keeps the present state and emits `requested`; the
+/// owner of the state calls `setChecked` before its slot returns. If it does not, the knob moves back, and a
+/// screen reader is told that the state is unchanged. An owner that needs more time calls `setPending`.
 class Switch : public QCheckBox
 {
     Q_OBJECT
@@ -16,11 +15,11 @@ class Switch : public QCheckBox
 public:
     explicit Switch(QWidget *parent = nullptr);
 
-    /// Shows this state, the knob sliding there when the switch is on screen. Sends no `requested`.
+    /// Shows this state, with an animation if the switch is on screen. Does not emit `requested`.
     void setChecked(bool on);
 
-    /// Shows a pending change, the knob at the requested side. Until that ends a press does nothing; the
-    /// switch keeps the keyboard focus. If the state is the old one at the end, the knob falls back.
+    /// Begins or ends a pending change. Meanwhile the knob is at the requested side and a press does nothing;
+    /// the switch keeps the keyboard focus. If the state is unchanged at the end, the knob moves back.
     void setPending(bool pending);
     bool isPending() const { return m_pending; }
 
@@ -45,6 +44,6 @@ private:
     qreal m_knob = 0;                     ///< where the knob is, from off (0) to on (1)
     QVariantAnimation *m_slide = nullptr; ///< made when the knob first moves
     bool m_pending = false;
-    bool m_stateBefore = false;          ///< when the pending change began
-    QVariantAnimation *m_spin = nullptr; ///< made when a change is first pending
+    bool m_stateBefore = false;          ///< the state when the pending change began
+    QVariantAnimation *m_spin = nullptr; ///< turns the arc; made when a change is first pending
 };

@@ -13,9 +13,9 @@
 namespace
 {
 
-/// One corner, from the side before it to the side after it. Each half is a cubic that leaves its side
-/// without curvature and meets the other half on the diagonal, where place, direction and curvature are those
-/// of the circle of this radius.
+/// Adds one corner, from the side before it to the side after it. Each half is a cubic that starts at its
+/// side with zero curvature. The halves meet on the diagonal, where position, direction and curvature are
+/// those of the circle of this radius.
 void addCorner(QPainterPath &path, QPointF corner, QPointF toBefore, QPointF toAfter, qreal radius,
                qreal limit)
 {
@@ -28,7 +28,7 @@ void addCorner(QPainterPath &path, QPointF corner, QPointF toBefore, QPointF toA
     path.cubicTo(corner + toAfter * 2 * diagonal, corner + toAfter * control, corner + toAfter * start);
 }
 
-/// The device pixels of a rectangle. Its corners are rounded as the toolkit rounds those of a widget's clip.
+/// A rectangle in device pixels. Its corners are rounded as the toolkit rounds those of a widget's clip.
 QRect devicePixels(const QPainter &painter, const QRectF &rect)
 {
     const QTransform toDevice = painter.deviceTransform();
@@ -71,7 +71,7 @@ QPainterPath capsule(const QRectF &rect)
 
 QBrush tintGradient(const QRectF &rect, const QColor &tint)
 {
-    const auto lightened = [](float part) { return part + 0.18F * (1 - part); };
+    const auto lightened = [](float channel) { return channel + 0.18F * (1 - channel); };
     QLinearGradient gradient(rect.topLeft(), rect.bottomLeft());
     gradient.setColorAt(
         0, QColor::fromRgbF(lightened(tint.redF()), lightened(tint.greenF()), lightened(tint.blueF())));
@@ -79,11 +79,11 @@ QBrush tintGradient(const QRectF &rect, const QColor &tint)
     return gradient;
 }
 
-QColor mixed(const QColor &from, const QColor &to, qreal share)
+QColor mixed(const QColor &from, const QColor &to, qreal fraction)
 {
-    const auto part = [share](float a, float b) { return a + (b - a) * static_cast<float>(share); };
-    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
+    const auto channel = [fraction](float a, float b) { return a + (b - a) * static_cast<float>(fraction); };
+    return QColor::fromRgbF(channel(from.redF(), to.redF()), channel(from.greenF(), to.greenF()),
+                            channel(from.blueF(), to.blueF()), channel(from.alphaF(), to.alphaF()));
 }
 
 void fillShape(QPainter &painter, const QPainterPath &path, const QBrush &brush)
@@ -115,7 +115,7 @@ void drawVerticalHairline(QPainter &painter, const QRectF &rect, const QColor &c
 
 void drawCard(QPainter &painter, const QRectF &rect)
 {
-    // Between two pixels an edge would be spread over both, and half of it cut off with the widget.
+    // An edge between two pixels would be spread over both, and the widget's clip would cut off half of it.
     const QRectF card = inPoints(painter, devicePixels(painter, rect));
     fillShape(painter, continuousRectangle(card, Tokens::cardRadius), Tokens::cardBackground);
     const qreal width = std::max(0.5, devicePixel(painter));

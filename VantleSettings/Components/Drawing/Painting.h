@@ -12,23 +12,24 @@ QPainterPath continuousRectangle(const QRectF &rect, qreal radius);
 /// A rectangle whose short sides are half circles.
 QPainterPath capsule(const QRectF &rect);
 
-/// The fill of tinted tiles over the height of `rect`: from the tint lightened by 18 % to the tint.
+/// The vertical gradient of tinted tiles: the tint lightened by 18 % at the top of `rect`, the tint at its
+/// bottom.
 QBrush tintGradient(const QRectF &rect, const QColor &tint);
 
-/// Between two colours, opacity included: `share` 0 is `from`, 1 is `to`.
-QColor mixed(const QColor &from, const QColor &to, qreal share);
+/// Interpolates between two colours, opacity included: `fraction` 0 is `from`, 1 is `to`.
+QColor mixed(const QColor &from, const QColor &to, qreal fraction);
 
 /// Fills with antialiased edges, leaving the painter as it was.
 void fillShape(QPainter &painter, const QPainterPath &path, const QBrush &brush);
 
-/// How wide one device pixel is, in points.
+/// The width of one device pixel, in points.
 qreal devicePixel(const QPainter &painter);
 
 /// A horizontal line of exactly one device pixel at every scale factor, at the top of `rect`.
 void drawHairline(QPainter &painter, const QRectF &rect, const QColor &color);
 
-/// The same, upright, at the leading side of `rect` as it stands (its left).
+/// The same as a vertical line at the left of `rect`, in either layout direction.
 void drawVerticalHairline(QPainter &painter, const QRectF &rect, const QColor &color);
 
-/// The fill and the inner stroke of a card.
+/// Draws a card: its fill and its inner stroke.
 void drawCard(QPainter &painter, const QRectF &rect);

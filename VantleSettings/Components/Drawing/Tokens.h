@@ -5,7 +5,7 @@
 
 class QWidget;
 
-/// The look in numbers. Sizes are points (device-independent pixels), durations milliseconds.
+/// The design tokens. Sizes are points (device-independent pixels), durations milliseconds.
 namespace Tokens
 {
 
@@ -46,7 +46,7 @@ inline constexpr qreal focusRingOpacity = 0.6;
 inline constexpr int scrollBarWidth = 7;
 inline constexpr int toolTipRadius = 6;
 inline constexpr int rowPadding = 16;         ///< left and right of a row's content
-inline constexpr int rowPaddingVertical = 12; ///< above and below it
+inline constexpr int rowPaddingVertical = 12; ///< above and below a row's content
 inline constexpr int rowSpacing = 12;
 inline constexpr int groupSpacing = 6; ///< between header, card and footer
 inline constexpr int pageSpacing = 24; ///< between the groups of a page
@@ -63,7 +63,7 @@ enum class TextStyle {
     size10,
     size11,
     size11Semibold,
-    groupHeader, ///< 11 semibold, letters spread by 0.4
+    groupHeader, ///< 11 semibold with letter spacing 0.4
     size12,
     size12Medium,
     size12Semibold,
@@ -75,26 +75,26 @@ enum class TextStyle {
     size22Semibold,
 };
 
-/// Takes the system's font and text size for all texts from here on. Sizes of lines and controls follow the
-/// text.
+/// Reads the system's font and text size, which all texts have from then on. Sizes of lines and controls
+/// follow the text.
 void adoptSystemFont();
 
-/// The levels of text; `primary80` and `secondary70` are those levels at that many hundredths of their
-/// opacity.
+/// The colours of text. `primary80` is `primary` at 80 % of its opacity, `secondary70` is `secondary` at
+/// 70 %.
 enum class TextColor { primary, primary80, secondary, secondary70, tertiary, white, accent };
 
 QFont textFont(TextStyle style);
 
-/// How much larger than usual the texts are: 1 or more.
+/// The factor by which texts are larger than usual, at least 1.
 qreal textScale();
 
-/// A width or height that grows with the texts in it.
+/// A width or height in points, multiplied by the text scale.
 int scaledWithText(int points);
 
-/// Gives a widget the font of this style, and again that of another size when the text size changes.
+/// Gives a widget the font of this style; refreshTextStyles() updates it when the text size changes.
 void setTextStyle(QWidget &widget, TextStyle style);
 
-/// Gives all widgets with a style the font of the present text size.
+/// Gives every widget with a text style the font for the present text size.
 void refreshTextStyles();
 
 QColor textColor(TextColor level);

@@ -18,7 +18,8 @@ constexpr int menuRadius = 9;
 constexpr int menuBarItemPadding = 8;
 constexpr int scrollBarExtent = Tokens::scrollBarWidth + 4;
 
-/// The rounded corners of a window of its own are black where it cannot be seen through: square ones, then.
+/// A panel is a window of its own. Where windows cannot be translucent, rounded corners would be black, so
+/// they are square.
 void drawPanel(QPainter &painter, const QRect &rect, qreal radius)
 {
     StyleDrawing::drawPanel(painter, rect, windowsAreComposited() ? radius : 0);
@@ -42,7 +43,7 @@ void ControlStyle::polish(QWidget *widget)
         widget->setPalette(palette);
         static_cast<QAbstractScrollArea *>(widget)->viewport()->setAutoFillBackground(false);
     } else if (auto *editor = qobject_cast<QPlainTextEdit *>(widget)) {
-        editor->viewport()->setAutoFillBackground(false); // the frame is the background
+        editor->viewport()->setAutoFillBackground(false); // the frame around the editor draws the background
     }
 }
 

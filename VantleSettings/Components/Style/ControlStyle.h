@@ -2,7 +2,7 @@
 
 #include "Components/Style/SettingsStyle.h"
 
-/// Draws the standard controls the way the window wants them, where the system's own style does not.
+/// Draws the standard controls. Used where the system's own style does not draw them.
 class ControlStyle : public SettingsStyle
 {
     Q_OBJECT

@@ -17,8 +17,8 @@ namespace
 
 constexpr auto frameProperty = "vantleFocusFrame";
 
-/// What the ring goes around when this control has the focus; null for none.
-QWidget *ringed(QWidget *control)
+/// The widget that the ring surrounds when this control has the focus; null for no ring.
+QWidget *ringTarget(QWidget *control)
 {
     if (control->isWindow() || control->window()->windowType() == Qt::Popup)
         return nullptr;
@@ -65,8 +65,8 @@ void FocusRing::setFrame(QWidget *control, QWidget *frame)
 
 bool FocusRing::eventFilter(QObject *object, QEvent *event)
 {
-    // A window that becomes active gives its first control the focus as if Tab had been pressed, so the
-    // reason in the event says too little: the last thing that the user did decides.
+    // A window that becomes active gives its first control the focus with the reason for Tab. So the event's
+    // reason is not enough: the last Tab or mouse press decides.
     switch (event->type()) {
     case QEvent::KeyPress:
         if (const int key = static_cast<QKeyEvent *>(event)->key();
@@ -88,7 +88,7 @@ bool FocusRing::eventFilter(QObject *object, QEvent *event)
 
 void FocusRing::follow(QWidget *focused)
 {
-    QWidget *target = m_byKeyboard ? ringed(focused) : nullptr;
+    QWidget *target = m_byKeyboard ? ringTarget(focused) : nullptr;
     if (target && !m_frame)
         m_frame = new Frame;
     if (m_frame)

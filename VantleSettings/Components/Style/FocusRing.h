@@ -15,7 +15,7 @@ class FocusRing : public QObject
 public:
     explicit FocusRing(QApplication &application);
 
-    /// Puts the ring around `frame`, which holds the control and is drawn as its field.
+    /// Puts the ring of `control` around `frame`, a widget around it that draws its background.
     static void setFrame(QWidget *control, QWidget *frame);
 
 protected:
@@ -25,5 +25,5 @@ private:
     void follow(QWidget *focused);
 
     QPointer<QFocusFrame> m_frame; ///< made when first needed; deleted with the window it is in
-    bool m_byKeyboard = false;     ///< whether the focus was last moved by a key, not by a click
+    bool m_byKeyboard = false;     ///< whether Tab was pressed after the last mouse press
 };

@@ -40,7 +40,7 @@ void useFonts()
 
 void installLook(QApplication &application)
 {
-    // An editor's own menu would show the keys of those items only that the menu bar does not have.
+    // An editor's context menu would show shortcuts only for those items that the menu bar does not have.
     QCoreApplication::setAttribute(Qt::AA_DontShowShortcutsInContextMenus);
     adoptSystemFont();
     QApplication::setStyle(makeStyle());

@@ -11,9 +11,9 @@
 namespace
 {
 
-constexpr int restDuration = 700;
-constexpr int stepDuration = 16;
-constexpr qreal stepSize = 0.08; // gone within 0.2 seconds
+constexpr int restDuration = 700; // ms
+constexpr int stepDuration = 16;  // ms
+constexpr qreal stepSize = 0.08;  // gone after 0.2 seconds
 
 } // namespace
 

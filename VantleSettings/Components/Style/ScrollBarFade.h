@@ -11,10 +11,10 @@ class ScrollBarFade : public QObject
     Q_OBJECT
 
 public:
-    /// Belongs to the bar.
+    /// The bar owns the object.
     explicit ScrollBarFade(QScrollBar *bar);
 
-    /// How visible the bar is at this moment, from 0 to 1.
+    /// The bar's present opacity, from 0 to 1; 1 for a bar that does not fade.
     static qreal opacity(const QWidget *bar);
 
 protected:
@@ -25,7 +25,7 @@ private:
     void appear();
 
     QScrollBar *m_bar;
-    QBasicTimer m_rest; ///< until it starts to fade
-    QBasicTimer m_step; ///< between two steps of the fading
+    QBasicTimer m_rest; ///< runs until the bar starts to fade
+    QBasicTimer m_step; ///< runs between two steps of fading
     qreal m_opacity = 0;
 };

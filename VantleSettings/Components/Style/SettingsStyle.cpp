@@ -15,7 +15,7 @@ void SettingsStyle::polish(QWidget *widget)
 {
     QProxyStyle::polish(widget);
     extendUnderTitleBar(*widget);
-    widget->setAttribute(Qt::WA_MacShowFocusRect, false); // the ring is ours, on every system
+    widget->setAttribute(Qt::WA_MacShowFocusRect, false); // FocusRing draws it on every system
 }
 
 QPalette SettingsStyle::standardPalette() const
@@ -39,8 +39,8 @@ QPalette SettingsStyle::standardPalette() const
 QIcon SettingsStyle::standardIcon(StandardPixmap icon, const QStyleOption *option,
                                   const QWidget *widget) const
 {
-    // The menu bar asks for the mark of a bar too long for its window, which it never is here, and with the
-    // first icon the toolkit loads the readers of every picture format.
+    // The menu bar asks for the icon of its extension button, which it never shows here. Loading a first icon
+    // makes the toolkit load the plug-ins of all image formats.
     if (icon == SP_ToolBarHorizontalExtensionButton)
         return {};
     return QProxyStyle::standardIcon(icon, option, widget);
@@ -56,7 +56,7 @@ int SettingsStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, c
 int SettingsStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                              QStyleHintReturn *data) const
 {
-    if (hint == SH_FocusFrame_AboveWidget) // one ring for the page, which no row cuts off
+    if (hint == SH_FocusFrame_AboveWidget) // the ring is a child of the page, so no row clips it
         return 1;
     if (hint == SH_FocusFrame_Mask)
         return 0;
@@ -66,6 +66,6 @@ int SettingsStyle::styleHint(StyleHint hint, const QStyleOption *option, const Q
 void SettingsStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                                   const QWidget *widget) const
 {
-    if (element != PE_FrameFocusRect) // the ring stands outside the control
+    if (element != PE_FrameFocusRect) // FocusRing draws it, outside the control
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }

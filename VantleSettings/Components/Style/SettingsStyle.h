@@ -2,7 +2,7 @@
 
 #include <QProxyStyle>
 
-/// The system's style with the palette and the focus ring of the window.
+/// The system's style with the window's palette, and with FocusRing instead of its own focus frame.
 class SettingsStyle : public QProxyStyle
 {
     Q_OBJECT

@@ -16,10 +16,10 @@ namespace
 
 constexpr qreal disabledOpacity = 0.4;
 constexpr int iconGap = 4;
-constexpr int pickerSlack = 4;    ///< the box measures a text less exactly than the label
+constexpr int pickerSlack = 4;    ///< the combo box measures its text less exactly than the label
 constexpr int chevronColumn = 22; ///< at the trailing end of a picker
-constexpr int tightPadding = 8;   ///< before the text of a picker that is as wide as may be
-constexpr int tightColumn = 15;
+constexpr int tightPadding = 8;   ///< before a text that would be elided otherwise
+constexpr int tightColumn = 15;   ///< at the trailing end of a picker with such a text
 
 QColor background(QStyle::State state)
 {
@@ -48,7 +48,7 @@ QColor accentBackground(QStyle::State state)
     return state & QStyle::State_MouseOver ? accentColor().lighter(112) : accentColor();
 }
 
-/// What a picker keeps free of its text, which comes closer to both ends rather than be elided.
+/// The widths before and after a picker's text. They are smaller where the text would be elided otherwise.
 struct PickerSides {
     int padding;
     int chevrons;
@@ -64,17 +64,17 @@ PickerSides pickerSides(const QStyleOptionComboBox &option)
 
 void drawChevrons(QPainter &painter, const QRectF &column)
 {
-    constexpr qreal reach = 2.75; // half the width of a chevron
-    constexpr qreal rise = 2.75;
+    constexpr qreal halfWidth = 2.75;
+    constexpr qreal height = 2.75;
     constexpr qreal gap = 1.75; // from the middle to a chevron's open side
     const QPointF middle = column.center();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(textColor(TextColor::primary), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     for (const qreal direction : {-1.0, 1.0}) {
-        const std::array chevron{middle + QPointF(-reach, direction * gap),
-                                 middle + QPointF(0, direction * (gap + rise)),
-                                 middle + QPointF(reach, direction * gap)};
+        const std::array chevron{middle + QPointF(-halfWidth, direction * gap),
+                                 middle + QPointF(0, direction * (gap + height)),
+                                 middle + QPointF(halfWidth, direction * gap)};
         painter.drawPolyline(chevron.data(), int(chevron.size()));
     }
     painter.restore();
@@ -119,9 +119,9 @@ void StyleDrawing::drawButtonLabel(QPainter &painter, const QStyleOptionButton &
             QStyle::alignedRect(option.direction, Qt::AlignLeft | Qt::AlignVCenter, option.iconSize, label);
         option.icon.paint(&painter, place);
     }
-    const QRect words = QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
-                                            QSize(text, label.height()), label);
-    painter.drawText(words, Qt::AlignCenter | Qt::TextHideMnemonic, option.text);
+    const QRect textRect = QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
+                                               QSize(text, label.height()), label);
+    painter.drawText(textRect, Qt::AlignCenter | Qt::TextHideMnemonic, option.text);
     painter.restore();
 }
 

@@ -10,7 +10,7 @@ class QStyleOptionMenuItem;
 class QStyleOptionSlider;
 class QWidget;
 
-/// What ControlStyle draws, control by control. Sizes include their padding.
+/// The drawing functions of ControlStyle, by control. Sizes include padding.
 namespace StyleDrawing
 {
 
@@ -20,7 +20,7 @@ void drawButtonLabel(QPainter &painter, const QStyleOptionButton &option);
 
 QSize pickerSize(const QStyleOptionComboBox &option, const QSize &text);
 QRect pickerText(const QStyleOptionComboBox &option);
-/// Where the pop-up opens: its entries stand over the picker's text.
+/// Where the pop-up opens, so that the texts of its entries are aligned with the picker's text.
 QRect pickerPopup(const QStyleOption &option);
 void drawPicker(QPainter &painter, const QStyleOptionComboBox &option);
 void drawPickerLabel(QPainter &painter, const QStyleOptionComboBox &option);
@@ -28,14 +28,14 @@ void drawPickerLabel(QPainter &painter, const QStyleOptionComboBox &option);
 /// The rounded panel under menus, pop-ups of pickers and tooltips.
 void drawPanel(QPainter &painter, const QRect &rect, qreal radius);
 constexpr int menuMargin = 5;
-/// What stands before an entry's text in a pop-up.
+/// The width before an entry's text in a pop-up: margin, padding and check mark.
 constexpr int entryInset = menuMargin + 10 + 14;
 QSize menuItemSize(const QStyleOptionMenuItem &option);
 /// `inset` keeps the highlight clear of the panel's sides where the panel itself leaves no margin.
 void drawMenuItem(QPainter &painter, const QStyleOptionMenuItem &option, int inset);
 void drawMenuBarItem(QPainter &painter, const QStyleOptionMenuItem &option);
 
-/// The handle of an overlay scroll bar, at the opacity that `ScrollBarFade` says.
+/// The handle of an overlay scroll bar, with the opacity from `ScrollBarFade`.
 void drawScrollBar(QPainter &painter, const QStyleOptionSlider &option, const QRect &handle,
                    const QWidget *bar);
 

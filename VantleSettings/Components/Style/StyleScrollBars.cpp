@@ -19,9 +19,9 @@ void StyleDrawing::drawScrollBar(QPainter &painter, const QStyleOptionSlider &op
     const qreal opacity = ScrollBarFade::opacity(bar);
     if (opacity <= 0 || option.minimum >= option.maximum)
         return;
-    const bool upright = option.orientation == Qt::Vertical;
+    const bool vertical = option.orientation == Qt::Vertical;
     QRect shape = handle;
-    if (upright) {
+    if (vertical) {
         const bool mirrored = option.direction == Qt::RightToLeft;
         shape.setWidth(Tokens::scrollBarWidth);
         shape.moveLeft(mirrored ? handle.left() + edge : handle.right() + 1 - edge - Tokens::scrollBarWidth);

@@ -12,7 +12,7 @@
 namespace
 {
 
-/// The word, line or the like in which a position lies, selected.
+/// Selects the unit (word, line, …) that contains a position.
 QTextCursor unitAt(QTextCursor cursor, int position, QAccessible::TextBoundaryType unit)
 {
     cursor.setPosition(position);
@@ -114,7 +114,7 @@ QString AccessibleEditor::textAfterOffset(int offset, QAccessible::TextBoundaryT
     const QTextCursor present = unitAt(editor().textCursor(), cursor(offset, offset).position(), unit);
     QTextCursor next = unitAt(present, present.selectionEnd(), unit);
     if (next.selectionEnd() == present.selectionEnd() && !next.atEnd())
-        next = unitAt(present, present.selectionEnd() + 1, unit); // a line feed stands between them
+        next = unitAt(present, present.selectionEnd() + 1, unit); // a line feed is between them
     return part(next, start, end);
 }
 
@@ -194,7 +194,7 @@ PatternsEditor &AccessibleEditor::editor() const
     return *static_cast<PatternsEditor *>(widget());
 }
 
-/// The part of the document from one offset to another, selected.
+/// Selects the text from one offset to another.
 QTextCursor AccessibleEditor::cursor(int start, int end) const
 {
     QTextCursor cursor = editor().textCursor();
@@ -208,7 +208,7 @@ int AccessibleEditor::offset(int position) const
     return int(DocumentText::offset(*editor().document(), position));
 }
 
-/// The text of a part of the document, and where it begins and ends.
+/// The text of a selected part of the document; sets the offsets of its start and end.
 QString AccessibleEditor::part(const QTextCursor &part, int *start, int *end) const
 {
     *start = offset(part.selectionStart());

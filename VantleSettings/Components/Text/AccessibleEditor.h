@@ -5,9 +5,9 @@
 class PatternsEditor;
 class QTextCursor;
 
-/// An editor as assistive technology finds it: with the whole of its text, where a part of it is folded, too.
-/// All offsets are those of that text; inside what is folded the caret stands before it. What no message
-/// could carry is cut, and ends with "…" then.
+/// Exposes an editor with its whole text, folded parts included. All offsets are those of that text; the
+/// caret set to an offset inside a folded part is placed before the part. A text that is too long for a
+/// message is cut and ends with "…".
 class AccessibleEditor : public AccessibleWidget,
                          public QAccessibleTextInterface,
                          public QAccessibleEditableTextInterface

@@ -14,44 +14,47 @@
 namespace
 {
 
-// Characters that a document takes for the end of a line, though a line ends at a line feed only. Inside the
-// document each is a low surrogate on its own, which no text has, and which is seen as an odd character.
+// Characters that QTextDocument takes for the end of a line, although only a line feed ends one. In the
+// document each is replaced by an unpaired low surrogate, which occurs in no text and is shown as an unknown
+// character.
 constexpr std::array<char16_t, 4> documentSeparators{u'\r', u'\u2029', u'\ufdd0', u'\ufdd1'};
 
-constexpr qsizetype longestLine = 4096;   ///< shown whole, in letters
-constexpr qsizetype longestText = 200000; ///< the same of all lines together
-constexpr qsizetype lineCost = 64;        ///< what a line takes besides its letters, in letters
-constexpr qsizetype leastRoom = 256;      ///< for what is put into a line that is full, in letters
+// In letters, as a measure of the time for layout.
+constexpr qsizetype longestLine = 4096;   ///< longer lines are folded
+constexpr qsizetype longestText = 200000; ///< texts with a higher cost are folded
+constexpr qsizetype lineCost = 64;        ///< the cost of a line besides its letters
+constexpr qsizetype leastRoom = 256;      ///< how much of a text inserted into a full line is shown
 
-constexpr char16_t standIn(std::size_t index)
+constexpr char16_t substitute(std::size_t index)
 {
     return char16_t(0xdc00 + index);
 }
 
-QString inDocument(QString text)
+QString toDocument(QString text)
 {
     for (std::size_t index = 0; index < documentSeparators.size(); ++index)
-        text.replace(QChar(documentSeparators[index]), QChar(standIn(index)));
+        text.replace(QChar(documentSeparators[index]), QChar(substitute(index)));
     return text;
 }
 
-/// The text of a part of a document without folds. (toPlainText() would turn no-break spaces and line
-/// separators into others.)
+/// The text of a part of a document without folds. (toPlainText() would replace no-break spaces and line
+/// separators.)
 QString fromDocument(QString rawText)
 {
     rawText.replace(QChar::ParagraphSeparator, u'\n');
     for (std::size_t index = 0; index < documentSeparators.size(); ++index)
-        rawText.replace(QChar(standIn(index)), QChar(documentSeparators[index]));
+        rawText.replace(QChar(substitute(index)), QChar(documentSeparators[index]));
     return rawText;
 }
 
-/// One character of the document that stands for a part of the text.
+/// One character of the document that represents a part of the text.
 struct Fold {
     qsizetype position = 0;
     QString text;
 };
 
-/// The folds in the document's characters from a position on; theirs are counted from there.
+/// The folds in `raw`, the document's characters from the position `from` on. Their positions are those in
+/// `raw`.
 std::vector<Fold> folds(const QTextDocument &document, const QString &raw, int from = 0)
 {
     std::vector<Fold> folds;
@@ -68,11 +71,11 @@ struct Part {
     bool isFolded = false;
 };
 
-/// Divides a text into what is shown of it and what is folded.
+/// Divides a text into parts that are shown and parts that are folded.
 class Folding
 {
 public:
-    /// `firstLine` and `letters` are the most that is shown of the first line and of all lines.
+    /// `firstLine` and `letters` limit what is shown of the first line and of all lines, in letters.
     Folding(QStringView text, qsizetype firstLine, qsizetype letters) : m_text(text)
     {
         qsizetype head = 0;
@@ -99,14 +102,14 @@ public:
     const std::vector<Part> &parts() const { return m_parts; }
 
 private:
-    /// Behind the line feed of the line that begins here.
+    /// The position after the line feed of the line that begins at `start`.
     qsizetype lineEnd(qsizetype start) const
     {
         const qsizetype lineFeed = m_text.indexOf(u'\n', start);
         return lineFeed < 0 ? m_text.size() : lineFeed + 1;
     }
 
-    /// Where the line begins that ends here.
+    /// The position at which the line that ends at `end` begins.
     qsizetype lineStart(qsizetype end) const { return m_text.first(end - 1).lastIndexOf(u'\n') + 1; }
 
     void addLine(qsizetype start, qsizetype end, qsizetype limit)
@@ -152,7 +155,7 @@ void DocumentText::insert(QTextCursor &cursor, const QString &text)
         if (part.isFolded)
             cursor.insertText(FoldMark::character, FoldMark::format(document, part.text.toString()));
         else
-            cursor.insertText(inDocument(part.text.toString()), QTextCharFormat());
+            cursor.insertText(toDocument(part.text.toString()), QTextCharFormat());
     }
     cursor.endEditBlock();
 }

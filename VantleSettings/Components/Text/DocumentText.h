@@ -5,23 +5,23 @@
 class QTextCursor;
 class QTextDocument;
 
-/// Converts between a text and an editor's document. The document holds stand-ins for the characters that
-/// it would take for the end of a line, and one character for each part that would take too long to lay out:
-/// that part is folded.
+/// Converts between a text and an editor's document. The document has substitutes for the characters that it
+/// would take for the end of a line, and a single character for each folded part, which would take too long
+/// to lay out.
 namespace DocumentText
 {
 
 /// Inserts a text at the cursor, replacing the selection.
 void insert(QTextCursor &cursor, const QString &text);
 
-/// The document's text, or that between two positions, folded parts included.
+/// The document's text, or its text between two positions, folded parts included.
 QString text(const QTextDocument &document);
 QString text(const QTextDocument &document, int from, int to);
 
-/// Where in the text the character is that has this position in the document.
+/// The offset in the text of the character at this position in the document.
 qsizetype offset(const QTextDocument &document, int position);
 
-/// Where in the document that character of the text is, or the fold in which it lies.
+/// The position in the document of the character at this offset in the text, or of the fold that contains it.
 int position(const QTextDocument &document, qsizetype offset);
 
 } // namespace DocumentText

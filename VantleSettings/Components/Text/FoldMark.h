@@ -17,7 +17,7 @@ class FoldMark : public QObject, public QTextObjectInterface
 public:
     static constexpr QChar character = QChar::ObjectReplacementCharacter;
 
-    /// The format that makes the character stand for this text in this document.
+    /// The format that makes the character represent this text in this document.
     static QTextCharFormat format(QTextDocument &document, const QString &folded);
 
     /// The text that the character at this position represents; nothing where it is an ordinary character.

@@ -18,10 +18,10 @@
 namespace
 {
 
-constexpr int minimumElidedWidth = 24;     ///< what a label that can give way asks for at least
+constexpr int minimumElidedWidth = 24;     ///< the minimum width of a label that can shrink
 constexpr int lineGap = 1;                 ///< between the lines of a text
 constexpr qsizetype longestToolTip = 2048; ///< in letters
-constexpr int widestLineHint = 640;        ///< a wrapped text never asks for more
+constexpr int widestLineHint = 640;        ///< the greatest width in a wrapped text's size hint
 
 } // namespace
 
@@ -43,7 +43,7 @@ Label::Label(const QString &text, TextStyle style, TextColor textColor, TextFlow
 {
     setAccessibleRole(this, QAccessible::StaticText);
     setTextStyle(*this, style);
-    // A fixed height would be that of the hint's width.
+    // A fixed height would be the one for the width of the size hint.
     QSizePolicy policy(QSizePolicy::Preferred, wraps() ? QSizePolicy::Minimum : QSizePolicy::Fixed);
     policy.setHeightForWidth(wraps());
     setSizePolicy(policy);
@@ -118,11 +118,11 @@ void Label::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setPen(textColor(m_textColor));
     const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
-    const qreal share = side & Qt::AlignHCenter ? 0.5 : side & Qt::AlignRight ? 1 : 0;
+    const qreal lineAlignment = side & Qt::AlignHCenter ? 0.5 : side & Qt::AlignRight ? 1 : 0;
     QRect box = rect();
     box.setLeft(contentsRect().left());
     box.setRight(contentsRect().right());
-    block().draw(painter, box, share, lineHeight(), lineGap);
+    block().draw(painter, box, lineAlignment, lineHeight(), lineGap);
 }
 
 void Label::resizeEvent(QResizeEvent *event)

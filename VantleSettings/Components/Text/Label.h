@@ -8,13 +8,14 @@
 #include <memory>
 #include <vector>
 
-/// The text as a tooltip shows it as it is, wrapped when it is long and shortened when it is very long;
-/// tooltips would take markup for markup.
+/// Makes the content of a tooltip that shows this text literally: markup in it is escaped, a long text wraps,
+/// and a very long one is shortened.
 QString plainToolTip(const QString &text);
 
 /// A text on one line, shown whole and as it is: nothing in it is ever markup or a mnemonic.
 ///
-/// It is a QLabel for its role and its buddy; the text is drawn here, so QLabel's own stays empty.
+/// It is a QLabel for the sake of its role and its buddy. It draws the text itself, so QLabel's text stays
+/// empty.
 class Label : public QLabel
 {
     Q_OBJECT
@@ -66,8 +67,8 @@ public:
                           Lines lines = Lines::leading, QWidget *parent = nullptr);
 };
 
-/// A text of at most so many lines; what does not fit is left out in the middle, and the whole text is in the
-/// tooltip and in the accessibility tree.
+/// A text of at most `maximumLines` lines. If it does not fit, it is elided in the middle of the last line;
+/// the whole text is in the tooltip and in the accessibility tree.
 class ElidedLabel : public Label
 {
     Q_OBJECT
@@ -76,7 +77,7 @@ public:
     explicit ElidedLabel(const QString &text, TextStyle style, TextColor textColor = TextColor::primary,
                          int maximumLines = 1, QWidget *parent = nullptr);
 
-    /// Whether something is left out at the present width.
+    /// Whether the text is elided at the present width.
     bool isElided() const;
 
 protected:

@@ -46,7 +46,7 @@ std::function<int(qsizetype lines)> PatternsEditor::expectedHeight()
 
 PatternsEditor::PatternsEditor(QWidget *parent) : QPlainTextEdit(parent)
 {
-    QAccessible::installFactory(editorFactory); // once, however often it is asked to
+    QAccessible::installFactory(editorFactory); // has no effect after the first call
     setFrameShape(QFrame::NoFrame);
     setTextStyle(*this, TextStyle::size12);
     setTabChangesFocus(true);
@@ -55,7 +55,7 @@ PatternsEditor::PatternsEditor(QWidget *parent) : QPlainTextEdit(parent)
     viewport()->setAutoFillBackground(false);
     new TouchScrolling(this);
     document()->setDocumentMargin(0);
-    document()->clearUndoRedoStacks(); // which count the margin
+    document()->clearUndoRedoStacks(); // setting the margin counts as a change
     connect(this, &QPlainTextEdit::textChanged, this, &PatternsEditor::readText);
     fitHeight();
 }
@@ -64,7 +64,7 @@ void PatternsEditor::setText(const QString &text)
 {
     if (text == m_text)
         return;
-    const QSignalBlocker ours(this); // a change of the program's, not the user's
+    const QSignalBlocker blocker(this); // `edited` is for changes by the user
     m_text = text;
     clear();
     QTextCursor start = textCursor();
@@ -87,7 +87,7 @@ QSize PatternsEditor::sizeHint() const
     return {0, m_height};
 }
 
-// Shift and Return would put in a line separator, which looks like the end of a line and is none.
+// Shift and Return would insert a line separator, which looks like the end of a line but is not one.
 void PatternsEditor::keyPressEvent(QKeyEvent *event)
 {
     if (!event->matches(QKeySequence::InsertLineSeparator)) {
@@ -99,7 +99,7 @@ void PatternsEditor::keyPressEvent(QKeyEvent *event)
     event->accept();
 }
 
-// The middle button puts the caret where it was pressed before it asks for the text.
+// The toolkit moves the caret to a middle click before it asks for the text, even if there is none to paste.
 void PatternsEditor::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::MiddleButton &&
@@ -123,7 +123,7 @@ void PatternsEditor::resizeEvent(QResizeEvent *event)
     fitHeight();
 }
 
-// The scroll bar of a plain-text editor counts lines, a finger moves by points.
+// The scroll bar of a plain-text editor counts lines, but QScroller counts points.
 bool PatternsEditor::viewportEvent(QEvent *event)
 {
     const int lineSpacing = QFontMetrics(font()).lineSpacing();
@@ -147,7 +147,7 @@ void PatternsEditor::insertFromMimeData(const QMimeData *source)
 {
     const QString text = source->text();
     if (text.isEmpty())
-        return; // a picture, say: it must not replace the selection by nothing
+        return; // a picture, for example: it must not delete the selection
     QTextCursor place = textCursor();
     DocumentText::insert(place, text);
     setTextCursor(place);

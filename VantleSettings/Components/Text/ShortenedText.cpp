@@ -9,36 +9,38 @@
 namespace
 {
 
-constexpr qsizetype neverTooLong = 64;   ///< a text of so many units is always shown whole
-constexpr qsizetype plainGrapheme = 32;  ///< in units; longer ones are no letter or emoji that anybody uses
-constexpr qsizetype lineBreakCost = 64;  ///< a line of its own takes as long as this many letters
-constexpr qsizetype beginningOfOne = 16; ///< what is shown of a grapheme that is too long itself, in units
+// Lengths are in UTF-16 code units.
+constexpr qsizetype neverTooLong = 64;         ///< a text up to this length is always shown whole
+constexpr qsizetype longestUsualGrapheme = 32; ///< no letter or emoji in use is longer
+constexpr qsizetype lineBreakCost = 64;        ///< a line break takes as long to lay out as this many letters
+constexpr qsizetype longGraphemeHead = 16;     ///< how much is shown of a grapheme that is too long itself
 constexpr QChar ellipsis(0x2026);
 
-/// How many letters take as long to lay out as this grapheme: marks on one letter take the square of their
-/// number.
+/// The number of letters that take as long to lay out as this grapheme. The time for marks on one letter
+/// grows with the square of their number.
 qsizetype cost(QStringView grapheme)
 {
     if (Text::isLineBreak(grapheme.front()))
         return lineBreakCost;
-    return grapheme.size() * std::max<qsizetype>(1, grapheme.size() / plainGrapheme);
+    return grapheme.size() * std::max<qsizetype>(1, grapheme.size() / longestUsualGrapheme);
 }
 
-/// Whether each unit takes as long as a letter, seen at a glance.
+/// Whether each code unit surely takes no longer than a letter; a quick check.
 bool isPlain(QStringView text)
 {
     return std::none_of(text.begin(), text.end(),
                         [](QChar unit) { return unit.unicode() >= 0x300 || Text::isLineBreak(unit); });
 }
 
-/// Older versions of the toolkit see a boundary behind what joins two emoji into one.
+/// Whether a zero-width joiner is before this position. Older versions of the toolkit report a grapheme
+/// boundary there.
 bool isJoined(QStringView text, qsizetype position)
 {
     constexpr QChar joiner(0x200D);
     return position > 0 && position < text.size() && text[position - 1] == joiner;
 }
 
-/// How many units of whole graphemes at the beginning take no longer than the limit.
+/// The length of the whole graphemes at the beginning that together take no longer than the limit.
 qsizetype headWithin(QStringView text, qsizetype limit)
 {
     const QStringView seen = text.first(std::min(text.size(), limit + 1));
@@ -47,9 +49,9 @@ qsizetype headWithin(QStringView text, qsizetype limit)
     for (qsizetype end = finder.toNextBoundary(); end > head; end = finder.toNextBoundary()) {
         if (isJoined(seen, end))
             continue;
-        const bool mayGoOn = end == seen.size() && seen.size() < text.size();
+        const bool mayContinue = end == seen.size() && seen.size() < text.size();
         limit -= cost(seen.sliced(head, end - head));
-        if (mayGoOn || limit < 0)
+        if (mayContinue || limit < 0)
             break;
         head = end;
     }
@@ -92,7 +94,7 @@ std::optional<TextEnds> textEnds(QStringView text, qsizetype limit)
     TextEnds ends;
     ends.head = headWithin(text, limit / 2);
     if (ends.head == 0)
-        ends.head = text[beginningOfOne - 1].isHighSurrogate() ? beginningOfOne - 1 : beginningOfOne;
+        ends.head = text[longGraphemeHead - 1].isHighSurrogate() ? longGraphemeHead - 1 : longGraphemeHead;
     ends.tail = tailWithin(text.sliced(ends.head), limit / 2);
     return ends;
 }

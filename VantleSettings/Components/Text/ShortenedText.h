@@ -5,15 +5,16 @@
 
 #include <optional>
 
-/// How much of a text is shown where it is too long: so many units of its beginning and of its end.
+/// The parts of a too long text that are shown: the lengths of its beginning and its end, in UTF-16 code
+/// units.
 struct TextEnds {
     qsizetype head = 0;
     qsizetype tail = 0;
 };
 
-/// The two ends of a text that would take longer to lay out than so many letters; nothing for any other text.
-/// Both ends are whole graphemes, but for a single one that is too long itself. However long the text is, the
-/// work grows with the limit only.
+/// The two ends to show of a text that would take longer to lay out than `limit` letters; nothing for any
+/// other text. Both ends are whole graphemes, except where a single one is too long itself. The work depends
+/// on the limit only, however long the text is.
 std::optional<TextEnds> textEnds(QStringView text, qsizetype limit);
 
 /// The text, or its two ends with "…" between them.

@@ -15,10 +15,10 @@ namespace
 constexpr QChar wordJoiner(0x2060);
 constexpr qsizetype longestLine = 1024; ///< more letters than the line of any window has room for
 constexpr qsizetype longestText = 5000; ///< more letters than the path of a file can have
-constexpr int unlimited = 1 << 24;      ///< wider than any window, and still a width to the toolkit
+constexpr int unlimited = 1 << 24;      ///< wider than any window, but valid for the toolkit
 constexpr size_t rememberedWidths = 8; ///< a layout asks for the heights at the same few widths over and over
 
-/// Everything on one line: line breaks of any kind become blanks.
+/// The text on one line: line breaks of any kind become spaces.
 QString onOneLine(QString text)
 {
     for (QChar &unit : text) {
@@ -38,7 +38,7 @@ QString withLineSeparators(QString text)
     return text;
 }
 
-/// A word of two parts, as in "and/or", stays in one piece where lines are balanced.
+/// Keeps two words with a slash between them, as in "and/or", on the same line.
 QString withWholeWords(QString text)
 {
     return text.replace(u'/', QString(u'/') + wordJoiner);
@@ -57,8 +57,8 @@ QString source(const QString &text, TextFlow flow)
     return flow.balanced ? withWholeWords(withLineSeparators(text)) : withLineSeparators(text);
 }
 
-/// Breaks the text into lines of this width, no more of them than shows whether there are more than `limit`
-/// (0: all).
+/// Breaks the text into lines of this width. Stops after `limit` + 1 lines, which shows that there are more
+/// than `limit`; 0 means no limit.
 void createLines(QTextLayout &layout, qreal width, int limit)
 {
     layout.clearLayout();
@@ -85,7 +85,7 @@ qreal balancedWidth(QTextLayout &layout, qreal width)
     return high;
 }
 
-/// A line's text without its break, the blanks at its end, and what only kept words whole.
+/// A line's text without its line break, trailing spaces and word joiners.
 QString shown(const QTextLine &line, const QString &text)
 {
     QString shown = text.mid(line.textStart(), line.textLength());
@@ -108,7 +108,7 @@ TextBlock::TextBlock(const QString &text, const QFont &font, TextFlow flow)
     // A path begins with its root, whatever script its folders are written in.
     option.setTextDirection(text.startsWith(u'/') ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
     m_layout.setTextOption(option);
-    m_layout.setCacheEnabled(true); // keeps the shapes of an ended layout as well
+    m_layout.setCacheEnabled(true); // keeps the shaped text after endLayout(), too
     begin();
     createLines(m_layout, unlimited, 0);
     qreal widest = 0;
@@ -146,7 +146,7 @@ std::vector<QString> TextBlock::lines(int width)
     return lines;
 }
 
-void TextBlock::draw(QPainter &painter, const QRect &box, qreal share, int lineHeight, int lineGap)
+void TextBlock::draw(QPainter &painter, const QRect &box, qreal lineAlignment, int lineHeight, int lineGap)
 {
     const int count = lineCount(box.width());
     layOut(box.width());
@@ -155,7 +155,7 @@ void TextBlock::draw(QPainter &painter, const QRect &box, qreal share, int lineH
         std::round(box.top() + (box.height() - height) / 2.0 + QFontMetricsF(m_layout.font()).ascent());
     for (int i = 0; i < count; ++i) {
         const QTextLine line = i < m_wholeLines ? m_layout.lineAt(i) : m_elidedLine->lineAt(0);
-        const qreal indent = share * (box.width() - line.horizontalAdvance());
+        const qreal indent = lineAlignment * (box.width() - line.horizontalAdvance());
         line.draw(&painter, QPointF(box.left() + indent, baseline - line.ascent()));
         baseline += lineHeight + lineGap;
     }
@@ -185,7 +185,7 @@ void TextBlock::breakAt(int width)
     }
 }
 
-/// Breaks the text at this width and ends the layout: lines are drawn of ended ones only.
+/// Breaks the text at this width and ends the layout: lines can be drawn only after endLayout().
 void TextBlock::layOut(int width)
 {
     breakAt(width);

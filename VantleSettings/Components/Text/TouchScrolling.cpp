@@ -23,7 +23,7 @@ QScroller::Input inputOf(QEvent::Type type)
     }
 }
 
-void stopAtTheEnds(QScroller &scroller)
+void disableOvershoot(QScroller &scroller)
 {
     QScrollerProperties properties = scroller.scrollerProperties();
     for (const auto policy :
@@ -61,7 +61,7 @@ bool TouchScrolling::eventFilter(QObject *viewport, QEvent *event)
     }
 }
 
-// The toolkit's gesture for this would let the finger press controls before it scrolls.
+// QScroller's own gesture would press the control under the finger before it scrolls.
 bool TouchScrolling::touch(QTouchEvent &event)
 {
     const bool begins = event.type() == QEvent::TouchBegin;
@@ -72,8 +72,8 @@ bool TouchScrolling::touch(QTouchEvent &event)
     QWidget *viewport = m_area->viewport();
     QScroller *scroller = QScroller::scroller(viewport);
     if (begins) {
-        stopAtTheEnds(*scroller);
-        m_scrolled = scroller->state() == QScroller::Scrolling; // it stops what still glides
+        disableOvershoot(*scroller);
+        m_scrolled = scroller->state() == QScroller::Scrolling; // the touch stops the scrolling
     }
     scroller->handleInput(inputOf(event.type()), viewport->mapFromGlobal(finger.globalPosition()),
                           qint64(event.timestamp()));

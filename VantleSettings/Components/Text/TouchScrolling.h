@@ -7,7 +7,7 @@ class QEventPoint;
 class QTouchEvent;
 
 /// Lets a finger on a touch screen scroll an area, which owns this object; a tap is a click. Without it, the
-/// toolkit makes a mouse of the finger. An area whose content fits leaves the finger alone.
+/// toolkit turns touches into mouse events, as it still does for an area whose content fits.
 class TouchScrolling : public QObject
 {
     Q_OBJECT
@@ -23,5 +23,5 @@ private:
     void tap(const QEventPoint &finger) const;
 
     QAbstractScrollArea *m_area;
-    bool m_scrolled = false; ///< since the finger came down
+    bool m_scrolled = false; ///< whether the area has scrolled since the finger was pressed
 };
