@@ -19,7 +19,7 @@ namespace
 
 constexpr int tileSize = 74;
 constexpr int symbolPointSize = 34;
-constexpr int topPadding = 24 + 8; ///< the page's and the heading's own, which the tile's shadow reaches into
+constexpr int topPadding = 24 + 8; ///< of the page and of the heading; the tile's shadow is in both
 constexpr int bottomPadding = 4;
 constexpr int spacing = 12;
 constexpr int subtitleMaximumWidth = 480;
@@ -27,7 +27,7 @@ constexpr qreal shadowRadius = 10;
 constexpr qreal shadowOffset = 4;
 constexpr qreal shadowOpacity = 0.35;
 
-/// The blurred shadow of a disc: as a blur does it, its edge falls off like the integral of a bell curve.
+/// Draws the shadow of a disc. As after a Gaussian blur, its edge follows the integral of a bell curve.
 void drawShadow(QPainter &painter, const QRectF &disc, QColor color)
 {
     const qreal radius = disc.width() / 2;
@@ -35,15 +35,15 @@ void drawShadow(QPainter &painter, const QRectF &disc, QColor color)
     QRadialGradient gradient(disc.center(), reach);
     constexpr int steps = 24;
     for (int i = 0; i <= steps; ++i) {
-        const qreal share = qreal(i) / steps;
-        const qreal beyondEdge = (share * reach - radius) / shadowRadius;
+        const qreal position = qreal(i) / steps;
+        const qreal beyondEdge = (position * reach - radius) / shadowRadius;
         color.setAlphaF(
             float(i == steps ? 0 : shadowOpacity * std::erfc(beyondEdge / std::numbers::sqrt2) / 2));
-        gradient.setColorAt(share, color);
+        gradient.setColorAt(position, color);
     }
-    QRectF reached(0, 0, 2 * reach, 2 * reach);
-    reached.moveCenter(disc.center());
-    painter.fillRect(reached, gradient);
+    QRectF bounds(0, 0, 2 * reach, 2 * reach);
+    bounds.moveCenter(disc.center());
+    painter.fillRect(bounds, gradient);
 }
 
 } // namespace

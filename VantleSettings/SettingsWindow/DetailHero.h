@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-/// A page's heading: its symbol on a large round tile, its title, and what it is for.
+/// A page's heading: its symbol on a large round tile, its title and its purpose.
 class DetailHero : public QWidget
 {
     Q_OBJECT

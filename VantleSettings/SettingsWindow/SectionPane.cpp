@@ -45,7 +45,7 @@ SectionPane::SectionPane(SettingsSection section, SectionContent *content, QWidg
 
 void SectionPane::keyPressEvent(QKeyEvent *event)
 {
-    // Keys arrive here when the control with the focus has no use for them.
+    // Only keys that the control with the focus ignores arrive here.
     QScrollBar &bar = *verticalScrollBar();
     if (event->matches(QKeySequence::MoveToNextPage))
         bar.triggerAction(QScrollBar::SliderPageStepAdd);

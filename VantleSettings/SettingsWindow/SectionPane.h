@@ -6,14 +6,14 @@
 
 class SectionContent;
 
-/// The frame of every page: the heading, and the page's content below it; it scrolls when it is high. Exposed
-/// as a panel named like the page.
+/// The frame of every page: a scroll area with the heading and, below it, the page's content. Exposed as a
+/// panel with the page's name.
 class SectionPane : public QScrollArea
 {
     Q_OBJECT
 
 public:
-    /// The content belongs to the pane from here on.
+    /// Takes ownership of the content.
     explicit SectionPane(SettingsSection section, SectionContent *content, QWidget *parent = nullptr);
 
     SectionContent *content() const { return m_content; }

@@ -11,14 +11,14 @@ class SectionPane;
 class SettingsModel;
 class Sidebar;
 
-/// All that the window shows: the sidebar, and beside it the selected page. A page is built when it is first
-/// shown and stays from then on.
+/// The window's content: the sidebar and, beside it, the selected page. A page is created when it is first
+/// shown, and then kept.
 class SettingsRootView : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `titleBarHeight` is the height of what the system's window buttons take of the window's top, in
+    /// `titleBarHeight` is the height that the system's window buttons take at the top of the content, in
     /// points.
     explicit SettingsRootView(SettingsModel &model, int titleBarHeight, QWidget *parent = nullptr);
 

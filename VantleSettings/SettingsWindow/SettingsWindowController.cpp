@@ -24,8 +24,8 @@ constexpr QSize initialSize(860, 640);
 constexpr QSize minimumSize(780, 540);
 constexpr QLatin1String frameName("VantleSettingsWindow");
 
-/// Not a finger or a pen, of which the toolkit or the window system makes a mouse where nothing else takes
-/// them.
+/// Whether the event is from a mouse or a touchpad. The toolkit and the window system also turn events of a
+/// finger or a pen that nothing else handles into mouse events.
 bool isOfMouse(const QMouseEvent &event)
 {
     const QInputDevice::DeviceType device = event.deviceType();
@@ -33,7 +33,7 @@ bool isOfMouse(const QMouseEvent &event)
            (device == QInputDevice::DeviceType::Mouse || device == QInputDevice::DeviceType::TouchPad);
 }
 
-/// This size, larger as the texts are larger, as far as the screen allows.
+/// This size, scaled with the texts as far as the screen has room.
 QSize sizeForText(QSize size)
 {
     const QSize wanted(scaledWithText(size.width()), scaledWithText(size.height()));
@@ -48,7 +48,8 @@ SettingsNSWindow::SettingsNSWindow(QWidget *parent) : QMainWindow(parent)
     setAccessibleRole(this, QAccessible::Window);
 }
 
-// A layout that grows tells the one around it by an event, level by level, and would be drawn half way.
+// A layout that grows notifies the one around it by a posted event, level by level. Without this, the window
+// would be painted between two levels.
 bool SettingsNSWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::UpdateRequest)
@@ -78,8 +79,8 @@ void SettingsNSWindow::mouseMoveEvent(QMouseEvent *event)
 {
     if (!m_pressed)
         return;
-    const QPoint way = event->globalPosition().toPoint() - *m_pressed;
-    if (way.manhattanLength() < QApplication::startDragDistance())
+    const QPoint distance = event->globalPosition().toPoint() - *m_pressed;
+    if (distance.manhattanLength() < QApplication::startDragDistance())
         return;
     m_pressed.reset();
     startMove();
@@ -127,7 +128,7 @@ bool SettingsWindowController::isVisible() const
     return m_window->isVisible() && !m_window->isMinimized();
 }
 
-/// A window that still has its first size keeps having it.
+/// Scales the least size with the texts, and the size of a window that still has its first one.
 void SettingsWindowController::fitToText()
 {
     const QSize before = std::exchange(m_firstSize, sizeForText(initialSize));

@@ -11,7 +11,7 @@
 
 class SettingsModel;
 
-/// The window itself: dragging its empty background with a mouse moves it, and it tells when it closes.
+/// The window itself. Dragging its empty background with a mouse moves it.
 class SettingsNSWindow : public QMainWindow
 {
     Q_OBJECT
@@ -20,9 +20,9 @@ public:
     explicit SettingsNSWindow(QWidget *parent = nullptr);
 
 Q_SIGNALS:
-    /// The window is about to close for good, by whatever way; sent once.
+    /// The window is about to close for good, whatever closes it. Emitted once.
     void willClose();
-    /// Texts have another size from now on.
+    /// The size of the texts has changed.
     void textSizeChanged();
 
 protected:
@@ -36,7 +36,7 @@ protected:
     virtual void startMove();
 
 private:
-    std::optional<QPoint> m_pressed; ///< where empty background was pressed, on the screen
+    std::optional<QPoint> m_pressed; ///< where the empty background was pressed, in screen coordinates
     bool m_isClosing = false;
 };
 
@@ -52,7 +52,7 @@ public:
     /// Called once, when the window closes.
     std::function<void()> onWindowClose;
 
-    /// Shows the window in front of all others, with the keys.
+    /// Shows the window in front of all others, with the keyboard focus.
     void showWindow();
 
     /// Whether the window can be seen: open and not minimised.

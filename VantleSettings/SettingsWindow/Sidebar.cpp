@@ -132,10 +132,10 @@ void Sidebar::changeEvent(QEvent *event)
 
 void Sidebar::fitWidth()
 {
-    setFixedWidth(scaledWithText(Tokens::sidebarWidth) - 1); // the separator beside it is the last point
+    setFixedWidth(scaledWithText(Tokens::sidebarWidth) - 1); // the separator takes the last point
 }
 
-// With Control an entry could be deselected, but there is always a page.
+// A click with Control would deselect the entry, but one page is always shown.
 QItemSelectionModel::SelectionFlags Sidebar::selectionCommand(const QModelIndex &index,
                                                               const QEvent *event) const
 {
@@ -143,7 +143,7 @@ QItemSelectionModel::SelectionFlags Sidebar::selectionCommand(const QModelIndex 
     return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : command;
 }
 
-// A list would copy the title of its entry.
+// QListWidget would copy the title of the entry.
 void Sidebar::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Copy))
@@ -152,8 +152,8 @@ void Sidebar::keyPressEvent(QKeyEvent *event)
         QListWidget::keyPressEvent(event);
 }
 
-// The entry where the keyboard is: there is none while the keyboard is elsewhere, or a screen reader would
-// hear two controls that have the focus.
+// There is a current entry only while the list has the focus. Otherwise a screen reader would find two
+// controls with the focus.
 void Sidebar::focusInEvent(QFocusEvent *event)
 {
     selectionModel()->setCurrentIndex(selectedIndexes().value(0), QItemSelectionModel::NoUpdate);
@@ -161,8 +161,8 @@ void Sidebar::focusInEvent(QFocusEvent *event)
     QMetaObject::invokeMethod(this, &Sidebar::announceCurrentEntry, Qt::QueuedConnection);
 }
 
-// The toolkit sends the entry's event before the list's, so that screen readers read out the list
-// alone.
+// Sends the entry's focus event again: the toolkit sends it before the list's, so screen readers would read
+// out the list alone.
 void Sidebar::announceCurrentEntry()
 {
     if (!hasFocus() || !currentIndex().isValid())
@@ -178,7 +178,7 @@ void Sidebar::focusOutEvent(QFocusEvent *event)
     QListWidget::focusOutEvent(event);
 }
 
-// The space around the entries is the window's background, by which it can be moved.
+// The space around the entries counts as the window's background: dragging it moves the window.
 void Sidebar::mousePressEvent(QMouseEvent *event)
 {
     m_isPressedBesideEntries = !indexAt(event->position().toPoint()).isValid();

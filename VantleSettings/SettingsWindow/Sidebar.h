@@ -10,7 +10,7 @@ class Sidebar : public QListWidget
     Q_OBJECT
 
 public:
-    /// `topMargin` is the height of the strip above the first entry, in points.
+    /// `topMargin` is the height above the sidebar's own margin that stays free, in points.
     explicit Sidebar(int topMargin, QWidget *parent = nullptr);
 
     SettingsSection selection() const;

@@ -22,7 +22,7 @@ namespace
 constexpr TileSize heroTile{.side = 54, .radius = 12, .symbol = 26};
 constexpr int versionExtraSpacing = 2;
 
-/// The program's tile beside its name, what it is, and its version.
+/// The program's tile beside its name, description and version.
 QWidget *hero(const QString &version)
 {
     auto *texts = rowTexts({new WrappedLabel(u"Vantle"_s, TextStyle::size15Semibold),

@@ -3,7 +3,7 @@
 #include "Platform/Files/Bundle.h"
 #include "SettingsWindow/Sections/SectionContent.h"
 
-/// The About page: what the program is, its version, and the files that it and the agent share.
+/// The About page: the program's description and version, and the files that it shares with the agent.
 class AboutSection : public SectionContent
 {
     Q_OBJECT

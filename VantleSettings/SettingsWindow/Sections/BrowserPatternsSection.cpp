@@ -49,7 +49,7 @@ private:
     const Symbol m_symbol;
 };
 
-/// What the page shows before any project is known.
+/// The row that the page shows while no project is known.
 QWidget *noProjectsRow()
 {
     auto *row = new QWidget;

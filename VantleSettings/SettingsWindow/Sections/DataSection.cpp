@@ -100,7 +100,7 @@ void DataSection::confirmUninstallHooks()
         AgentBridge::fireAndForget(u"/settings/uninstall-hooks"_s);
 }
 
-/// Whether the user agreed and the page still exists.
+/// Asks the user; returns whether the user agreed and the page still exists.
 bool DataSection::agreed(const Confirmation &confirmation)
 {
     const QPointer<DataSection> page(this);

@@ -5,7 +5,7 @@
 class SettingsModel;
 struct Confirmation;
 
-/// The Data & Privacy page: three actions that can't be taken back, each of which asks first.
+/// The Data & Privacy page: three actions that cannot be undone, each of which asks first.
 class DataSection : public SectionContent
 {
     Q_OBJECT

@@ -87,7 +87,7 @@ void setAutomaticUpdates(SettingsModel &model, bool on)
 {
     if (on == model.automaticUpdates)
         return;
-    // The address is the updater's; it is read anew so that one written meanwhile survives.
+    // The updater owns the address. It is read again so that a change made meanwhile is kept.
     const auto manifestURL = Persistence::loadUpdatesConfig().manifestURL;
     Persistence::saveUpdatesConfig({.automatic = on, .manifestURL = manifestURL});
     model.automaticUpdates = on;
@@ -139,7 +139,7 @@ void GeneralSection::addDeferredGroups()
     add(shortcutsGroup(m_model));
 }
 
-/// A click is answered at once, not only when the page is drawn anew: another one may wait already.
+/// A click is answered at once, not only when the page is rendered: the next click may be queued already.
 Switch *GeneralSection::switchOf(const Published<bool> &state, void (*set)(SettingsModel &model, bool on))
 {
     auto *button = new Switch;
@@ -160,7 +160,7 @@ Switch *GeneralSection::launchAtLoginSwitch()
     return launch;
 }
 
-/// Both texts of the row tell whether the typeface is installed.
+/// Both the picker's entries and the subtitle say whether the typeface is installed.
 SettingsRow *GeneralSection::typefaceRow()
 {
     auto *typeface = new Picker;

@@ -54,7 +54,7 @@ std::optional<QString> subtitle(const std::optional<QString> &root)
     return folder.isEmpty() ? std::nullopt : std::optional<QString>(u"Selected folder: "_s % folder);
 }
 
-/// The folder that is dragged; nothing where it is a file, or one of several things, or on another machine.
+/// The dragged folder; nothing for a file, for several items, or for a folder on another machine.
 std::optional<QString> draggedFolder(const QMimeData &data)
 {
     const QList<QUrl> dragged = data.urls();
@@ -64,8 +64,8 @@ std::optional<QString> draggedFolder(const QMimeData &data)
     return Seam<FileSystem>::current().isDirectory(path) ? std::optional(path) : std::nullopt;
 }
 
-/// What the other program is told to have happened to the folder: never a move, after which it could delete
-/// it.
+/// The drop action to report to the program that the folder comes from: never a move, after which that
+/// program could delete the folder.
 Qt::DropAction harmlessAction(Qt::DropActions possible)
 {
     for (const Qt::DropAction action : {Qt::LinkAction, Qt::CopyAction}) {
@@ -75,12 +75,13 @@ Qt::DropAction harmlessAction(Qt::DropActions possible)
     return Qt::IgnoreAction;
 }
 
-/// Accepts the drag or the drop where it is one of a folder, and says which.
+/// Accepts the drag or drop if it is one of a folder, and returns the folder.
 std::optional<QString> accepted(QDropEvent &event)
 {
     std::optional<QString> folder = draggedFolder(*event.mimeData());
     const Qt::DropAction action = harmlessAction(event.possibleActions());
-    if (action != Qt::IgnoreAction || event.type() == QEvent::Drop) // before, that would forbid the drop
+    // During the drag, setting IgnoreAction would forbid the drop.
+    if (action != Qt::IgnoreAction || event.type() == QEvent::Drop)
         event.setDropAction(action);
     event.setAccepted(folder.has_value());
     return folder;
@@ -172,7 +173,7 @@ void PlanningPathRow::showDrop(bool possible)
         update();
 }
 
-// The row is all of its card.
+// The row fills its card, so it is highlighted with the card's corners.
 void PlanningPathRow::paintEvent(QPaintEvent *)
 {
     if (!m_showsDrop)

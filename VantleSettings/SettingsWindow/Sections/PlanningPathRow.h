@@ -5,8 +5,8 @@
 class ElidedLabel;
 class SettingsModel;
 
-/// The planning root, with what can be done about it: show it, clear it, choose another, in a dialog or by
-/// dropping a folder on the row.
+/// The planning root, with buttons that reveal it, clear it and choose another. A folder dropped on the row
+/// is chosen, too.
 class PlanningPathRow : public QWidget
 {
     Q_OBJECT

@@ -113,7 +113,7 @@ void PlanningProjectRow::render()
     changeAccessibleDescription(m_actions, accessibleText(place % u", "_s % m_badge->accessibleName()));
 }
 
-/// The items that make sense at this moment; what they name may be gone when one is chosen.
+/// Adds the items for what exists at this moment; it may be gone when an item is chosen.
 void PlanningProjectRow::fillActionMenu(QMenu &menu)
 {
     render();

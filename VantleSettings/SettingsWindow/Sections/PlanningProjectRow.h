@@ -10,7 +10,7 @@ class Label;
 class QMenu;
 class SidebarIcon;
 
-/// A project of the planning manifest: its folder, its session count, and a menu of what can be done with it.
+/// A project of the planning manifest: its folder, its session count, and a menu of actions.
 class PlanningProjectRow : public QWidget
 {
     Q_OBJECT
@@ -18,10 +18,10 @@ class PlanningProjectRow : public QWidget
 public:
     explicit PlanningProjectRow(const PlanningProject &project, QWidget *parent = nullptr);
 
-    /// The height of a row whose folder is there; a word about a missing one may need a little more.
+    /// The height of a row whose folder exists, in points. The label of a missing one may need a little more.
     static int expectedHeight();
 
-    /// Looks again whether the project's folder is there.
+    /// Updates the row according to whether the project's folder exists.
     void render();
 
 private:
@@ -29,7 +29,7 @@ private:
     void fillActionMenu(QMenu &menu);
 
     PlanningProject m_project;
-    std::optional<bool> m_exists; ///< as shown
+    std::optional<bool> m_exists; ///< whether the folder exists, as shown
     SidebarIcon *m_icon;
     QWidget *m_missing;
     QWidget *m_badge;

@@ -66,7 +66,7 @@ PlanningSection::PlanningSection(SettingsModel &model, QWidget *parent)
     renderPage(model, [this] { render(); });
 }
 
-/// Why the page lists no projects.
+/// The row that says why the page lists no projects.
 QWidget *PlanningSection::emptyRow()
 {
     auto *row = new QWidget;
@@ -129,7 +129,7 @@ void PlanningSection::render()
     m_rows->setIds(std::move(ids));
 }
 
-/// Does no work where nothing has changed: the root may be a long text.
+/// Does nothing if nothing has changed: the root may be a long text.
 void PlanningSection::renderManifest()
 {
     const std::optional<QString> &root = m_model.planningRoot;
@@ -155,7 +155,7 @@ void PlanningSection::renderEmpty(bool exists, const std::optional<QString> &pat
                      u" with [[projects]] blocks listing each project’s name, path, and todo_path."_s);
 }
 
-/// Whether anything is at the manifest's place under the root, even under an empty one.
+/// Whether there is a root, even an empty one, and anything exists at the manifest's path.
 bool PlanningSection::tomlExists(const std::optional<QString> &path) const
 {
     return m_model.planningRoot->has_value() &&

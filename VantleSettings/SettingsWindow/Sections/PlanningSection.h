@@ -19,7 +19,7 @@ public:
     explicit PlanningSection(SettingsModel &model, QWidget *parent = nullptr);
 
 private:
-    /// What is shown of the manifest's place.
+    /// The state of the manifest that is shown.
     struct Manifest {
         std::optional<QString> root;
         std::optional<QString> path;

@@ -26,7 +26,7 @@ constexpr int editorPadding = 8;
 constexpr int editorPaddingVertical = 6;
 constexpr int editorRadius = 6;
 
-/// What an editor stands on.
+/// The rounded background around an editor.
 class EditorBackground : public QWidget
 {
 public:
@@ -59,7 +59,7 @@ ProjectRow::ProjectRow(const BrowserConfigProject &project, QWidget *parent)
     setDescribes(name, m_editor);
     setDescribes(root, m_editor);
     auto *header = rowLayout(new SidebarIcon(u"folder.fill"_s, SystemColor::blue), rowTexts({name, root}));
-    header->setContentsMargins(0, 0, 0, 0); // the editor below has the same
+    header->setContentsMargins(0, 0, 0, 0); // the row's own layout has the margins
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(Tokens::rowPadding, Tokens::rowPaddingVertical, Tokens::rowPadding,

@@ -16,7 +16,8 @@ class ProjectRow : public QWidget
 public:
     explicit ProjectRow(const BrowserConfigProject &project, QWidget *parent = nullptr);
 
-    /// Tells the height of a project's row where none of its patterns wraps, under the fonts of this moment.
+    /// Returns the function from a project, none of whose patterns wraps, to the height of its row in points
+    /// with the present fonts.
     static std::function<int(const BrowserConfigProject &project)> expectedHeight();
 
     PatternsEditor &editor() const { return *m_editor; }

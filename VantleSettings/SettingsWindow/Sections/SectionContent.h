@@ -6,7 +6,7 @@
 
 class QVBoxLayout;
 
-/// What stands under a page's heading: groups, one below the other.
+/// A page's content below its heading: groups, one below the other.
 class SectionContent : public QWidget
 {
     Q_OBJECT
@@ -17,7 +17,8 @@ public:
     /// Appends a group and owns it.
     void add(QWidget *group);
 
-    /// Appends the groups that lie below the first view of the page, which is drawn before they are made.
+    /// Appends the groups that are not in view at first. Called after the first frame, which is then drawn
+    /// earlier.
     virtual void addDeferredGroups();
 
     /// Calls `draw` now, on the next turn of the event loop after each announcement of `observed`, and

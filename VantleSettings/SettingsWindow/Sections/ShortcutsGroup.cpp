@@ -16,7 +16,7 @@ namespace
 constexpr int resetPaddingSides = 16;
 constexpr int resetPaddingVertical = 10;
 
-/// Each action is reset by itself, as its row's button does it: the agent reads the file after each.
+/// The button resets each action by itself, like its row's button: the agent reads the file after each.
 QWidget *resetAllRow(SettingsModel &model)
 {
     auto *row = new QWidget;

@@ -3,5 +3,5 @@
 class SettingsGroup;
 class SettingsModel;
 
-/// Makes the group of the keyboard shortcuts: a row for each action, and a way back to all their defaults.
+/// Makes the group of the keyboard shortcuts: a row for each action, and a button that resets them all.
 SettingsGroup *shortcutsGroup(SettingsModel &model);
