@@ -14,13 +14,13 @@ using namespace std::chrono_literals;
 
 int main()
 {
-    // Nothing is taken from the command line, not even the toolkit's own options: it sees a line of our own.
+    // The command line is ignored, including the toolkit's own options: the toolkit is given a fixed one.
     std::array name{'v', 'a', 'n', 't', 'l', 'e', '-', 's', 'e', 't', 't', 'i', 'n', 'g', 's', '\0'};
     std::array<char *, 2> arguments{name.data(), nullptr};
     int argumentCount = 1;
     filterToolkitMessages();
     const LaunchToken token = launchToken();
-    abandonSilentSessionBus(400ms); // the model waits too, and both together for less than a second
+    abandonSilentSessionBus(400ms); // the model waits as well; together less than a second
     Application application(argumentCount, arguments.data());
     if (!becomeOnlyProgram(token))
         return 0;
@@ -34,7 +34,7 @@ int main()
                      Qt::QueuedConnection);
     onQuitSignal(&QCoreApplication::quit);
     delegate.applicationDidFinishLaunching();
-    followAppearance(); // the answer comes once the window is there
+    followAppearance(); // answered when the window is on the screen
     Application::exec();
     delegate.applicationWillTerminate();
     return 0;

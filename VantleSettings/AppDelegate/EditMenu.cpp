@@ -35,15 +35,15 @@ QAction *EditMenu::addItem(const QString &title, const QKeySequence &key, void (
 
 void EditMenu::follow(QWidget *focused)
 {
-    // A window that is not the active one has no focus, and an open menu bar has it for itself; the items
-    // still mean the previously focused editor.
+    // No widget has the focus while another window is active, and an open menu bar takes the focus. The items
+    // still act on the previously focused editor.
     if (!focused || qobject_cast<QMenuBar *>(focused))
         return;
     auto *editor = qobject_cast<QPlainTextEdit *>(focused);
     if (editor == m_editor)
         return;
     m_editor = editor;
-    m_watching.reset();
+    m_context.reset();
     if (editor)
         watch(editor);
     updateItems();
@@ -51,17 +51,17 @@ void EditMenu::follow(QWidget *focused)
 
 void EditMenu::watch(QPlainTextEdit *editor)
 {
-    m_watching = std::make_unique<QObject>();
-    QObject *watching = m_watching.get();
-    connect(editor, &QPlainTextEdit::undoAvailable, watching, [this] { updateItems(); });
-    connect(editor, &QPlainTextEdit::redoAvailable, watching, [this] { updateItems(); });
-    connect(editor, &QPlainTextEdit::copyAvailable, watching, [this] { updateItems(); });
-    connect(editor, &QPlainTextEdit::textChanged, watching, [this] { updateItems(); });
-    connect(editor, &QObject::destroyed, watching, [this] {
+    m_context = std::make_unique<QObject>();
+    QObject *context = m_context.get();
+    connect(editor, &QPlainTextEdit::undoAvailable, context, [this] { updateItems(); });
+    connect(editor, &QPlainTextEdit::redoAvailable, context, [this] { updateItems(); });
+    connect(editor, &QPlainTextEdit::copyAvailable, context, [this] { updateItems(); });
+    connect(editor, &QPlainTextEdit::textChanged, context, [this] { updateItems(); });
+    connect(editor, &QObject::destroyed, context, [this] {
         m_editor = nullptr;
         updateItems();
     });
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, watching, [this] { updatePaste(); });
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, context, [this] { updatePaste(); });
     updatePaste();
 }
 
@@ -78,7 +78,7 @@ void EditMenu::updateItems()
         m_paste->setEnabled(false);
 }
 
-/// Apart from the rest, because asking for the clipboard means asking another program.
+/// Not part of updateItems(), because reading the clipboard means asking another program.
 void EditMenu::updatePaste()
 {
     m_paste->setEnabled(m_editor && m_editor->canPaste());

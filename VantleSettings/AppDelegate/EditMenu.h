@@ -27,7 +27,7 @@ private:
     QAction *addItem(const QString &title, const QKeySequence &key, void (QPlainTextEdit::*act)());
 
     QPointer<QPlainTextEdit> m_editor;
-    std::unique_ptr<QObject> m_watching; ///< lives while `m_editor` is watched
+    std::unique_ptr<QObject> m_context; ///< of the connections to `m_editor`
     QAction *m_undo;
     QAction *m_redo;
     QAction *m_cut;

@@ -2,5 +2,5 @@
 
 class QMainWindow;
 
-/// Builds the menu bar, application menu, Edit and Window, and gives it to this window.
+/// Builds the menu bar with the application, Edit and Window menus, and gives it to this window.
 void buildMainMenu(QMainWindow &window);

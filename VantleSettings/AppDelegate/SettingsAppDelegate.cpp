@@ -28,7 +28,7 @@ void SettingsAppDelegate::applicationDidFinishLaunching()
     becomeRegularApplication();
     m_model = std::make_unique<SettingsModel>();
     m_controller = std::make_unique<SettingsWindowController>(SettingsSection::general, *m_model);
-    buildMainMenu(m_controller->window()); // in the window, on desktops that have no bar of their own
+    buildMainMenu(m_controller->window()); // shown in the window, on desktops without a menu bar of their own
     m_controller->onWindowClose = [delegate = QPointer(this)] {
         if (!delegate)
             return;
@@ -60,6 +60,6 @@ void SettingsAppDelegate::applicationWillTerminate()
 
 void SettingsAppDelegate::dropController()
 {
-    // The window is still closing; it goes away with its controller when the event loop turns next.
+    // The window is still closing; it is deleted with its controller on the next turn of the event loop.
     m_controller.release()->deleteLater();
 }

@@ -7,7 +7,7 @@
 class SettingsModel;
 class SettingsWindowController;
 
-/// The program as a whole: it builds the one window and ends with it.
+/// The program as a whole: it makes the one window, and ends when the window closes.
 class SettingsAppDelegate : public QObject
 {
     Q_OBJECT
@@ -19,18 +19,18 @@ public:
     /// Loads all settings and shows the window, once, when the application is up.
     void applicationDidFinishLaunching();
 
-    /// The program was started again: shows the window if it is not visible. Always true.
+    /// Called when the program is started again: shows the window if it is not visible. Returns true.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
 
-    /// The event loop has ended: completes the last change and keeps what was copied. Waits for less than a
-    /// second in all, and not at all when nothing is pending.
+    /// Called after the event loop: completes the last change, and keeps what was copied available. Waits for
+    /// less than a second in all, and not at all when nothing is pending.
     void applicationWillTerminate();
 
     /// The one window's controller; none before launching has finished and after the window has closed.
     SettingsWindowController *controller() const { return m_controller.get(); }
 
 Q_SIGNALS:
-    /// The window has closed: the program is to end.
+    /// The window has closed, and the program should end.
     void terminate();
 
 private:

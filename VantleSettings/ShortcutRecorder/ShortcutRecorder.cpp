@@ -45,7 +45,7 @@ QString spoken(const KeyCombo &combo)
     return combo.spoken();
 }
 
-/// What is shown is described in words: screen readers have none for the signs of keys.
+/// Describes what is shown in words: screen readers have no words for key symbols.
 class AccessibleRecorder : public AccessibleButton
 {
 public:
@@ -70,20 +70,20 @@ QAccessibleInterface *recorderFactory(const QString &, QObject *object)
 ShortcutRecorder::ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWidget *parent)
     : QPushButton(parent)
 {
-    QAccessible::installFactory(recorderFactory); // once, however often it is asked to
+    QAccessible::installFactory(recorderFactory); // has no effect after the first call
     setTextStyle(*this, TextStyle::size12SemiboldMono);
     setFlat(true);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    m_change.setDuration(Tokens::recorderDuration);
-    m_change.setEasingCurve(QEasingCurve::OutCubic);
-    connect(&m_change, &QVariantAnimation::valueChanged, this,
+    m_transition.setDuration(Tokens::recorderDuration);
+    m_transition.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&m_transition, &QVariantAnimation::valueChanged, this,
             [this](const QVariant &progress) { setRecordingProgress(progress.toReal()); });
     connect(this, &QPushButton::clicked, &m_recording, &ShortcutRecording::toggleRecording);
     connect(&m_recording, &ShortcutRecording::recorded, this, [this] { m_isRecorded = true; });
     connect(&m_recording, &ShortcutRecording::recorded, this, std::move(onRecord));
-    connect(&m_recording, &ShortcutRecording::recordingChanged, this, &ShortcutRecorder::changeOver);
+    connect(&m_recording, &ShortcutRecording::recordingChanged, this, &ShortcutRecorder::updateRecording);
     setCombo(combo);
 }
 
@@ -106,7 +106,7 @@ QSize ShortcutRecorder::sizeHint() const
 
 void ShortcutRecorder::hideEvent(QHideEvent *event)
 {
-    if (!event->spontaneous()) // a window that is minimised still shows the page
+    if (!event->spontaneous()) // minimising the window does not hide the page
         stopRecording();
     QPushButton::hideEvent(event);
 }
@@ -153,21 +153,21 @@ void ShortcutRecorder::announceState()
     announce(this, isCancelled ? u"Cancelled, "_s + spokenText() : spokenText());
 }
 
-void ShortcutRecorder::changeOver()
+void ShortcutRecorder::updateRecording()
 {
     if (isRecording())
         m_isRecorded = false;
-    // The new combination is set in the next turn of the event loop; announced now, it would be the old one.
+    // The new combination is set on the next turn of the event loop; now the old one would be announced.
     QMetaObject::invokeMethod(this, &ShortcutRecorder::announceState, Qt::QueuedConnection);
     const qreal target = isRecording() ? 1 : 0;
-    m_change.stop();
+    m_transition.stop();
     if (!isVisible() || reducedMotion()) {
         setRecordingProgress(target);
         return;
     }
-    m_change.setStartValue(m_recordingProgress);
-    m_change.setEndValue(target);
-    m_change.start();
+    m_transition.setStartValue(m_recordingProgress);
+    m_transition.setEndValue(target);
+    m_transition.start();
 }
 
 void ShortcutRecorder::setRecordingProgress(qreal recordingProgress)

@@ -8,8 +8,8 @@
 
 #include <functional>
 
-/// A button that shows a combination and, once clicked, takes the next one that is pressed. Out of sight it
-/// stops waiting.
+/// A button that shows a combination and, after a click, records the next one that is pressed. It stops
+/// recording when its page is hidden.
 class ShortcutRecorder : public QPushButton
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
 
     ShortcutRecorder(const KeyCombo &combo, OnRecord onRecord, QWidget *parent = nullptr);
 
-    /// The combination to show while idle, under the keyboard layout of this moment.
+    /// Sets the combination to show while idle, with the key's text in the present keyboard layout.
     void setCombo(const KeyCombo &combo);
 
     void startRecording() { m_recording.startRecording(); }
@@ -41,13 +41,13 @@ private:
     QColor fillColor() const;
     int widthOf(const QString &text) const;
     void announceState();
-    void changeOver();
+    void updateRecording();
     void setRecordingProgress(qreal recordingProgress);
 
     QString m_comboText;
     QString m_spokenCombo;
     ShortcutRecording m_recording;
     bool m_isRecorded = false; ///< whether the last recording has ended with a combination
-    QVariantAnimation m_change{this};
-    qreal m_recordingProgress = 0; ///< how much of the recording look is on view: 0 idle, 1 recording
+    QVariantAnimation m_transition{this};
+    qreal m_recordingProgress = 0; ///< between the two looks: 0 idle, 1 recording
 };

@@ -7,7 +7,7 @@ namespace
 
 constexpr std::uint32_t escapeKeyCode = 53;
 
-// Shift alone makes no shortcut: what people type must not become one.
+// Shift alone makes no shortcut: it is used for typing.
 constexpr std::uint32_t qualifyingModifiers = KeyCombo::command | KeyCombo::option | KeyCombo::control;
 
 QPointer<ShortcutRecording> &recordingUnderWay()

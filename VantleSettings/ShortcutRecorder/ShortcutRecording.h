@@ -7,8 +7,8 @@
 
 #include <memory>
 
-/// Waits for the user to press a combination. While it does, it has every key-down of the program; only one
-/// recording does at a time.
+/// Waits for the user to press a combination. While it waits, no key-down reaches anything else in the
+/// program. Only one recording waits at a time.
 class ShortcutRecording : public QObject
 {
     Q_OBJECT
@@ -19,16 +19,16 @@ public:
 
     bool isRecording() const { return m_monitor != nullptr; }
 
-    /// Stops whichever other recording is under way.
+    /// Starts to wait, and stops any other recording.
     void startRecording();
 
-    /// Records nothing; does nothing when idle.
+    /// Stops without recording anything; does nothing when idle.
     void stopRecording();
 
-    /// What a click does: starts, or stops without recording.
+    /// Starts to wait, or stops without recording anything.
     void toggleRecording();
 
-    /// Takes a key-down of the program; the monitor passes each one on while recording.
+    /// Handles a key-down. While recording, the monitor calls it for every key that a shortcut can hold.
     void keyDown(const KeyDown &key);
 
 Q_SIGNALS:
@@ -37,5 +37,5 @@ Q_SIGNALS:
     void recordingChanged();
 
 private:
-    std::unique_ptr<KeyDownMonitor> m_monitor; ///< present exactly while recording
+    std::unique_ptr<KeyDownMonitor> m_monitor; ///< exists exactly while recording
 };

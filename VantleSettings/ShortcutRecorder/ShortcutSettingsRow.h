@@ -7,11 +7,11 @@ class IconButton;
 class SettingsModel;
 class ShortcutRecorder;
 
-/// Binds the action to its default, tells the agent and announces the model.
+/// Binds the action to its default, tells the agent and emits the model's objectWillChange().
 void resetShortcut(SettingsModel &model, ShortcutAction action);
 
-/// One action with its default, a recorder for its combination and a button back to the default, which is
-/// there and acts also where the default is in force.
+/// One action with its default, a recorder for its combination, and a reset button, which is shown and
+/// enabled even while the default is bound.
 class ShortcutSettingsRow : public SettingsRow
 {
     Q_OBJECT
