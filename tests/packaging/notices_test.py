@@ -12,7 +12,9 @@ OF_THE_SYSTEM = re.compile(r"(ld-linux.*|lib(c|m|dl|rt|pthread|resolv|gcc_s|stdc
 
 
 def patterns():
-    return re.findall(r"`([^`/]+)`", (SOURCE / "THIRD-PARTY.md").read_text())
+    """Everything in back quotes that is no path."""
+    quoted = re.findall(r"`([^`]+)`", (SOURCE / "THIRD-PARTY.md").read_text())
+    return [text for text in quoted if "/" not in text]
 
 
 def is_listed(name):
