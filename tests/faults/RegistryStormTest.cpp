@@ -65,7 +65,8 @@ public:
     {
         siginfo_t ended{};
         // The process stays waitable, so that its id is not given to another one.
-        return ::waitid(P_PID, id_t(m_process), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 && ended.si_pid == 0;
+        return ::waitid(P_PID, id_t(m_process), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+               ended.si_pid == 0;
     }
 
 private:
