@@ -1,5 +1,6 @@
 #include "Components/SettingsGroup.h"
 
+#include "Components/Drawing/Card.h"
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
 #include "Components/SettingsRow.h"

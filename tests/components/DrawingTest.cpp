@@ -1,3 +1,4 @@
+#include "Components/Drawing/Card.h"
 #include "Components/Drawing/Painting.h"
 #include "Components/Drawing/Tokens.h"
 #include "Components/SettingsRow.h"

@@ -99,6 +99,11 @@ qreal devicePixel(const QPainter &painter)
     return 1 / painter.deviceTransform().m11();
 }
 
+QRectF alignedToPixels(const QPainter &painter, const QRectF &rect)
+{
+    return inPoints(painter, devicePixels(painter, rect));
+}
+
 void drawHairline(QPainter &painter, const QRectF &rect, const QColor &color)
 {
     QRect line = devicePixels(painter, rect);
@@ -111,21 +116,4 @@ void drawVerticalHairline(QPainter &painter, const QRectF &rect, const QColor &c
     QRect line = devicePixels(painter, rect);
     line.setWidth(1);
     painter.fillRect(inPoints(painter, line), color);
-}
-
-void drawCard(QPainter &painter, const QRectF &rect)
-{
-    // An edge between two pixels would be spread over both, and the widget's clip would cut off half of it.
-    const QRectF card = inPoints(painter, devicePixels(painter, rect));
-    fillShape(painter, continuousRectangle(card, Tokens::cardRadius), Tokens::cardBackground);
-    const qreal width = std::max(0.5, devicePixel(painter));
-    const qreal inset = width / 2;
-    QColor stroke = Tokens::separator();
-    stroke.setAlphaF(stroke.alphaF() / 2);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.strokePath(
-        continuousRectangle(card.adjusted(inset, inset, -inset, -inset), Tokens::cardRadius - inset),
-        QPen(stroke, width));
-    painter.restore();
 }

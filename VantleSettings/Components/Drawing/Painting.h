@@ -25,11 +25,11 @@ void fillShape(QPainter &painter, const QPainterPath &path, const QBrush &brush)
 /// The width of one device pixel, in points.
 qreal devicePixel(const QPainter &painter);
 
+/// The rectangle with its edges between device pixels, where the toolkit puts those of a widget's clip.
+QRectF alignedToPixels(const QPainter &painter, const QRectF &rect);
+
 /// A horizontal line of exactly one device pixel at every scale factor, at the top of `rect`.
 void drawHairline(QPainter &painter, const QRectF &rect, const QColor &color);
 
 /// The same as a vertical line at the left of `rect`, in either layout direction.
 void drawVerticalHairline(QPainter &painter, const QRectF &rect, const QColor &color);
-
-/// Draws a card: its fill and its inner stroke.
-void drawCard(QPainter &painter, const QRectF &rect);
