@@ -165,7 +165,8 @@ class HeldMenuButton(HeldKeyCase):
                 self.focus(program.find("push button", "Actions for Gone"))
                 self.hold(SPACE)
                 program.press("Down")
-                self.expect(lambda: program.heard("Copy Path"), lambda: f"{program.heard()} is heard")
+                self.expect(lambda: program.last_focused("Copy Path"),
+                            lambda: f"{program.last_focused()} has the focus")
                 program.press("Escape")
         self.assertEqual(pasted(), "")
 

@@ -18,7 +18,7 @@ class LongLists(DesktopCase):
         except ValueError:
             return None
 
-    def test_the_patterns_in_view_are_heard_and_all_are_saved(self):
+    def test_the_patterns_in_view_are_exposed_and_all_are_saved(self):
         patterns = {f"/work/p{number}": [f"host{number}/*"] for number in range(10000, 20000)}
         self.write(PATTERNS, json.dumps(patterns))
         program = self.start()
@@ -42,7 +42,7 @@ class LongLists(DesktopCase):
                     lambda: self.editor(program, "/work/p10000").text)
         self.finish(program)
 
-    def test_the_planning_projects_in_view_are_heard_and_tab_walks_on(self):
+    def test_the_planning_projects_in_view_are_exposed_and_tab_goes_beyond_them(self):
         manifest = "".join(f'[[projects]]\nname = "P{number}"\n' for number in range(10000, 20000))
         self.write("plan/projects.toml", manifest)
         self.write(".vantle/planning.json", f'{{"root":"{self.home}/plan"}}')

@@ -47,7 +47,8 @@ class Planning(DesktopCase):
         items = {}
         for name in (*names, names[0]):
             program.press("Down")
-            items[name] = self.expect(lambda: program.heard(name), lambda: f"not {name} but {program.heard()} is heard")
+            items[name] = self.expect(lambda: program.last_focused(name),
+                                      lambda: f"{program.last_focused()} has the focus instead of {name}")
         return items
 
     def test_a_root_is_chosen_in_the_dialog(self):

@@ -1,5 +1,5 @@
-"""What a screen reader knows of a program: its controls by role and name, asked over the accessibility bus itself,
-so that nothing between the program and the test remembers an older answer."""
+"""What a screen reader knows of a program: its controls by role and name. They are queried over the accessibility bus
+itself, because a client library would cache older answers."""
 
 import subprocess
 import threading
@@ -26,10 +26,10 @@ STATES = {
 
 
 class AccessibilityBus:
-    """The bus on which programs show their controls. `heard` is what a screen reader would have read out last: the
-    control to which the focus went, also where the tree does not show it, as in a context menu. `switched` is every
-    control that said whether it is checked, and what it said. `announced` is every message that tells of something
-    without a control changing, and `changed` every control that told of another name or description."""
+    """The bus on which programs expose their controls. `last_focused` is the control that last reported the focus, even
+    if the tree does not show it, as in a context menu. `switched` lists each reported change of a checked state as a
+    control and its new state. `announced` lists the texts of announcements and notifications, and `changed` the
+    controls that reported a property change, such as another name or description."""
 
     def __init__(self):
         session = Gio.bus_get_sync(Gio.BusType.SESSION)
@@ -39,7 +39,7 @@ class AccessibilityBus:
         self._connection = Gio.DBusConnection.new_for_address_sync(
             address,
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
-        self.heard = None
+        self.last_focused = None
         self.switched = []
         self.announced = []
         self.changed = []
@@ -52,8 +52,8 @@ class AccessibilityBus:
                         lambda control, _details: self.changed.append(control))
 
     def watch(self, method):
-        """Returns a function that counts the calls of that method since in whose arguments a text stands, as
-        dbus-monitor prints them."""
+        """Returns a function that counts the later calls of that method whose arguments, as dbus-monitor prints them,
+        contain a text."""
         monitor = processes.start(
             ["dbus-monitor", "--address", self._address, f"type='method_call',member='{method}'"], text=True,
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
@@ -99,7 +99,7 @@ class AccessibilityBus:
 
     def _hear_focus(self, control, focused):
         if focused:
-            self.heard = control
+            self.last_focused = control
 
     def _hear_switch(self, control, checked):
         self.switched.append((control, checked))

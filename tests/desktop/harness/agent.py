@@ -10,7 +10,7 @@ Request = collections.namedtuple("Request", "method target host content_type con
 
 
 def reload(path):
-    """The request that a change is announced with, as the agent relies on it."""
+    """The request that announces a change, in the exact form that the agent relies on."""
     return Request("POST", path, "127.0.0.1:18484", "application/json", "2", b"{}")
 
 

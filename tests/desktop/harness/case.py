@@ -1,4 +1,4 @@
-"""What a test case of the desktop has at hand."""
+"""The base class of the desktop test cases, and their test result."""
 
 import itertools
 import pathlib

@@ -33,10 +33,10 @@ _SESSION_BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-BUS Bus Conf
 </busconfig>
 """
 
-# The one service that programs may start: whatever else the machine has stays asleep.
+# The only service that the bus may start: the machine's other services are not activated.
 _ACCESSIBILITY_SERVICE = "/usr/share/dbus-1/services/org.a11y.Bus.service"
 
-# What the desktop around the tests says of itself to its programs.
+# Prefixes of the environment variables with which the surrounding desktop describes itself to its programs.
 _FOREIGN = ("XDG_", "QT_", "LC_", "GTK_", "WAYLAND_", "DBUS_", "SESSION_", "AT_SPI", "DISPLAY")
 
 
@@ -46,8 +46,9 @@ def pictures_of(program):
 
 
 class Desktop:
-    """Everything that the program meets, and the hands and eyes of the tests. Sets the environment of this process
-    and so of those that it starts. `manager` is the command of the window manager, openbox if not said otherwise."""
+    """The session in which the program runs, and the tests' access to its input, windows and controls. Sets the
+    environment of this process, which the processes that it starts inherit. `manager` is the command of the window manager,
+    openbox by default."""
 
     def __init__(self, program, folder, manager=None):
         self.program = str(pathlib.Path(program).resolve())
@@ -68,7 +69,7 @@ class Desktop:
         os.environ["DISPLAY"], _ = self._start_screen()
         self._start_window_manager(os.environ["DISPLAY"])
 
-        # These connect to the desktop when they are loaded or made, so not before it is there.
+        # These connect to the desktop when they are imported or constructed, so it has to run first.
         from .accessibility import AccessibilityBus
         from .hands import Hands
         from .waiting import eventually
@@ -147,7 +148,7 @@ class Screen:
         self._server = server
 
     def break_down(self):
-        """Ends the screen without a word to those who show windows on it."""
+        """Kills the X server, without notice to the clients that show windows on it."""
         self._server.kill()
         self._server.wait()
 

@@ -11,7 +11,7 @@ import sys
 _STAGE = "VANTLE_DESKTOP_TEST_NETWORK"
 _SIOCGIFFLAGS, _SIOCSIFFLAGS, _IFF_UP = 0x8913, 0x8914, 1
 
-# How root becomes nobody; the latter where a namespace of users has made an ordinary user root.
+# How root becomes nobody: the second command works where a user namespace has made an ordinary user root.
 _ORDINARY = (["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"],
              ["unshare", "--map-user=65534", "--map-group=65534"])
 
@@ -35,7 +35,7 @@ def has_own_mounts():
 
 
 def _enter_own_network():
-    """Without the right to, goes on in the common network."""
+    """Restarts in new namespaces; without the permission for them, goes on in the common network."""
     unshared = str(pathlib.Path(__file__).resolve().parents[2] / "support" / "unshared")
     separated = [unshared, "--net", "--mount", "--"]
     if subprocess.run([*separated, "true"], stderr=subprocess.DEVNULL).returncode == 0:

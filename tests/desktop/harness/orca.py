@@ -23,7 +23,7 @@ _SETTINGS = {
 
 
 class Orca:
-    """Runs from creation to close(), with its settings as they come but for what it speaks through."""
+    """Runs from creation to close(), with its default settings except for the speech server."""
 
     def __init__(self, folder):
         folder = pathlib.Path(folder)

@@ -17,8 +17,8 @@ _REQUEST = """<node><interface name="org.freedesktop.portal.Request"><method nam
 
 
 class FilePortal:
-    """`parents` and `options` are what each dialog so far was asked for with, `closed` how many of them the program
-    has closed. One that is `stopped` takes calls and answers none, as a process that hangs."""
+    """`parents` and `options` are the arguments with which each dialog so far was requested, `closed` is how many of
+    them the program has closed. A `stopped` portal takes calls and answers none, as a process that hangs."""
 
     def __init__(self, stopped=False):
         self.parents, self.options, self.closed = [], [], 0

@@ -11,7 +11,7 @@ _libc = ctypes.CDLL(None)
 def _die_with_parent():
     _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL)
     for number in (signal.SIGINT, signal.SIGHUP):
-        signal.signal(number, signal.SIG_DFL)  # which a test run behind others has ignored
+        signal.signal(number, signal.SIG_DFL)  # a test run in the background ignores them
 
 
 def start(arguments, **options):

@@ -59,10 +59,10 @@ class Program:
     def shows(self, role, name):
         return any(control.has("showing") for control in self.root.find_all(role, name))
 
-    def heard(self, name=None):
-        """What a screen reader has read out last, if it has that name."""
-        heard = self._desktop.accessibility.heard
-        return heard if name is None or heard and heard.name == name else None
+    def last_focused(self, name=None):
+        """The control that last reported the focus, or None if it has another name."""
+        control = self._desktop.accessibility.last_focused
+        return control if name is None or control and control.name == name else None
 
     def find(self, role, name=None):
         return self.root.find(role, name)

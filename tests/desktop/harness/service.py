@@ -9,7 +9,7 @@ from gi.repository import Gio, GLib
 class BusService:
     """Answers under a bus name at one path, from a thread of its own. `called(method, arguments)` is told of each
     call and may return an answer, `property(name)` answers for the properties. `connection` is
-    its own to the bus, and `caller` the name there of who called last."""
+    the service's own connection to the bus, and `caller` the bus name of the last caller."""
 
     def __init__(self, name, path, interface, called=None, property=None):
         self._name, self._path = name, path
