@@ -15,7 +15,7 @@ struct PressedKey {
 };
 
 /// Sends a press as the toolkit does: first as a shortcut, then, unless that was taken, as a key.
-/// Returns whether any receiver would have had the shortcut.
+/// Returns whether a shortcut could have been triggered, that is whether nobody accepted the override.
 inline bool press(QObject &receiver, const PressedKey &pressed)
 {
     const auto event = [&pressed](QEvent::Type type) {

@@ -13,7 +13,7 @@ template <class T>
 class Awaited
 {
 public:
-    /// What the answer is to be given to; it may outlive this.
+    /// The callback that takes the answer; it may outlive this object.
     auto take()
     {
         return [slot = m_slot](const T &value) {

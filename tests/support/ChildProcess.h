@@ -4,7 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-/// What `work` answers in a process of its own; false too when that process ends in any other way.
+/// Runs `work` in a child process and returns its result; false as well if that process ends abnormally.
 template <class Work>
 bool inChildProcess(Work work)
 {
@@ -19,8 +19,8 @@ bool inChildProcess(Work work)
 /// A user id that owns nothing and that the password database doesn't know.
 inline constexpr uid_t strangersId = 54321;
 
-/// The same with the rights of a stranger, to whom permissions apply even where the tests run as root. Where
-/// they don't run as root, the user's own rights are limited enough.
+/// As inChildProcess(), with another user's rights, so that file permissions apply even if the tests run as
+/// root. An ordinary user's rights stay as they are, because permissions apply to them already.
 template <class Work>
 bool asStranger(Work work)
 {

@@ -9,7 +9,7 @@
 #include <chrono>
 #include <vector>
 
-/// Sends nothing, and keeps what it was asked to.
+/// Sends nothing, and records the requests and limits.
 struct FakeLoopbackPost final : LoopbackPost {
     std::vector<QUrl> urls;
     std::vector<std::chrono::milliseconds> limits; ///< of `finish`

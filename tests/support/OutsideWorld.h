@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-/// Everything outside that the model meets, as stand-ins that keep one record in order of what was asked of
-/// them. Lives as long as a test; the files are in memory, by path below the home directory.
+/// Stand-ins for the file system, the service manager and the agent's port. They record all calls in one list,
+/// in order. The files are in memory.
 class OutsideWorld
 {
 public:

@@ -39,7 +39,7 @@ class HomePerCase : public testing::EmptyTestEventListener
 
     void OnTestEnd(const testing::TestInfo &) override
     {
-        // What writes a file when it goes away shall do so while there is a home.
+        // Objects that write a file on destruction must do so while the home directory exists.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         m_home.reset();
     }

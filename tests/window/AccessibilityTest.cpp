@@ -130,16 +130,16 @@ QString steady(QString text)
 
 TEST_P(Accessibility, TheTreeIsAsStored)
 {
-    const QString heard = steady(outline(QAccessible::queryAccessibleInterface(&window())));
+    const QString tree = steady(outline(QAccessible::queryAccessibleInterface(&window())));
     QFile stored(QStringLiteral(VANTLE_OUTLINES "/%1.txt").arg(QLatin1String(GetParam().name)));
     if (qEnvironmentVariableIsSet("VANTLE_STORE_OUTLINES")) {
         ASSERT_TRUE(stored.open(QIODevice::WriteOnly));
-        stored.write(heard.toUtf8());
+        stored.write(tree.toUtf8());
         FAIL() << "stored anew; look at the difference, then run without VANTLE_STORE_OUTLINES";
     }
     ASSERT_TRUE(stored.open(QIODevice::ReadOnly)) << stored.fileName().toStdString();
     const QStringList before = QString::fromUtf8(stored.readAll()).split(u'\n');
-    const QStringList now = heard.split(u'\n');
+    const QStringList now = tree.split(u'\n');
     if (now == before)
         return;
     const auto [here, there] = std::mismatch(now.begin(), now.end(), before.begin(), before.end());
@@ -222,15 +222,15 @@ TEST(SidebarFocus, NoEntryIsFocusedWhileTheSidebarIsNot)
     controller.window().activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&controller.window()));
     Sidebar &sidebar = *controller.window().findChild<Sidebar *>();
-    const auto heard = [&sidebar] {
+    const auto entryState = [&sidebar] {
         return QAccessible::queryAccessibleInterface(&sidebar)->child(0)->state();
     };
     sidebar.setFocus();
-    EXPECT_TRUE(heard().focused);
+    EXPECT_TRUE(entryState().focused);
     QTest::keyClick(&sidebar, Qt::Key_Tab);
     EXPECT_FALSE(sidebar.hasFocus());
-    EXPECT_FALSE(heard().focused);
-    EXPECT_TRUE(heard().selected);
+    EXPECT_FALSE(entryState().focused);
+    EXPECT_TRUE(entryState().selected);
 }
 
 } // namespace

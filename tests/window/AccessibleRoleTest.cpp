@@ -18,10 +18,10 @@ TEST(AccessibleRole, AWidgetHasTheRoleItWasGiven)
     QWidget page;
     setAccessibleRole(&page, QAccessible::Pane);
     page.setAccessibleName(u"General"_s);
-    const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&page);
-    ASSERT_TRUE(heard);
-    EXPECT_EQ(heard->role(), QAccessible::Pane);
-    EXPECT_EQ(heard->text(QAccessible::Name), u"General"_s);
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&page);
+    ASSERT_TRUE(accessible);
+    EXPECT_EQ(accessible->role(), QAccessible::Pane);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"General"_s);
 }
 
 TEST(AccessibleRole, OtherWidgetsKeepTheirs)
@@ -29,9 +29,9 @@ TEST(AccessibleRole, OtherWidgetsKeepTheirs)
     QWidget page;
     setAccessibleRole(&page, QAccessible::Pane);
     QLabel label(u"Typeface"_s);
-    const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&label);
-    ASSERT_TRUE(heard);
-    EXPECT_EQ(heard->role(), QAccessible::StaticText);
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&label);
+    ASSERT_TRUE(accessible);
+    EXPECT_EQ(accessible->role(), QAccessible::StaticText);
 }
 
 TEST(AccessibleRole, WidgetsThatOnlyLayOutAreNoPartOfTheTree)

@@ -9,5 +9,5 @@
 void walk(QAccessibleInterface *root, const std::function<void(QAccessibleInterface *, int depth)> &visit);
 
 /// The accessible objects below `root`: a line each, indented by depth, with role, name,
-/// description, and the states that matter.
+/// label, description, editable text, and the states that matter.
 QString outline(QAccessibleInterface *root);

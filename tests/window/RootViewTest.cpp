@@ -141,8 +141,8 @@ TEST_F(RootView, EveryPageHasItsHeading)
         SectionPane &pane = *shownPane();
         EXPECT_EQ(pane.accessibleName(), rawValue(section));
         EXPECT_EQ(pane.accessibleDescription(), subtitle(section));
-        QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&pane);
-        EXPECT_EQ(heard->role(), QAccessible::Grouping);
+        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&pane);
+        EXPECT_EQ(accessible->role(), QAccessible::Grouping);
         const auto *hero = pane.findChild<DetailHero *>();
         ASSERT_TRUE(hero);
         auto *title = named<QLabel>(*hero, rawValue(section));

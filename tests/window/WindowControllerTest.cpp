@@ -96,9 +96,9 @@ TEST_F(WindowController, IsExposedAsAWindowWithOneConstantName)
     model.section = SettingsSection::about;
     settle();
     EXPECT_EQ(window.windowTitle(), u"Vantle Settings"_s);
-    const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&window);
-    EXPECT_EQ(heard->role(), QAccessible::Window);
-    EXPECT_EQ(heard->text(QAccessible::Name), u"Vantle Settings"_s);
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&window);
+    EXPECT_EQ(accessible->role(), QAccessible::Window);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Vantle Settings"_s);
 }
 
 TEST_F(WindowController, IsBlackBehindItsContentOnLightDesktopsToo)

@@ -158,10 +158,10 @@ TEST(ConfirmationDialog, SpaceOnCancelIsCancel)
 TEST(ConfirmationDialog, IsExposedAsADialogWithMessageInformationAndButtons)
 {
     answered([](QWidget *dialog) {
-        const QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(dialog);
-        EXPECT_EQ(heard->role(), QAccessible::Dialog);
-        EXPECT_EQ(heard->text(QAccessible::Name), question.message);
-        EXPECT_EQ(heard->text(QAccessible::Description), question.informative);
+        const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(dialog);
+        EXPECT_EQ(accessible->role(), QAccessible::Dialog);
+        EXPECT_EQ(accessible->text(QAccessible::Name), question.message);
+        EXPECT_EQ(accessible->text(QAccessible::Description), question.informative);
         EXPECT_EQ(QAccessible::queryAccessibleInterface(button(dialog, u"Clear"_s))->role(),
                   QAccessible::Button);
         dialog->close();

@@ -3,12 +3,12 @@
 #include <QDBusConnection>
 #include <QString>
 
-/// A session bus of this test program's own: the one its code under test uses, with nobody on it but who a
-/// case puts there.
+/// The test program's own session bus, which the code under test uses. It has only the services that a test
+/// case registers.
 class PrivateBus
 {
 public:
-    /// The connection that a case's pretended services use. The bus is started at the first call.
+    /// The connection that a case's pretended services use. The bus is started before the first test case.
     static QDBusConnection services();
 };
 
