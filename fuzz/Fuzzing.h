@@ -16,7 +16,7 @@
     std::abort();
 }
 
-/// Ends the run if not, so that the fuzzer keeps the input.
+/// Aborts if the condition is false, so that the fuzzer keeps the input.
 #define MUST(condition) ((condition) ? static_cast<void>(0) : endRun(__FILE__, __LINE__, #condition))
 
 /// A disk on which every file holds the same bytes, in the home directory /home/u.

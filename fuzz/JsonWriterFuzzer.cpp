@@ -9,7 +9,7 @@
 namespace
 {
 
-/// Makes a value of whatever bytes there are.
+/// Makes a JSON value from arbitrary bytes.
 class Maker
 {
 public:

@@ -41,7 +41,7 @@ std::string registryOf(benchmark::State &state)
     return path.toStdString();
 }
 
-/// What nobody can do without: the bytes, and one parse with a parser that has no memory yet.
+/// The baseline: reads the bytes and parses them once, with a parser that has no memory allocated yet.
 void loadAndParse(benchmark::State &state)
 {
     const std::string path = registryOf(state);

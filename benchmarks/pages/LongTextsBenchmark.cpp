@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr double mostOfAll = 0.1; // seconds that any length may take longer than the shortest
+constexpr double maxExtraTime = 0.1; // seconds that any length may take longer than the shortest
 
 QString word(qsizetype length)
 {
@@ -42,7 +42,7 @@ QString lines(qsizetype length)
 
 using Text = QString (*)(qsizetype length);
 
-/// From the wish to see the Planning page to its first picture, all of whose texts are so long.
+/// Creates the Planning page, all of whose texts have this length, and draws it for the first time.
 void planning(benchmark::State &state, Text text)
 {
     const QString path = text(state.range(0));
@@ -137,7 +137,7 @@ bool isFlat(const Ratios &ratios, const std::string &name)
     for (const QString &length : lengths()) {
         const double time = ratios.seconds(name + '/' + length.toStdString());
         std::printf(" %10.1f", time * 1e3);
-        flat = flat && time > 0 && time - shortest <= mostOfAll;
+        flat = flat && time > 0 && time - shortest <= maxExtraTime;
     }
     std::puts(flat ? "   yes" : "   NO");
     return flat;

@@ -43,7 +43,7 @@ std::unique_ptr<SettingsModel> modelOf(int count)
     return model;
 }
 
-/// From the wish to see a page to its first picture.
+/// Creates a page and draws it for the first time.
 template <class Section>
 void open(benchmark::State &state, SettingsSection section)
 {

@@ -47,7 +47,7 @@ bool isWhole(const QByteArray &request)
     return request.size() >= headEnd + 4 + value.trimmed().toInt();
 }
 
-/// What the other side sends: a whole request, or all that comes before it falls silent for a second.
+/// What the client sends: a complete request, or the bytes received before a second without any.
 QByteArray readRequest(int connection)
 {
     const timeval second{1, 0};

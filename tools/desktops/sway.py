@@ -1,5 +1,5 @@
-"""Sway, which has neither icons nor a minimised state: what stands aside there is hidden, and what fills the screen is
-a tile of it."""
+"""Sway, which has neither icons nor a minimised state: the tests hide a window on its scratchpad
+instead of minimising it, and tile it instead of maximising it."""
 
 import glob
 import json

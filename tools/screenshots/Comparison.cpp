@@ -7,7 +7,7 @@
 namespace
 {
 
-constexpr int most = 255;
+constexpr int maxDifference = 255;
 
 std::array<int, 3> averageColor(const QImage &picture, const QRect &square)
 {
@@ -30,7 +30,7 @@ std::array<int, 3> averageColor(const QImage &picture, const QRect &square)
 int perceivedDifference(const QImage &one, const QImage &other, int side)
 {
     if (one.size() != other.size())
-        return most;
+        return maxDifference;
     const QImage a = one.convertToFormat(QImage::Format_RGB32);
     const QImage b = other.convertToFormat(QImage::Format_RGB32);
     int largest = 0;

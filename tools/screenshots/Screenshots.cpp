@@ -25,7 +25,7 @@ std::unique_ptr<QWidget> owned(QWidget *widget)
     return std::unique_ptr<QWidget>(widget);
 }
 
-/// Lets all that waits for its turn have it, and every animation run to its end.
+/// Processes all pending events and runs every animation to its end.
 void comeToRest(const QWidget &window)
 {
     const auto moves = [&window] {
