@@ -54,8 +54,8 @@ class HeldKeyCase(DesktopCase):
             pass
 
     def expect_everything_done(self, program, control):
-        """Keys are delivered in their order: once the next one has left the control that has the keyboard, all
-        before it have acted."""
+        """Keys are delivered in order: once a Tab has moved the focus away from the control, all keys before it
+        were handled."""
         self.expect(lambda: control.has("focused"), f"{control} does not have the keyboard")
         program.press("Tab")
         self.expect(lambda: not control.has("focused"), "Tab does not arrive")

@@ -1,4 +1,4 @@
-"""What the program says when those who help the toolkit are busy or end: nothing."""
+"""The program prints nothing when a service that the toolkit uses is busy or ends."""
 
 import os
 import signal
@@ -7,13 +7,13 @@ from harness.case import DesktopCase
 
 
 class Helpers(DesktopCase):
-    def test_a_registry_of_screen_readers_that_ends_while_it_has_a_key_takes_none_away(self):
+    def test_a_key_is_not_lost_when_the_accessibility_registry_ends_while_it_handles_it(self):
         accessibility = self.desktop.accessibility
         program = self.start()
         window = program.window
         offered = accessibility.watch("NotifyListenersSync")
-        # While somebody begins to watch, the registry tells of one listener less, and the toolkit asks it which are left,
-        # and waits. That is over when the keys below have been answered.
+        # When a monitor connects, the registry reports that a listener has gone, and the toolkit waits for it to list
+        # the remaining ones. That is over when the keys below have been answered.
         program.focus("check box", "Marketing Recording Mode")
         registry = accessibility.process("org.a11y.atspi.Registry")
         os.kill(registry, signal.SIGSTOP)

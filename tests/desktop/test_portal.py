@@ -1,4 +1,4 @@
-"""The folder dialog of the desktop's portal: whose window it belongs to, and what becomes of it."""
+"""The folder dialog of the desktop's portal: whose window it belongs to, and how it ends."""
 
 from harness.case import DesktopCase
 from harness.portal import FilePortal

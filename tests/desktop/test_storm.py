@@ -1,5 +1,5 @@
-"""Many changes in a row, agents that take their time or break off, changes in the last instant, and a screen that goes
-away. With VANTLE_LONG_TESTS in the numbers that matter; without, in numbers that show that it works at all."""
+"""Many changes in a row, slow agents and agents that close the connection early, changes just before the
+end, and a lost X server. With VANTLE_LONG_TESTS in large numbers; without, in small ones."""
 
 import os
 import pathlib
@@ -88,7 +88,7 @@ class Changes(DesktopCase):
 
 
 class Screen(DesktopCase):
-    def test_a_screen_that_goes_away_ends_it_with_a_word_and_no_core(self):
+    def test_a_lost_x_server_ends_it_with_a_message_and_no_core(self):
         reader, writer = os.pipe()
         server = processes.start(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp"], pass_fds=[writer],
                                  stderr=subprocess.DEVNULL)

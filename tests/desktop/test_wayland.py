@@ -1,5 +1,5 @@
 """The program under a Wayland compositor: it starts, shows its pages, and ends. The compositor has neither keyboard
-nor mouse, so the hand is a screen reader's."""
+nor mouse, so controls are used through the accessibility bus."""
 
 import os
 import signal

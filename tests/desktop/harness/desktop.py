@@ -47,8 +47,8 @@ def pictures_of(program):
 
 class Desktop:
     """The session in which the program runs, and the tests' access to its input, windows and controls. Sets the
-    environment of this process, which the processes that it starts inherit. `manager` is the command of the window manager,
-    openbox by default."""
+    environment of this process, which the processes that it starts inherit. `manager` is the command of the
+    window manager, openbox by default."""
 
     def __init__(self, program, folder, manager=None):
         self.program = str(pathlib.Path(program).resolve())
