@@ -7,7 +7,7 @@ import unittest
 
 from trees import BUILD, SOURCE, files_below, run, temporary_folder
 
-# Of the compiler and the C library, and what the sanitizers and the toolkit's own libraries bring along.
+# Libraries of the compiler and of the C library, and those that sanitizers and the toolkit's libraries need.
 OF_THE_SYSTEM = re.compile(r"(ld-linux.*|lib(c|m|dl|rt|pthread|resolv|gcc_s|stdc\+\+|GLX|OpenGL|GL|EGL))$")
 
 

@@ -16,7 +16,7 @@ MASK = 0o027
 OPENING = ("open", "openat", "openat2", "creat")
 MOVING = ("rename", "renameat", "renameat2", "link", "linkat", "symlink", "symlinkat")
 AGENT = re.compile(r'connect\(.*\{sa_family=AF_INET, sin_port=htons\(18484\), sin_addr=inet_addr\("127\.0\.0\.1"\)\}')
-# But for the toolkit's own name for a resource that there is not.
+# Excepts a name with which the toolkit looks for a resource that does not exist.
 RELATIVE = re.compile(r'\w+\((AT_FDCWD(<[^>]*>)?, )?"(?!/|:/non-existent")[^"]+"')
 
 
@@ -28,7 +28,7 @@ class Surroundings(DesktopCase):
         trace = Trace(self.home.parent / f"{self.home.name}.trace", "%network,%file,execve,execveat")
         mask = os.umask(MASK)
         try:
-            # A program under watch can't search its own memory for what it has lost.
+            # The leak check does not work in a traced program.
             program = self.start(tool=trace.tool, folder=trap, environment={"ASAN_OPTIONS": "detect_leaks=0"})
         finally:
             os.umask(mask)
@@ -59,7 +59,8 @@ class Surroundings(DesktopCase):
                 self.assertEqual((file, oct(mode)), (file, oct(0o666 & ~MASK)))
 
     def set_trap(self):
-        """A folder to start the program in, with everything in it that a careless one would take."""
+        """A folder to start the program in, with files that a program would load if it searched
+        its working directory."""
         trap = self.home.parent / f"{self.home.name}-trap"
         for name in ("platforms/libqxcb.so", "styles/libtrap.so", "imageformats/libqsvg.so", "libQt6Core.so.6",
                      "qt.conf", "Fonts/JetBrainsMono-Regular.ttf"):

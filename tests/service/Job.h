@@ -3,7 +3,7 @@
 #include "Awaited.h"
 #include "LaunchAgent/LaunchAgent.h"
 
-/// The agent's job, each answer waited for.
+/// The operations of LaunchAgent, which here wait for the answer and return it.
 namespace Job
 {
 

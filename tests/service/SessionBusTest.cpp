@@ -37,7 +37,7 @@ public:
     }
     Q_DISABLE_COPY_MOVE(SilentSocket)
 
-    /// Has so many callers waiting that another one could not even connect.
+    /// Fills the queue of connections, so that another client cannot connect.
     void fill()
     {
         const sockaddr_un address = socketAddress();

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-/// Stand-ins for the file system, the service manager and the agent's port. They record all calls in one list,
-/// in order. The files are in memory.
+/// Stand-ins for the file system, the service manager and the agent's port. They record all calls in one
+/// list, in order. The files are in memory.
 class OutsideWorld
 {
 public:

@@ -96,7 +96,7 @@ TEST(AboutSection, WithoutAHomeThePathsAreThoseBelowIt)
 {
     EXPECT_TRUE(asStranger([] {
         ::unsetenv("HOME");
-        const auto home = homeDirectory(); // which who isn't a stranger still has
+        const auto home = homeDirectory(); // an ordinary user still has one, from the password database
         const QString start = home ? *home + u'/' : QString();
         return lastPaths() == QStringList{start + u".vantle/updates.json"_s,
                                           start + u"Library/LaunchAgents/com.vantle.agent.plist"_s};

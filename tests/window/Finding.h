@@ -21,7 +21,7 @@ Widget *named(const QWidget &root, const QString &name)
     return found;
 }
 
-/// Lets everything happen that waits for the event loop.
+/// Delivers posted events and processes pending ones.
 inline void settle()
 {
     QCoreApplication::sendPostedEvents();

@@ -31,7 +31,7 @@ public:
     Picker &typeface() const { return *named<Picker>(view, QStringLiteral("Typeface")); }
     Picker &terminal() const { return *named<Picker>(view, QStringLiteral("Terminal")); }
 
-    /// What was asked of the outside by a click on this switch, or by choosing this entry.
+    /// The calls that the stand-ins recorded for a click on this switch, or for choosing this entry.
     std::vector<std::string> click(Switch &button)
     {
         QTest::mouseClick(&button, Qt::LeftButton);

@@ -255,7 +255,7 @@ protected:
 
     QTest::QTouchEventWidgetSequence touch() { return QTest::touchEvent(button, screen.get()); }
 
-    /// A place in the pane as the button, which scrolls with it, has it now.
+    /// Maps a point of the pane to the button, which scrolls with the page.
     QPoint onButton(const QPoint &place) const { return button->mapFrom(pane.get(), place); }
 
     const std::unique_ptr<QPointingDevice> screen{QTest::createTouchDevice()};

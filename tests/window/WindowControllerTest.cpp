@@ -158,7 +158,7 @@ TEST_F(WindowController, GivesTheKeysToTheSidebarAtFirst)
     EXPECT_EQ(window.focusWidget(), window.findChild<Sidebar *>());
 }
 
-/// A window that counts how often it is handed over to be moved.
+/// A window that counts how often it starts a move by the window system.
 class DraggedWindow : public SettingsNSWindow
 {
 public:

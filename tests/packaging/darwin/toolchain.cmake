@@ -1,4 +1,4 @@
-# Darwin as a machine without a Mac can know it: enough to configure and generate, nothing is ever linked.
+# A Darwin target on another system: enough to configure and generate, nothing is ever linked.
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_PROCESSOR arm64)
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
