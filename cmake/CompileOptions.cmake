@@ -1,6 +1,6 @@
 # What every target of ours is compiled with. Link `VantleCompileOptions` privately.
 add_library(VantleCompileOptions INTERFACE)
-# Once it optimises, GCC sees null in every weak pointer, so only Clang looks for it.
+# With optimisation GCC warns of a null dereference at every QPointer, so the warning is only on with Clang.
 target_compile_options(VantleCompileOptions INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
     -Wimplicit-fallthrough $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wnull-dereference> -Wformat=2
@@ -9,7 +9,7 @@ target_compile_definitions(VantleCompileOptions INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS
     QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
-# Off where compilers and toolkits newer than ours are the rule: a new warning is no reason not to build there.
+# Off on macOS, where compilers and toolkits are usually newer than ours: a new warning should not stop the build.
 if(APPLE)
     set(warningsAreErrors OFF)
 else()

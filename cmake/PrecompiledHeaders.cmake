@@ -22,7 +22,7 @@ function(vantle_precompile target name)
     endif()
 endfunction()
 
-# What the headers need of templates is made with them, not again in each source.
+# Templates that the headers use are instantiated with them, not again in each source.
 set(CMAKE_PCH_INSTANTIATE_TEMPLATES ON)
 
 vantle_headers(VantleCoreHeaders HEADERS <QtCore/QtCore> LIBRARIES Qt6::Core)

@@ -31,7 +31,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/com.vantle.settings.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vantle-settings.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
-# Up to 24 pixels a simpler drawing is clearer.
+# Up to 24 pixels, a simpler drawing is used, which is clearer.
 set(icons)
 foreach(size IN ITEMS 16 22 24 32 48 64 96 128 256 512)
     if(size LESS_EQUAL 24)

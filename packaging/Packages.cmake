@@ -31,7 +31,7 @@ else()
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-wayland, fontconfig, fonts-dejavu-core | fonts-liberation | fonts-inter")
     set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, at-spi2-core, xdg-utils")
     set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-    # Whatever the mask of the user who makes it.
+    # The same modes whatever the umask of the user who makes the package.
     set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
         OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/copyright ${PROJECT_SOURCE_DIR}/THIRD-PARTY.md

@@ -26,8 +26,8 @@ class Compositor:
 
     SCALES = expected.SCALES
     TELLS_OF_WINDOWS = True
-    HEEDS_LEAST_SIZE = True  # where something else than a hand makes a window smaller
-    DARK = False  # whether frames are always dark for who asks for them
+    HEEDS_LEAST_SIZE = True  # also when a script, not the user, resizes a window
+    DARK = False  # whether all versions draw a dark frame for a window that asks for one
     MINIMISED, MAXIMISED = "minimised and back", "maximised and back"
 
     def __init__(self, socket, command, log, environment=()):

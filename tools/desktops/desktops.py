@@ -34,7 +34,7 @@ class _Desktop:
 
 @dataclasses.dataclass(frozen=True)
 class X11Desktop(_Desktop):
-    dark: bool  # whether all its versions have dark frames for who asks for them
+    dark: bool  # whether all its versions draw a dark frame for a window that asks for one
 
     def look(self, *arguments):
         x11.look(self, *arguments)

@@ -15,7 +15,7 @@ from expected import LEAST_SIZE
 _LISTENER = "com.vantle.desktops"
 _INTERFACE = """<node><interface name="com.vantle.desktops"><method name="Tell">
     <arg type="s" direction="in"/></method></interface></node>"""
-# Version 6 calls the list of windows otherwise.
+# The list of windows has another name in version 6.
 _SCRIPT = """
 const windows = workspace.windowList ? workspace.windowList() : workspace.clientList();
 const seen = windows.filter(window => window.caption === %s).map(window => {

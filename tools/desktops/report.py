@@ -35,7 +35,7 @@ class Report:
 
     @contextlib.contextmanager
     def trying(self, what):
-        """What does not come about fails, and the rest goes on."""
+        """Reports an exception of the block as a failure, and goes on."""
         try:
             yield
         except Exception as error:

@@ -1,8 +1,9 @@
-"""What can be mutated, and which test programs hold it: the quickest first. docs/mutation.md says which are left out."""
+"""The sources that can be mutated, and the test programs that cover them: the quickest first.
+docs/mutation.md says which are left out."""
 
 SOURCES = "VantleSettings/"
 
-# What takes long without optimisation is run last, for what everything else has let live.
+# Tests that are slow without optimisation run last, on the mutants that all others have let survive.
 SLOW_TESTS = {
     "json_corpus_test": ["*"],
     "planning_test": ["Manifest.ReadsBackWhatAGeneratorWrote", "Manifest.EveryScalarJoinsASignAsUnicodeSays",
@@ -15,7 +16,7 @@ SLOW_TESTS = {
                             "Text.ComposesOneLetterWithAMillionMarks"],
 }
 
-# Name: sources with the test programs that hold them.
+# For each name, the sources and the test programs that cover them.
 FOLDERS = {
     "AgentBridge": [(["AgentBridge/*.cpp"], ["agent_test", "agent_port_test"])],
     "Foundation": [(["Foundation/Json*.cpp"], ["platform_files_test", "persistence_test", "json_corpus_test"]),
