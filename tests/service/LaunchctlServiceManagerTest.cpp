@@ -1,4 +1,3 @@
-
 #include "HomeFiles.h"
 #include "Job.h"
 
