@@ -2,6 +2,7 @@
 not taken, and the check says that it was left out. checks_test.py SOURCE"""
 
 import contextlib
+import json
 import os
 import pathlib
 import shutil
@@ -91,6 +92,47 @@ class ChangedSources(unittest.TestCase):
                 ["bash", "-euo", "pipefail", "-c", f". {SOURCE}/tools/check/sources.sh; mkdir -p build/log; changedSources"],
                 cwd=path, env={**os.environ, "PATH": path}, text=True, stdout=subprocess.PIPE)
         self.assertEqual((done.returncode, done.stdout.split()), (0, [f"f{number}.cpp" for number in range(1, 5)]))
+
+
+class Lint(unittest.TestCase):
+    """tools/check/lint in a tree with two changed sources, and a tool that notes which it was called for."""
+
+    def linted(self, *arguments):
+        with tools({}, ("awk", "bash", "cat", "cc", "date", "dirname", "env", "find", "grep", "mkdir", "python3", "sed",
+                        "sha256sum", "sort", "touch", "tr", "wc", "xargs")) as path, \
+                tempfile.TemporaryDirectory(prefix="vantle-checks-") as tree:
+            self.script(path, "git", "case $1 in diff) printf 'a.cpp\\nb.cpp\\n' ;; merge-base) echo base ;; esac")
+            self.script(path, "clang-tidy", 'case $1 in --version) echo "version 16.0.6" ;; *) shift $(($# - 1)); '
+                                            f'echo $1 >>{tree}/called ;; esac')
+            shutil.copytree(SOURCE / "tools/check", pathlib.Path(tree, "tools/check"))
+            build = pathlib.Path(tree, "build/asan")
+            build.mkdir(parents=True)
+            entries = []
+            for name in ("a.cpp", "b.cpp"):
+                pathlib.Path(tree, name).touch()
+                entries.append({"directory": tree, "command": f"cc -o {name}.o -c {tree}/{name}",
+                                "file": f"{tree}/{name}"})
+            (build / "compile_commands.json").write_text(json.dumps(entries, indent=1))
+            done = run(pathlib.Path(tree, "tools/check/lint"), *arguments, path=path)
+            called = pathlib.Path(tree, "called")
+            return done.returncode, done.stdout.splitlines(), called.read_text().split() if called.exists() else []
+
+    def script(self, path, name, text):
+        file = pathlib.Path(path, name)
+        file.write_text(f"#!/bin/sh\n{text}\n")
+        file.chmod(0o755)
+
+    def test_checks_every_changed_source(self):
+        for arguments in ((), ("--within", "600")):
+            with self.subTest(arguments=arguments):
+                status, said, called = self.linted(*arguments)
+                self.assertEqual((status, said[-1], sorted(called)), (0, "2 files checked", ["a.cpp", "b.cpp"]))
+
+    def test_leaves_what_has_no_time_to_the_next_run_and_says_so(self):
+        status, said, called = self.linted("--within", "0")
+        self.assertEqual((status, called), (0, []))
+        self.assertEqual(said, ["2 of 2 files are left for the next run: tools/check/lint checks them",
+                                "0 files checked"])
 
 
 class Compiler(unittest.TestCase):

@@ -6,15 +6,16 @@ sources() {
     done
 }
 
-# The C++ files that differ from what has landed. Where nothing does, as in a fresh clone, those of the newest
+# The C++ files that differ from what has landed, those that are not committed first. Where nothing does, as in a fresh clone, those of the newest
 # commits, up to four: all are checked by `./test --all`.
 changedSources() {
     local base
     base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify 'HEAD~1' || true)
     {
-        [ -z "$base" ] || git diff --name-only "$base" -- '*.cpp' '*.h'
         git ls-files --others --exclude-standard -- '*.cpp' '*.h'
-    } | sort -u >build/log/changed
+        git diff --name-only HEAD -- '*.cpp' '*.h'
+        [ -z "$base" ] || git diff --name-only "$base" -- '*.cpp' '*.h'
+    } | awk '!seen[$0]++' >build/log/changed
     if [ ! -s build/log/changed ]; then
         git log --format= --name-only -n 20 -- '*.cpp' '*.h' | awk '!seen[$0]++ && ++count <= 4' >build/log/changed
     fi
@@ -33,5 +34,5 @@ compiledSources() {
             sources "*/$stem.cpp" "*/${stem}Linux.cpp" "*/${stem}Test.cpp"
             ;;
         esac
-    done | sort -u
+    done | awk '!seen[$0]++'
 }
