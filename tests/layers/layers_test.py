@@ -140,6 +140,13 @@ class Size(unittest.TestCase):
         self.assertEqual({name: (PROGRAM / name / "CMakeLists.txt").read_text().count("vantle_library(")
                           for name in folders}, dict.fromkeys(folders, 1))
 
+    def test_the_meta_object_compiler_runs_where_a_class_needs_it(self):
+        folders = {folder(source) for source in sources()} - {""}
+        needed = {folder(source) for source in sources() if "Q_OBJECT" in (PROGRAM / source).read_text()}
+        self.assertEqual({name for name in folders
+                          if re.search(r"vantle_library\(\w+ MOC\n", (PROGRAM / name / "CMakeLists.txt").read_text())},
+                         needed)
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=1)
