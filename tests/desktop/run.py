@@ -23,8 +23,8 @@ def main():
     program, file, *names = [argument for argument in sys.argv[1:] if argument != _AS_USER]
     isolation.enter(_AS_USER in sys.argv, pictures_of(program))
 
-    with tempfile.TemporaryDirectory(prefix="vantle-desktop-") as place:
-        desktop = Desktop(program, place)
+    with tempfile.TemporaryDirectory(prefix="vantle-desktop-") as temporary:
+        desktop = Desktop(program, temporary)
         try:
             desktop.open()
             from harness.case import DesktopCase, Result

@@ -69,9 +69,9 @@ class Agents(DesktopCase):
     def test_silence_does_not_keep_the_program_for_long(self):
         self.replace_agent(answer=None)
         program = self.start()
-        place = program.middle(program.click("check box", SWITCH))
+        point = program.middle(program.click("check box", SWITCH))
         for _ in range(29):
-            self.desktop.hands.click(*place)
+            self.desktop.input.click(*point)
         self.expect(lambda: self.agent.requests, "the agent is told nothing")
         program.press("ctrl+w")
         self.assertEqual(program.ended(seconds=6), 0)

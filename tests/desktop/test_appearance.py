@@ -44,9 +44,9 @@ class Corners(DesktopCase):
 
     def expect_filled_corners(self, program, item):
         windows = self.desktop.windows
-        place = program.middle(item)
-        self.expect(lambda: windows.popup_at(program.process, *place), "nothing opens")
-        left, top, width, height = windows.popup_box(*place)
+        point = program.middle(item)
+        self.expect(lambda: windows.popup_at(program.process, *point), "nothing opens")
+        left, top, width, height = windows.popup_box(*point)
         right, bottom = left + width - 1, top + height - 1
         corners = [(x, y) for x in (left + 1, right - 1) for y in (top + 1, bottom - 1)]
         ground = left + width // 2, top + 2

@@ -80,7 +80,7 @@ class BrowserPatterns(DesktopCase):
             try:
                 if not is_offered:
                     picture.close()
-                self.desktop.hands.click(*program.middle(editor), 2)
+                self.desktop.input.click(*program.middle(editor), 2)
                 self.expect_still_selected(program, editor)
             finally:
                 if is_offered:

@@ -37,9 +37,9 @@ class HeldKeyCase(DesktopCase):
             yield
 
     @contextlib.contextmanager
-    def holding(self, place, *modifiers):
+    def holding(self, code, *modifiers):
         """A key held down while a block is run, and then until it has been repeated."""
-        with self.desktop.hands.holding(place, *modifiers):
+        with self.desktop.input.holding(code, *modifiers):
             yield
             already = self.presses.count
             self.expect(lambda: self.presses.count >= already + REPEATS, "the key is not repeated")
@@ -49,8 +49,8 @@ class HeldKeyCase(DesktopCase):
         self.expect(lambda: control.has("focused"), f"{control} does not get the keyboard")
         return control
 
-    def hold(self, place, *modifiers):
-        with self.holding(place, *modifiers):
+    def hold(self, code, *modifiers):
+        with self.holding(code, *modifiers):
             pass
 
     def expect_everything_done(self, program, control):
@@ -135,7 +135,7 @@ class HeldKeys(HeldKeyCase):
         number = 0
         for rate in RATES:
             with self.repeating(rate):
-                for place, modifier, shown in ((SPACE, "super", "⌘␣"), (SPACE, "ctrl", "⌃␣"), (W, "super", "⌘W"),
+                for code, modifier, shown in ((SPACE, "super", "⌘␣"), (SPACE, "ctrl", "⌃␣"), (W, "super", "⌘W"),
                                                (Q, "super", "⌘Q"), (RETURN, "super", "⌘↩"), (W, "ctrl", "⌃W"),
                                                (Q, "ctrl", "⌃Q")):
                     with self.subTest(shown=shown):
@@ -143,7 +143,7 @@ class HeldKeys(HeldKeyCase):
                         self.expect(lambda: recorder.description == WAITING, lambda: recorder.description)
                         self.hold(RETURN)
                         self.assertEqual(recorder.description, WAITING)
-                        self.hold(place, modifier)
+                        self.hold(code, modifier)
                         self.expect(lambda: recorder.description == in_words(shown), lambda: recorder.description)
                         self.expect_everything_done(program, recorder)
                         number += 1
@@ -189,7 +189,7 @@ class KeysThatRepeat(HeldKeyCase):
         for rate in RATES:
             with self.repeating(rate):
                 before = len(editor.text)
-                with self.desktop.hands.holding(X):
+                with self.desktop.input.holding(X):
                     self.expect(lambda: len(editor.text) > before + 2, lambda: f"only {editor.text} is typed")
                 self.assertEqual(set(editor.text), {"x"})
 
@@ -201,7 +201,7 @@ class KeysThatRepeat(HeldKeyCase):
         for rate in RATES:
             with self.repeating(rate):
                 for key, page in ((DOWN, pages[-1]), (UP, pages[0])):
-                    with self.desktop.hands.holding(key):
+                    with self.desktop.input.holding(key):
                         self.expect(lambda: program.shows("panel", page), f"the arrow does not get to {page}")
 
     def test_a_held_page_key_scrolls_on_to_the_end(self):
@@ -218,5 +218,5 @@ class KeysThatRepeat(HeldKeyCase):
         for rate in RATES:
             with self.repeating(rate):
                 for key, row in ((PAGE_DOWN, last), (PAGE_UP, first)):
-                    with self.desktop.hands.holding(key):
+                    with self.desktop.input.holding(key):
                         self.expect(lambda: is_in_view(row), f"{row} is not reached")

@@ -184,7 +184,7 @@ class OneAtATime(DesktopCase):
 class Resizing(DesktopCase):
     def test_a_killed_program_comes_back_where_it_was_put(self):
         first = self.start()
-        first.window.place(140, 160, 900, 700)
+        first.window.move_resize(140, 160, 900, 700)
         self.expect_file(FRAME_FILE, "VantleSettingsWindow=900x700+140+160\n")
         first.signal(signal.SIGKILL)
         first.ended()
@@ -195,7 +195,7 @@ class Resizing(DesktopCase):
         self.addCleanup(screen.close)
         first = self.launch(environment={"DISPLAY": screen.name})
         window = self.expect(lambda: screen.windows.of(first.process), "the window does not appear")[0]
-        window.place(140, 160, 900, 700)
+        window.move_resize(140, 160, 900, 700)
         self.expect_file(FRAME_FILE, "VantleSettingsWindow=900x700+140+160\n")
         screen.break_down()
         self.assertNotEqual(first.ended(), 0)
@@ -208,12 +208,12 @@ class Resizing(DesktopCase):
     def test_the_window_never_gets_smaller_than_its_least_size(self):
         window = self.start().window
         self.assertEqual(window.minimum, LEAST_SIZE)
-        window.place(100, 100, 300, 200)
+        window.move_resize(100, 100, 300, 200)
         self.expect(lambda: window.box[2:] == LEAST_SIZE, lambda: f"the window is {window.box}")
 
     def test_it_comes_back_where_it_was_left(self):
         first = self.start()
-        first.window.place(140, 160, 900, 700)
+        first.window.move_resize(140, 160, 900, 700)
         self.expect(lambda: first.window.box == (140, 160, 900, 700), lambda: f"it is at {first.window.box}")
         self.finish(first)
         second = self.start()
@@ -229,18 +229,18 @@ class Resizing(DesktopCase):
     def drag_from(self, right, down):
         window = self.start().window
         x, y, width, height = window.box
-        hands, start = self.desktop.hands, (x + right, y + height + down)
-        hands.move(*start)
-        hands.button(True)
+        pointer, start = self.desktop.input, (x + right, y + height + down)
+        pointer.move(*start)
+        pointer.button(True)
         steps = itertools.count(1)
 
         def drag_on():
-            hands.move(start[0] + next(steps) % 200, start[1])
+            pointer.move(start[0] + next(steps) % 200, start[1])
             return window.box != (x, y, width, height)
         self.expect(drag_on, "it does not follow the mouse")
-        hands.move(start[0] + 300, start[1] + 100)
+        pointer.move(start[0] + 300, start[1] + 100)
         self.expect(lambda: window.box[0] > x + 150 and window.box[1] > y + 50, lambda: f"it is at {window.box}")
-        hands.button(False)
+        pointer.button(False)
         self.assertEqual(window.box[2:], (width, height))
 
     def test_minimised_it_comes_back_with_its_page(self):
@@ -257,7 +257,7 @@ class Resizing(DesktopCase):
 class Ending(DesktopCase):
     def test_by_the_frames_button(self):
         program = self.start()
-        self.desktop.hands.click(*program.window.close_button())
+        self.desktop.input.click(*program.window.close_button())
         self.expect_end(program)
 
     def test_by_the_window_menu(self):
@@ -291,7 +291,7 @@ class Ending(DesktopCase):
 
     def end_by(self, number):
         program = self.start()
-        program.window.place(50, 70, 800, 600)
+        program.window.move_resize(50, 70, 800, 600)
         self.expect(lambda: program.window.box == (50, 70, 800, 600))
         program.signal(number)
         self.expect_end(program)

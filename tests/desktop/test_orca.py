@@ -68,7 +68,7 @@ class Transcript(DesktopCase):
         self.start()
         said = [("start", self.listen(dict(steps[:1]).get("start", [])))]
         for strokes, expected in steps[1:]:
-            self.desktop.hands.press(*strokes.split())
+            self.desktop.input.press(*strokes.split())
             said.append((strokes, self.listen(expected)))
         if _STORE:
             file.write_text(written(said))

@@ -75,8 +75,8 @@ class Planning(DesktopCase):
         """Drags over the row, and returns the drag and what would happen on a drop."""
         drag = Drag(*paths)
         self.addCleanup(drag.close)
-        place = program.middle(program.find("label", "Not set"))
-        return drag, drag.over(program.window.identifier, *place)
+        point = program.middle(program.find("label", "Not set"))
+        return drag, drag.over(program.window.identifier, *point)
 
     def test_a_folder_that_another_program_drops_on_the_row_becomes_the_root(self):
         program = self.open(root=False)

@@ -12,7 +12,7 @@ NEXT, PREVIOUS, PLAN = (f"{title} shortcut" for title in (
     "Focus next notification", "Focus previous notification", "Open Planning tab"))
 WAITING = "Press shortcut…"
 
-# A key by its place on a US keyboard: the kernel's code and the macOS virtual key code.
+# A key by its name on a US keyboard: the kernel's code and the macOS virtual key code.
 KEYS = {
     "`": (41, 50), "1": (2, 18), "-": (12, 27), "=": (13, 24), "Q": (16, 12), "Y": (21, 16), "[": (26, 33),
     "]": (27, 30), "A": (30, 0), "J": (36, 38), ";": (39, 41), "'": (40, 39), "\\": (43, 42), "<": (86, 10),
@@ -33,7 +33,7 @@ MODIFIERS = [
     (["ctrl", "alt", "shift", "super"], 0x1B00, "⌃⌥⇧⌘"),
 ]
 
-# What the keys of a layout show, in the order of their places.
+# What the keys of a layout show, in the order of their codes.
 US = {"`": "`", "1": "1", "-": "-", "=": "=", "Q": "Q", "Y": "Y", "[": "[", "A": "A", ";": ";", "'": "'",
       "\\": "\\", "Z": "Z", "F5": "F5", "Home": "↖", "keypad 7": "7", "keypad .": "."}
 LAYOUTS = {
@@ -64,9 +64,9 @@ class ShortcutCase(DesktopCase):
         use_layout("us")
         self.addCleanup(use_layout, "us")
 
-    def strike(self, key, *modifiers):
+    def press_key(self, key, *modifiers):
         """Presses and releases a key, by its name in KEYS or by the kernel's code, with modifiers held."""
-        self.desktop.hands.strike(KEYS[key][0] if key in KEYS else key, *modifiers)
+        self.desktop.input.press_code(KEYS[key][0] if key in KEYS else key, *modifiers)
 
     def expect_shown(self, recorder, text):
         self.expect(lambda: recorder.description == in_words(text),
@@ -75,7 +75,7 @@ class ShortcutCase(DesktopCase):
     def record(self, recorder, key, *modifiers):
         recorder.act()
         self.expect_shown(recorder, WAITING)
-        self.strike(key, *modifiers)
+        self.press_key(key, *modifiers)
         self.expect(lambda: recorder.description != WAITING, f"{key} with {modifiers} is not recorded")
 
     def binding(self, action="focusLast"):
@@ -86,10 +86,10 @@ class ShortcutCase(DesktopCase):
 class Layouts(ShortcutCase):
     def expect_keys(self, recorder, shown):
         """Presses every key, each with other modifiers than the one before."""
-        for (key, sign), (modifiers, mask, glyphs) in zip(shown.items(), itertools.cycle(MODIFIERS)):
+        for (key, symbol), (modifiers, mask, glyphs) in zip(shown.items(), itertools.cycle(MODIFIERS)):
             with self.subTest(key=key, modifiers=modifiers):
                 self.record(recorder, key, *modifiers)
-                self.expect_shown(recorder, glyphs + sign)
+                self.expect_shown(recorder, glyphs + symbol)
                 self.assertEqual(self.binding(), (KEYS[key][1], mask))
 
     def test_keys_are_recorded_by_place_and_shown_as_printed(self):
@@ -106,8 +106,8 @@ class Layouts(ShortcutCase):
         # The comma of the Russian layout is on keys that the US layout does not define.
         shown = US | {"keypad .": ","}
         self.expect_keys(recorder, shown)
-        self.strike(CAPS_LOCK)
-        self.addCleanup(self.strike, CAPS_LOCK)
+        self.press_key(CAPS_LOCK)
+        self.addCleanup(self.press_key, CAPS_LOCK)
         self.expect_keys(recorder, shown)
 
     def test_another_layout_shows_at_once(self):
@@ -125,9 +125,9 @@ class Layouts(ShortcutCase):
         program = self.start()
         recorder = program.find("push button", NEXT)
         self.expect_shown(recorder, "⌘Y")
-        self.strike(CAPS_LOCK)
+        self.press_key(CAPS_LOCK)
         self.expect_shown(recorder, "⌘Z")
-        self.strike(CAPS_LOCK)
+        self.press_key(CAPS_LOCK)
         self.expect_shown(recorder, "⌘Y")
 
     def test_the_default_shows_as_the_layout_prints_it(self):
@@ -151,14 +151,14 @@ class Recording(ShortcutCase):
         """The recorder goes on waiting: the next key is the one that it records."""
         next_key, shown = ("Home", "⌘↖") if self.recorder.description == in_words("⌘↑") else ("Up", "⌘↑")
         self.begin()
-        self.strike(key, *modifiers)
-        self.strike(next_key, "super")
+        self.press_key(key, *modifiers)
+        self.press_key(next_key, "super")
         self.expect_shown(self.recorder, shown)
 
     def test_escape_cancels_with_any_modifiers(self):
         for modifiers in ([], ["super"], ["ctrl", "shift"]):
             self.begin()
-            self.strike("Escape", *modifiers)
+            self.press_key("Escape", *modifiers)
             self.expect_shown(self.recorder, "⇧⌘J")
         self.expect_no_file(FILE)
 
@@ -178,10 +178,10 @@ class Recording(ShortcutCase):
                               (["keypad 7", "super"], "⌘7"), (["J", "altgr", "ctrl"], "⌃J")):
             for lock in (CAPS_LOCK, NUM_LOCK):
                 with self.subTest(stroke=stroke, lock=lock):
-                    self.strike(lock)
+                    self.press_key(lock)
                     self.record(self.recorder, *stroke)
                     self.expect_shown(self.recorder, shown)
-                    self.strike(lock)
+                    self.press_key(lock)
 
     def test_shift_tab_is_the_tab_key(self):
         self.record(self.recorder, "Tab", "ctrl", "shift")
@@ -192,13 +192,13 @@ class Recording(ShortcutCase):
         subprocess.run(["xset", "r", "rate", "20", "100"], check=True, timeout=20)
         other = self.program.find("push button", PREVIOUS)
         self.begin()
-        with self.desktop.hands.holding(KEYS["Y"][0], "super"):
+        with self.desktop.input.holding(KEYS["Y"][0], "super"):
             self.expect_shown(self.recorder, "⌘Y")
             other.act()
             self.expect_shown(other, WAITING)
             # Enough questions for the key to have been repeated many times.
             self.assertEqual({other.description for _ in range(100)}, {WAITING})
-        self.strike("Up", "super")
+        self.press_key("Up", "super")
         self.expect_shown(other, "⌘↑")
         self.expect_requests("/settings/reload-shortcuts", "/settings/reload-shortcuts")
 
@@ -207,7 +207,7 @@ class Recording(ShortcutCase):
         other = self.program.click("push button", PLAN)
         self.expect_shown(other, WAITING)
         self.expect_shown(self.recorder, "⇧⌘J")
-        self.strike("Y", "super")
+        self.press_key("Y", "super")
         self.expect_shown(other, "⌘Y")
         self.expect_shown(self.recorder, "⇧⌘J")
 
@@ -224,7 +224,7 @@ class Recording(ShortcutCase):
         self.expect_shown(self.recorder, "⇧⌘J")
         self.program.press("space")
         self.expect_shown(self.recorder, WAITING)
-        self.strike("Y", "alt")
+        self.press_key("Y", "alt")
         self.expect_shown(self.recorder, "⌥Y")
         self.assertTrue(self.recorder.has("focused"))
         self.program.press("Tab")

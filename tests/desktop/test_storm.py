@@ -26,10 +26,10 @@ class Changes(DesktopCase):
     def flip(self, program, count):
         """Clicks the switch so often, each time as soon as it has changed, whatever the agent is doing."""
         switch = program.find("check box", SWITCH)
-        place, switched = program.middle(switch), self.desktop.accessibility.switched
+        point, switched = program.middle(switch), self.desktop.accessibility.switched
         switched.clear()
         for changes in range(1, count + 1):
-            self.desktop.hands.click(*place)
+            self.desktop.input.click(*point)
             self.expect(lambda: len(switched) == changes, "the switch does not change")
         self.assertEqual({control for control, _ in switched}, {switch})
 

@@ -39,12 +39,12 @@ class WaylandKeyboard(DesktopCase):
         self.expect(lambda: self.recorder.description == in_words(text),
                     lambda: f"{self.recorder.description} is shown instead of {text}")
 
-    def expect_recorded(self, place, modifiers, code, mask, shown):
+    def expect_recorded(self, code, modifiers, mac_code, mask, shown):
         self.begin()
-        self.keyboard.strike(place, *modifiers)
+        self.keyboard.press_code(code, *modifiers)
         self.expect_shown(shown)
         combo = json.loads((self.home / FILE).read_text())["focusLast"]
-        self.assertEqual((combo["keyCode"], combo["modifiers"]), (code, mask))
+        self.assertEqual((combo["keyCode"], combo["modifiers"]), (mac_code, mask))
 
     def begin(self):
         self.recorder.act()
@@ -88,17 +88,17 @@ class WaylandKeyboard(DesktopCase):
         self.focus(self.program.find("push button", "Clear Sessions…"))
         self.hold(SPACE)
         self.program.dialog("Clear all sessions?")
-        self.keyboard.strike(ESCAPE)
+        self.keyboard.press_code(ESCAPE)
         self.program.expect_no_dialog()
 
     def focus(self, control):
         control.act(control.actions.index("SetFocus"))
         self.expect(lambda: control.has("focused"), f"{control} does not get the keyboard")
 
-    def hold(self, place, *modifiers):
+    def hold(self, code, *modifiers):
         """Until the program, which repeats a key by its own clock, has offered so many presses to screen readers."""
         before = self.presses()
-        with self.keyboard.holding(place, *modifiers):
+        with self.keyboard.holding(code, *modifiers):
             self.expect(lambda: self.presses() >= before + REPEATS, lambda: f"{self.presses() - before} presses")
 
     def presses(self):
@@ -106,8 +106,8 @@ class WaylandKeyboard(DesktopCase):
 
     def test_escape_cancels(self):
         self.begin()
-        self.keyboard.strike(ESCAPE, "ctrl")
+        self.keyboard.press_code(ESCAPE, "ctrl")
         self.expect_shown("⇧⌘J")
-        self.keyboard.strike(W, "ctrl")
+        self.keyboard.press_code(W, "ctrl")
         self.assertEqual(self.program.ended(), 0)
         self.expect_no_file(FILE)

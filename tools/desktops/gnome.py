@@ -36,15 +36,15 @@ welcome-dialog-last-shown-version='1000'
 class GnomeShell(Compositor):
     DARK = True  # as the program draws its frame itself
 
-    def __init__(self, place, screen, scale, log):
-        settings = place / "config/glib-2.0/settings/keyfile"
+    def __init__(self, folder, screen, scale, log):
+        settings = folder / "config/glib-2.0/settings/keyfile"
         settings.parent.mkdir(parents=True)
         settings.write_text(_SETTINGS)
         socket = f"vantle-gnome-{scale:g}"
         super().__init__(socket, [
             "gnome-shell", "--headless", "--unsafe-mode", "--no-x11", f"--wayland-display={socket}",
             f"--virtual-monitor={screen[0]}x{screen[1]}"], log, {
-                "GSETTINGS_BACKEND": "keyfile", "XDG_CONFIG_HOME": str(place / "config"),
+                "GSETTINGS_BACKEND": "keyfile", "XDG_CONFIG_HOME": str(folder / "config"),
                 "DBUS_SYSTEM_BUS_ADDRESS": os.environ["DBUS_SESSION_BUS_ADDRESS"]})
         eventually(lambda: self._evaluate("!Main.layoutManager._startingUp"), "the shell does not start", 60)
         self._evaluate("Main.overview.hide()")

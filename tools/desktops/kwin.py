@@ -35,8 +35,8 @@ _ACTIONS = {"minimise": "window.minimized = true;", "restore": "window.minimized
 class KWin(Compositor):
     HEEDS_LEAST_SIZE = False
 
-    def __init__(self, place, screen, scale, log):
-        self._place = place
+    def __init__(self, folder, screen, scale, log):
+        self._folder = folder
         self._told = []
         self._listener = BusService(_LISTENER, "/", _INTERFACE,
                                     called=lambda _method, arguments: self._told.append(arguments[0]))
@@ -91,7 +91,7 @@ class KWin(Compositor):
 
     def _ask(self, title, action=""):
         """Lets a script do that with the window, and returns what it tells of the windows of that title."""
-        script = self._place / "script.js"
+        script = self._folder / "script.js"
         script.write_text(_SCRIPT % (json.dumps(title), action))
         self._told.clear()
         self._script("loadScript", GLib.Variant("(ss)", (str(script), _LISTENER)))

@@ -41,13 +41,13 @@ def _install_entry(desktop):
 
 
 def _look_at_scale(described, desktop, picture, report):
-    place = desktop.folder / f"scale-{report.scale:g}"
-    place.mkdir()
-    (place / "home").mkdir()
-    with open(place / "compositor.log", "wb") as log:
-        compositor = described.compositor(place, pixels(SCREEN, report.scale), report.scale, log)
+    folder = desktop.folder / f"scale-{report.scale:g}"
+    folder.mkdir()
+    (folder / "home").mkdir()
+    with open(folder / "compositor.log", "wb") as log:
+        compositor = described.compositor(folder, pixels(SCREEN, report.scale), report.scale, log)
     try:
-        program = Program(desktop, place / "home", environment={
+        program = Program(desktop, folder / "home", environment={
             "WAYLAND_DISPLAY": compositor.socket, "DISPLAY": "", "XDG_CURRENT_DESKTOP": described.kind})
         try:
             _look_at_program(compositor, program, picture, report)

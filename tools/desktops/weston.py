@@ -15,9 +15,9 @@ class Weston(Compositor):
     SCALES = 1, 2
     TELLS_OF_WINDOWS = False
 
-    def __init__(self, place, screen, scale, log):
-        self._place = place
-        configuration = place / "weston.ini"
+    def __init__(self, folder, screen, scale, log):
+        self._folder = folder
+        configuration = folder / "weston.ini"
         configuration.write_text(_CONFIGURATION)
         width, height = screen
         # Here the size is in points. Only with --debug may a client take pictures.
@@ -28,6 +28,6 @@ class Weston(Compositor):
 
     def take(self, picture):
         """The tool chooses the name itself, in the folder where it is started."""
-        self._run("sh", "-c", 'cd "$1" && weston-screenshooter', "sh", str(self._place))
-        taken, = self._place.glob("wayland-screenshot-*.png")
+        self._run("sh", "-c", 'cd "$1" && weston-screenshooter', "sh", str(self._folder))
+        taken, = self._folder.glob("wayland-screenshot-*.png")
         shutil.move(taken, picture)

@@ -53,8 +53,8 @@ Screenshot window(const QString &name, SettingsSection section, const std::funct
     return {name, size, [=] { return std::make_unique<SampleWindow>(section, fill); }};
 }
 
-/// The same for looking at only.
-Screenshot curious(Screenshot screenshot)
+/// The same, only to be looked at: it is not compared with a stored picture.
+Screenshot notStored(Screenshot screenshot)
 {
     screenshot.stored = false;
     return screenshot;
@@ -251,13 +251,13 @@ std::vector<Screenshot> pageScreenshots()
         window(u"planning-empty-root"_s, planning, emptyRoot),
         window(u"planning-missing-manifest"_s, planning, missingManifest),
         window(u"planning-empty-manifest"_s, planning, emptyManifest),
-        curious(window(u"planning-long"_s, planning, manyProjects)),
-        curious(window(u"planning-hostile"_s, planning, hostileNames, {860, 1000})),
+        notStored(window(u"planning-long"_s, planning, manyProjects)),
+        notStored(window(u"planning-hostile"_s, planning, hostileNames, {860, 1000})),
         window(u"browser"_s, browser, somePatterns, {860, 880}),
         window(u"browser-demo"_s, browser, demo, {860, 880}),
         window(u"browser-empty"_s, browser, nothing),
-        curious(window(u"browser-long"_s, browser, manyPatterns)),
-        curious(window(u"browser-hostile"_s, browser, hostileNames, {860, 1000})),
+        notStored(window(u"browser-long"_s, browser, manyPatterns)),
+        notStored(window(u"browser-hostile"_s, browser, hostileNames, {860, 1000})),
         window(u"data"_s, SettingsSection::data, somePatterns),
         window(u"about"_s, SettingsSection::about, nothing),
     };

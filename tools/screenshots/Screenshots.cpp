@@ -26,7 +26,7 @@ std::unique_ptr<QWidget> owned(QWidget *widget)
 }
 
 /// Processes all pending events and runs every animation to its end.
-void comeToRest(const QWidget &window)
+void finishAnimations(const QWidget &window)
 {
     const auto moves = [&window] {
         const auto animations = window.findChildren<QAbstractAnimation *>();
@@ -86,10 +86,10 @@ QImage rendered(const Screenshot &screenshot, qreal scale)
     window->move(window->screen()->availableGeometry().right() + 1 - window->width(), 0);
     window->show();
     window->grab(); // some of a window is made after it was first drawn
-    comeToRest(*window);
+    finishAnimations(*window);
     if (screenshot.prepare)
         screenshot.prepare(*window);
-    comeToRest(*window);
+    finishAnimations(*window);
     QImage picture((QSizeF(window->size()) * scale).toSize(), QImage::Format_RGB32);
     picture.setDevicePixelRatio(scale);
     picture.fill(Qt::black);

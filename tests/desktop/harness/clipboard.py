@@ -14,14 +14,14 @@ def pasted(selection="CLIPBOARD"):
     connection = display.Display()
     try:
         window = connection.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
-        place = connection.intern_atom("VANTLE_TEST_PASTE")
-        window.convert_selection(connection.intern_atom(selection), connection.intern_atom("UTF8_STRING"), place,
+        prop = connection.intern_atom("VANTLE_TEST_PASTE")
+        window.convert_selection(connection.intern_atom(selection), connection.intern_atom("UTF8_STRING"), prop,
                                  X.CurrentTime)
         connection.flush()
         answer = eventually(lambda: _answer(connection), "the owner of the clipboard does not answer")
         if answer.property == X.NONE:
             return ""
-        return bytes(window.get_full_property(place, X.AnyPropertyType).value).decode()
+        return bytes(window.get_full_property(prop, X.AnyPropertyType).value).decode()
     finally:
         connection.close()
 
@@ -61,11 +61,11 @@ class _Owner:
                 self._take(self._display.next_event())
 
     @staticmethod
-    def _answer(request, place):
+    def _answer(request, prop):
         """Says where the answer is, or with X.NONE that there is none."""
         request.requestor.send_event(event.SelectionNotify(
             time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,
-            property=place))
+            property=prop))
 
 
 class Picture(_Owner):
@@ -80,14 +80,14 @@ class Picture(_Owner):
     def _take(self, request):
         if request.type != X.SelectionRequest:
             return
-        place = request.property
+        prop = request.property
         if request.target == self._targets:
-            request.requestor.change_property(place, Xatom.ATOM, 32, [self._targets, self._format])
+            request.requestor.change_property(prop, Xatom.ATOM, 32, [self._targets, self._format])
         elif request.target == self._format:
-            request.requestor.change_property(place, self._format, 8, b"a picture")
+            request.requestor.change_property(prop, self._format, 8, b"a picture")
         else:
-            place = X.NONE
-        self._answer(request, place)
+            prop = X.NONE
+        self._answer(request, prop)
         self._display.flush()
 
 

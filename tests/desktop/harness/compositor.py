@@ -76,24 +76,24 @@ class Keyboard:
         self._report(0)
         self._wait()
 
-    def strike(self, place, *modifiers):
+    def press_code(self, code, *modifiers):
         """Presses and releases a key by the kernel's code, with modifiers held."""
-        with self.holding(place, *modifiers):
+        with self.holding(code, *modifiers):
             pass
 
     @contextlib.contextmanager
-    def holding(self, place, *modifiers):
+    def holding(self, code, *modifiers):
         """The same key held down, which the program that gets it repeats by itself."""
         state = 0
         for key, bit in (_MODIFIERS[name] for name in modifiers):
             self._key(key, True)
             self._report(state := state | bit)
-        self._key(place, True)
+        self._key(code, True)
         self._wait()
         try:
             yield
         finally:
-            self._key(place, False)
+            self._key(code, False)
             for key, bit in (_MODIFIERS[name] for name in reversed(modifiers)):
                 self._key(key, False)
                 self._report(state := state & ~bit)

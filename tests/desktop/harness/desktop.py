@@ -71,11 +71,11 @@ class Desktop:
 
         # These connect to the desktop when they are imported or constructed, so it has to run first.
         from .accessibility import AccessibilityBus
-        from .hands import Hands
+        from .input import Input
         from .waiting import eventually
         from .windows import Windows
         self.accessibility = AccessibilityBus()
-        self.hands = Hands()
+        self.input = Input()
         self.windows = Windows()
         eventually(lambda: self.windows.manager, "the window manager does not start")
 

@@ -1,4 +1,4 @@
-"""The words for the signs of keys: what a recorder's description says of the combination that it shows."""
+"""The words for the symbols of keys: what a recorder's description says of the combination that it shows."""
 
 _NAMES = {
     "⌃": "Control", "⌥": "Option", "⇧": "Shift", "⌘": "Command", "↩": "Return", "⇥": "Tab", "␣": "Space",
@@ -11,9 +11,9 @@ _NAMES = {
 
 
 def in_words(shown):
-    """⇧⌘J is Shift Command J; a text without signs stays."""
+    """⇧⌘J is Shift Command J; a text without symbols is unchanged."""
     modifiers = shown[:len(shown) - len(shown.lstrip("⌃⌥⇧⌘"))]
     key = shown[len(modifiers):]
     if key.startswith("⟨"):
         key = f"key {key[1:-1]}"
-    return " ".join([*(_NAMES[sign] for sign in modifiers), _NAMES.get(key, key)])
+    return " ".join([*(_NAMES[symbol] for symbol in modifiers), _NAMES.get(key, key)])

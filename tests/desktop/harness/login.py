@@ -1,4 +1,4 @@
-"""A stand-in for the manager of the login job: its tool and its place on the session bus, for this test alone."""
+"""A stand-in for the manager of the login job: its tools and its name on the session bus, for this test alone."""
 
 import pathlib
 import subprocess
@@ -43,15 +43,15 @@ class LoginJobs:
         script = self._folder / "systemctl"
         script.write_text(_SCRIPT.format(folder=self._folder))
         script.chmod(0o755)
-        places = [_FOLDER / tool for tool in _TOOLS]
-        if not all(place.exists() for place in places):
+        tools = [_FOLDER / tool for tool in _TOOLS]
+        if not all(tool.exists() for tool in tools):
             subprocess.run(["mount", "-t", "tmpfs", "tmpfs", "/run"], check=True)
             _LATER_FOLDER.mkdir(parents=True)
-            places = [_LATER_FOLDER / tool for tool in _TOOLS]
-            for place in places:
-                place.touch()
-        for place in places:
-            subprocess.run(["mount", "--bind", str(script), str(place)], check=True)
+            tools = [_LATER_FOLDER / tool for tool in _TOOLS]
+            for tool in tools:
+                tool.touch()
+        for tool in tools:
+            subprocess.run(["mount", "--bind", str(script), str(tool)], check=True)
         answer_for_the_job(lambda: self.state)
 
     def forget(self):

@@ -83,10 +83,10 @@ class Program:
         return self
 
     def press(self, *strokes):
-        self._desktop.hands.press(*strokes)
+        self._desktop.input.press(*strokes)
 
     def type(self, text):
-        self._desktop.hands.type(text)
+        self._desktop.input.type(text)
 
     def middle(self, control):
         """The pixel in the middle of a control, once that rests somewhere."""
@@ -102,8 +102,8 @@ class Program:
             above = frame_y + 24 - y
             if below <= 0 and above <= 0 or height > frame_height:
                 return control
-            place = (frame_x + frame_width * 0.4) * self._scale, (frame_y + frame_height / 2) * self._scale
-            self._desktop.hands.scroll(*place, 1 if above > 0 else -1)
+            point = (frame_x + frame_width * 0.4) * self._scale, (frame_y + frame_height / 2) * self._scale
+            self._desktop.input.scroll(*point, 1 if above > 0 else -1)
             eventually(lambda: control.box != before, f"the wheel does not move {control}")
 
     def click(self, role, name=None):
@@ -115,16 +115,16 @@ class Program:
 
     def click_here(self, control):
         """Clicks a control where it is, as in a dialog."""
-        self._desktop.hands.click(*self.middle(control))
+        self._desktop.input.click(*self.middle(control))
         return control
 
     def click_in_popup(self, item):
         """Clicks an item of the menu or list that has just been opened. Not where the opening click was: the toolkit
         takes a second click there for a trembling hand."""
         x, y, width, height = self._resting_box(item)
-        place = (x + width / 4) * self._scale, (y + height / 2) * self._scale
-        eventually(lambda: self._desktop.windows.popup_at(self.process, *place), f"nothing opens around {item}")
-        self._desktop.hands.click(*place)
+        point = (x + width / 4) * self._scale, (y + height / 2) * self._scale
+        eventually(lambda: self._desktop.windows.popup_at(self.process, *point), f"nothing opens around {item}")
+        self._desktop.input.click(*point)
 
     def focus(self, role, name=None):
         """Walks to a control with the Tab key."""

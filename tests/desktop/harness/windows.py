@@ -131,7 +131,7 @@ class Window:
         """What the frame's close button does."""
         self._tell_manager("_NET_CLOSE_WINDOW", X.CurrentTime, 2)
 
-    def place(self, x, y, width, height):
+    def move_resize(self, x, y, width, height):
         """Moves and resizes as a person would with the frame."""
         everything = 0xF << 8 | 2 << 12 | X.StaticGravity
         self._tell_manager("_NET_MOVERESIZE_WINDOW", everything, x, y, width, height)

@@ -7,12 +7,12 @@ from Xlib.ext import xtest
 
 _MODIFIERS = {"ctrl": "Control_L", "shift": "Shift_L", "alt": "Alt_L", "super": "Super_L"}
 
-# The kernel's codes of the same keys and of AltGr, wherever the layout has put their signs.
-_MODIFIER_PLACES = {"ctrl": 29, "shift": 42, "alt": 56, "super": 125, "altgr": 100}
+# The kernel's codes of the same keys and of AltGr, which no layout changes.
+_MODIFIER_CODES = {"ctrl": 29, "shift": 42, "alt": 56, "super": 125, "altgr": 100}
 _X_OFFSET = 8
 
 
-class Hands:
+class Input:
     """A keyboard and a mouse at the screen of DISPLAY. Coordinates are pixels."""
 
     def __init__(self):
@@ -24,28 +24,28 @@ class Hands:
         one."""
         for stroke in strokes:
             *modifiers, key = stroke.split("+") if stroke != "+" else ["plus"]
-            held = [self._code(_MODIFIERS[name])[0] for name in modifiers]
-            code, shifted = self._code(key)
+            held = [self._x_code(_MODIFIERS[name])[0] for name in modifiers]
+            code, shifted = self._x_code(key)
             if shifted:
-                held.append(self._code("Shift_L")[0])
+                held.append(self._x_code("Shift_L")[0])
             self._chord(held, code)
 
-    def strike(self, place, *modifiers):
-        """A key by its place on the keyboard, as the kernel numbers it, whatever the layout."""
-        self._chord([_MODIFIER_PLACES[name] + _X_OFFSET for name in modifiers], place + _X_OFFSET)
+    def press_code(self, code, *modifiers):
+        """Presses and releases a key by the kernel's code, with modifiers held, whatever the layout."""
+        self._chord([_MODIFIER_CODES[name] + _X_OFFSET for name in modifiers], code + _X_OFFSET)
 
     @contextlib.contextmanager
-    def holding(self, place, *modifiers):
+    def holding(self, code, *modifiers):
         """The same key held down, which the server repeats."""
-        codes = [_MODIFIER_PLACES[name] + _X_OFFSET for name in modifiers] + [place + _X_OFFSET]
-        for code in codes:
-            xtest.fake_input(self._display, X.KeyPress, code)
+        held = [each + _X_OFFSET for each in (*(_MODIFIER_CODES[name] for name in modifiers), code)]
+        for x_code in held:
+            xtest.fake_input(self._display, X.KeyPress, x_code)
         self._display.sync()
         try:
             yield
         finally:
-            for code in reversed(codes):
-                xtest.fake_input(self._display, X.KeyRelease, code)
+            for x_code in reversed(held):
+                xtest.fake_input(self._display, X.KeyRelease, x_code)
             self._display.sync()
 
     def type(self, text):
@@ -90,9 +90,9 @@ class Hands:
             xtest.fake_input(self._display, X.KeyRelease, modifier)
         self._display.sync()
 
-    def _code(self, key):
-        """The key's code, and whether Shift is needed to get that sign."""
-        sign = XK.string_to_keysym(key) or ord(key)
-        codes = sorted(self._display.keysym_to_keycodes(sign), key=lambda found: found[1])
+    def _x_code(self, key):
+        """The X server's code of the key, and whether Shift is needed to get that character."""
+        keysym = XK.string_to_keysym(key) or ord(key)
+        codes = sorted(self._display.keysym_to_keycodes(keysym), key=lambda found: found[1])
         code, level = codes[0]
         return code, level == 1
