@@ -6,8 +6,8 @@ sources() {
     done
 }
 
-# The C++ files that differ from what has landed, those that are not committed first. Where nothing does, as in a fresh clone, those of the newest
-# commits, up to four: all are checked by `./test --all`.
+# The C++ files that differ from what has landed, those that are not committed first. Where nothing does, as in a fresh
+# clone, those of the newest commits, up to four: all are checked by `./test --all`.
 changedSources() {
     local base
     base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify 'HEAD~1' || true)
