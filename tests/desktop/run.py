@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Runs one file of desktop tests, here or at an absolute path: run.py [--as-user] PROGRAM FILE [CASE…]
+"""Runs one file of desktop tests, of this folder or at an absolute path: run.py [--as-user] PROGRAM FILE [CASE…]
 
-The file runs on a desktop of its own and, where the system allows it, in a network of its own, so that the agent's
-port is free and nobody outside is ever asked. Where it does not, nothing else may listen on that port. With
---as-user all of it runs as an ordinary user, also where root runs the tests.
+The tests run on their own desktop and, where the system allows it, in their own network, so that the agent's port is
+free and no other machine can be contacted. Where it does not, nothing else may listen on that port. With --as-user
+everything runs as an ordinary user, even if root has started it.
 """
 
 import pathlib

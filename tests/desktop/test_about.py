@@ -14,7 +14,7 @@ FILES = {
 
 
 class About(DesktopCase):
-    def test_it_names_the_product_and_the_version(self):
+    def test_the_page_shows_the_product_and_the_version(self):
         page = self.start().show("About")
         for text in ("Vantle", "Liquid-Glass notification overlays for Claude Code.",
                      "Settings helper · version dev"):
@@ -28,5 +28,5 @@ class About(DesktopCase):
         for label, path in paths.items():
             page.find("label", path)
             program.click("push button", f"Copy path of {label}")
-            self.expect(lambda: pasted() == path, lambda: f"{label} copies {pasted()}")
+            self.expect(lambda: pasted() == path, lambda: f"{label} copies {pasted()!r} instead of {path!r}")
         self.finish(program)

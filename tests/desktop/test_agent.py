@@ -1,4 +1,4 @@
-"""The program beside an agent that is absent, silent, or talks nonsense: it works on, and ends at once."""
+"""The program with an agent that is absent, silent or faulty: it continues to work, and ends at once."""
 
 from harness.agent import Agent
 from harness.case import DesktopCase
@@ -20,32 +20,32 @@ class Agents(DesktopCase):
         self.expect_file(FILE, '{\n  "enabled" : false\n}')
         self.finish(program)
 
-    def test_absent(self):
+    def test_works_without_an_agent(self):
         self.replace_agent()
         self.flip_and_finish()
 
-    def test_silent(self):
+    def test_works_with_a_silent_agent(self):
         self.replace_agent(answer=None)
         self.flip_and_finish()
         self.expect_requests("/settings/reload-green-screen", "/settings/reload-green-screen")
 
-    def test_talking_nonsense(self):
+    def test_works_with_an_agent_that_sends_garbage(self):
         self.replace_agent(answer=b"\x00\xff nonsense\r\n" * 100)
         self.flip_and_finish()
         self.expect_requests("/settings/reload-green-screen", "/settings/reload-green-screen")
 
-    def test_refusing_with_an_error(self):
+    def test_works_with_an_agent_that_answers_with_an_error(self):
         self.replace_agent(answer=b"HTTP/1.1 500 Internal Server Error\r\nContent-Length: 0\r\n\r\n")
         self.flip_and_finish()
         self.expect_requests("/settings/reload-green-screen", "/settings/reload-green-screen")
 
-    def test_redirecting_is_not_followed(self):
+    def test_does_not_follow_a_redirect(self):
         self.replace_agent(answer=b"HTTP/1.1 307 Temporary Redirect\r\nLocation: /elsewhere\r\n"
                                   b"Content-Length: 0\r\n\r\n")
         self.flip_and_finish()
         self.expect_requests("/settings/reload-green-screen", "/settings/reload-green-screen")
 
-    def test_restarted_between_two_changes(self):
+    def test_announces_the_next_change_to_a_restarted_agent(self):
         program = self.start()
         program.click("check box", SWITCH)
         self.expect_requests("/settings/reload-green-screen")
@@ -59,19 +59,19 @@ class Agents(DesktopCase):
         program.click("check box", SWITCH)
         self.expect_requests("/settings/reload-green-screen")
 
-    def test_a_change_in_the_instant_of_closing_still_reaches_it(self):
+    def test_announces_a_change_made_just_before_closing(self):
         program = self.start()
         program.click("check box", SWITCH)
         program.press("ctrl+w")
-        self.assertEqual(program.ended(), 0)
+        self.assertEqual(program.wait(), 0)
         self.expect_requests("/settings/reload-green-screen")
 
-    def test_silence_does_not_keep_the_program_for_long(self):
+    def test_a_silent_agent_delays_the_end_by_a_few_seconds_at_most(self):
         self.replace_agent(answer=None)
         program = self.start()
         point = program.middle(program.click("check box", SWITCH))
         for _ in range(29):
             self.desktop.input.click(*point)
-        self.expect(lambda: self.agent.requests, "the agent is told nothing")
+        self.expect(lambda: self.agent.requests, "the agent receives no request")
         program.press("ctrl+w")
-        self.assertEqual(program.ended(seconds=6), 0)
+        self.assertEqual(program.wait(seconds=6), 0)

@@ -1,4 +1,4 @@
-"""What the desktop says of its looks, seen in the window."""
+"""The desktop's appearance settings, seen in the window."""
 
 from gi.repository import GLib
 
@@ -17,20 +17,21 @@ def colour(red, green, blue):
 
 
 class Accent(DesktopCase):
-    def test_a_switch_that_is_on_has_it_and_follows_its_change(self):
+    def test_a_switch_that_is_on_has_the_accent_colour_and_follows_its_changes(self):
         settings = {_GROUP: {_NAME: colour(1, 0.5, 0)}}
         portal = BusService("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop", _SETTINGS,
                             called=lambda *_: GLib.Variant("(a{sa{sv}})", (settings,)))
         self.write(".vantle/green-screen.json", '{"enabled": true}')
         program = self.start()
         x, y = program.middle(program.reveal(program.find("check box", "Marketing Recording Mode")))
-        self.expect(lambda: self.desktop.windows.pixel(x - 8, y) == (255, 128, 0), "it has not the desktop's colour")
-        portal.tell("SettingChanged", GLib.Variant("(ssv)", (_GROUP, _NAME, colour(0, 1, 0))))
-        self.expect(lambda: self.desktop.windows.pixel(x - 8, y) == (0, 255, 0), "it keeps the old colour")
+        self.expect(lambda: self.desktop.windows.pixel(x - 8, y) == (255, 128, 0),
+                    "the switch does not have the accent colour")
+        portal.emit("SettingChanged", GLib.Variant("(ssv)", (_GROUP, _NAME, colour(0, 1, 0))))
+        self.expect(lambda: self.desktop.windows.pixel(x - 8, y) == (0, 255, 0), "the switch keeps the old colour")
 
 
 class Corners(DesktopCase):
-    """The desktop of the tests has no compositing manager, without which nothing is seen through a window."""
+    """The tests' desktop has no compositing manager, so transparent corners of a window would be black."""
 
     def test_a_menu_has_no_black_corners(self):
         program = self.start()
@@ -45,7 +46,7 @@ class Corners(DesktopCase):
     def expect_filled_corners(self, program, item):
         windows = self.desktop.windows
         point = program.middle(item)
-        self.expect(lambda: windows.popup_at(program.process, *point), "nothing opens")
+        self.expect(lambda: windows.popup_at(program.process, *point), "no popup opens")
         left, top, width, height = windows.popup_box(*point)
         right, bottom = left + width - 1, top + height - 1
         corners = [(x, y) for x in (left + 1, right - 1) for y in (top + 1, bottom - 1)]

@@ -21,11 +21,12 @@ class BrowserPatterns(DesktopCase):
     def editor(self, program, project):
         return program.find("text", f"URL patterns for {project}")
 
-    def test_nothing_is_written_while_typing_and_everything_by_the_button(self):
+    def test_typing_writes_nothing_and_the_button_saves_everything(self):
         program = self.open()
         program.click_on(self.editor(program, "/work/alpha"))
         program.type("*alpha*")
-        self.expect(lambda: self.editor(program, "/work/alpha").text == "*alpha*", "the text does not arrive")
+        self.expect(lambda: self.editor(program, "/work/alpha").text == "*alpha*",
+                    "the typed text does not appear in the editor")
         self.expect_file(FILE, '{"/work/beta":["https://b.example/*"]}')
         program.click("push button", "Save Patterns")
         self.expect_file(FILE, BOTH)
@@ -40,7 +41,8 @@ class BrowserPatterns(DesktopCase):
         program = self.open()
         program.click_on(self.editor(program, "/work/alpha"))
         program.type("  *alpha*  \n\n")
-        self.expect(lambda: self.editor(program, "/work/alpha").text == "  *alpha*  \n\n", "the text does not arrive")
+        self.expect(lambda: self.editor(program, "/work/alpha").text == "  *alpha*  \n\n",
+                    "the typed text does not appear in the editor")
         program.press("ctrl+s")
         self.expect_file(FILE, BOTH)
 
@@ -57,7 +59,8 @@ class BrowserPatterns(DesktopCase):
         for item, text in (("Select All", "https://b.example/*"), ("Cut", ""), ("Paste", "https://b.example/*"),
                            ("Undo", ""), ("Redo", "https://b.example/*")):
             program.choose("Edit", item)
-            self.expect(lambda: editor.text == text, lambda: f"after {item} the text is {editor.text!r}")
+            self.expect(lambda: editor.text == text,
+                        lambda: f"after {item} the text is {editor.text!r} instead of {text!r}")
 
     def test_a_paste_without_a_text_does_nothing(self):
         program = self.open()
@@ -76,7 +79,7 @@ class BrowserPatterns(DesktopCase):
         for is_offered in (True, False):
             program.press("ctrl+a")
             self.expect(lambda: pasted("PRIMARY") == "https://b.example/*", "the selection is not offered")
-            picture = Picture()  # takes the editor's place
+            picture = Picture()  # takes the selection over from the editor
             try:
                 if not is_offered:
                     picture.close()
@@ -92,7 +95,7 @@ class BrowserPatterns(DesktopCase):
         program.press("ctrl+z")
         self.expect_text(editor, "https://b.example/*")
 
-    def test_an_editor_that_loses_keyboard_page_or_window_keeps_text_and_history(self):
+    def test_an_editor_keeps_text_and_history_when_focus_page_or_window_changes(self):
         program = self.open()
         editor = program.click_on(self.editor(program, "/work/alpha"))
         for leave, come_back in (
@@ -102,9 +105,10 @@ class BrowserPatterns(DesktopCase):
             program.type("one")
             self.expect_text(editor, "one")
             leave()
-            self.expect(lambda: not editor.has("focused") or not editor.has("showing"), "the editor is not left")
+            self.expect(lambda: not editor.has("focused") or not editor.has("showing"),
+                        "the editor still shows and has the focus")
             come_back()
-            self.expect(lambda: editor.has("showing"), "the editor does not come back")
+            self.expect(lambda: editor.has("showing"), "the editor does not show again")
             program.ready()
             self.expect_text(editor, "one")
             program.click_on(editor)
@@ -112,44 +116,45 @@ class BrowserPatterns(DesktopCase):
             self.expect_text(editor, "")
 
     def expect_text(self, editor, text):
-        self.expect(lambda: editor.text == text, lambda: f"the text is {editor.text!r} and not {text!r}")
+        self.expect(lambda: editor.text == text, lambda: f"the text is {editor.text!r} instead of {text!r}")
 
     def test_edits_are_lost_when_the_window_closes_unsaved(self):
         program = self.open()
         program.click_on(self.editor(program, "/work/alpha"))
         program.type("*alpha*")
-        self.expect(lambda: self.editor(program, "/work/alpha").text == "*alpha*", "the text does not arrive")
+        self.expect(lambda: self.editor(program, "/work/alpha").text == "*alpha*",
+                    "the typed text does not appear in the editor")
         self.finish(program)
         self.expect_file(FILE, '{"/work/beta":["https://b.example/*"]}')
 
 
 class Unreadable(DesktopCase):
-    def test_what_was_typed_wrong_is_kept_beside_what_is_saved(self):
-        slip = '{"/work/beta":["https://b.example/*",]}'
-        self.write(FILE, slip)
+    def test_an_unreadable_file_is_kept_beside_the_saved_one(self):
+        unreadable = '{"/work/beta":["https://b.example/*",]}'
+        self.write(FILE, unreadable)
         self.write(".vantle/sessions.json", '[{"cwd":"/work/beta"}]')
         program = self.start()
         program.show("Browser Patterns")
         self.assertEqual(program.find("text", "URL patterns for /work/beta").text, "")
         self.save(program, "*beta*", "*beta*")
-        self.expect_file(f"{FILE}.unreadable", slip)
+        self.expect_file(f"{FILE}.unreadable", unreadable)
         self.save(program, "s", "*beta*s")
         self.finish(program)
         files = sorted(file.name for file in (self.home / FILE).parent.iterdir())
         self.assertEqual(files, ["browser-patterns.json", "browser-patterns.json.unreadable"])
-        self.expect_file(f"{FILE}.unreadable", slip)
+        self.expect_file(f"{FILE}.unreadable", unreadable)
         self.assertEqual(self.agent.requests, [])
 
     def save(self, program, typed, text):
         editor = program.click("text", "URL patterns for /work/beta")
         program.type(typed)
-        self.expect(lambda: editor.text == text, lambda: f"the text is {editor.text!r}")
+        self.expect(lambda: editor.text == text, lambda: f"the text is {editor.text!r} instead of {text!r}")
         program.click("push button", "Save Patterns")
         self.expect_file(FILE, f'{{\n  "\\/work\\/beta" : [\n    "{text}"\n  ]\n}}')
 
 
-class Without(DesktopCase):
-    def test_without_projects_nothing_can_be_saved(self):
+class WithoutProjects(DesktopCase):
+    def test_nothing_can_be_saved(self):
         program = self.start()
         page = program.show("Browser Patterns")
         self.assertEqual(page.find_all("text"), [])

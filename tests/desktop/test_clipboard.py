@@ -1,4 +1,4 @@
-"""What becomes of a copied text when the program ends."""
+"""The copied text after the program has ended."""
 
 from harness.case import DesktopCase
 from harness.clipboard import Manager, pasted
@@ -12,8 +12,8 @@ class Clipboard(DesktopCase):
         self.write(".claude/browser-patterns.json", f'{{"/work/beta":["{TEXT}"]}}')
         self.write(".vantle/sessions.json", '[{"cwd":"/work/beta"}]')
 
-    def manage(self, quick):
-        manager = Manager(quick)
+    def start_manager(self, respond):
+        manager = Manager(respond)
         self.addCleanup(manager.close)
         return manager
 
@@ -28,26 +28,26 @@ class Clipboard(DesktopCase):
     def copy(self):
         program = self.select()
         program.press("ctrl+c")
-        self.expect(lambda: pasted() == TEXT, pasted)
+        self.expect(lambda: pasted() == TEXT, lambda: f"the clipboard has {pasted()!r} instead of {TEXT!r}")
         return program
 
-    def test_a_clipboard_manager_keeps_it(self):
-        manager = self.manage(quick=True)
+    def test_a_clipboard_manager_keeps_the_text(self):
+        manager = self.start_manager(respond=True)
         self.finish(self.copy())
         self.assertEqual(pasted(), TEXT)
         self.assertEqual(manager.requests, 1)
 
-    # The toolkit complains when it has waited for a manager in vain, and that would have been said.
+    # If the toolkit waited for a manager in vain, it would print a warning, and finish() would fail.
 
-    def test_a_manager_that_never_answers_holds_nothing_up(self):
-        manager = self.manage(quick=False)
+    def test_a_manager_that_never_answers_does_not_delay_the_end(self):
+        manager = self.start_manager(respond=False)
         self.finish(self.copy())
         self.assertEqual(manager.requests, 1)
 
     def test_a_manager_is_not_asked_to_keep_a_mere_selection(self):
-        manager = self.manage(quick=False)
+        manager = self.start_manager(respond=False)
         self.finish(self.select())
         self.assertEqual(manager.requests, 0)
 
-    def test_without_a_manager_nothing_is_waited_for(self):
+    def test_without_a_manager_the_program_ends_at_once(self):
         self.finish(self.copy())

@@ -1,4 +1,4 @@
-"""The General page: what each control writes, byte for byte, and what the agent is told."""
+"""The General page: the exact bytes that each control writes, and the requests to the agent."""
 
 from harness.case import DesktopCase
 from harness.login import LoginJobs
@@ -15,7 +15,7 @@ class LaunchAtLogin(DesktopCase):
 
     def setUp(self):
         super().setUp()
-        self.jobs.forget()
+        self.jobs.reset()
 
     def install_job(self):
         self.write(f".config/systemd/user/{self.UNIT}", "[Service]\nExecStart=/bin/true\n")
@@ -24,61 +24,63 @@ class LaunchAtLogin(DesktopCase):
         self.install_job()
         program = self.start()
         switch = program.click("check box", self.SWITCH)
-        self.expect(lambda: switch.has("checked"), "the switch does not go on")
+        self.expect(lambda: switch.has("checked"), "the switch does not turn on")
         program.click_on(switch)
-        self.expect(lambda: not switch.has("checked"), "the switch does not go off")
-        self.assertEqual(self.jobs.asked, [*self.LOADING, f"--user enable {self.UNIT}", f"--user stop {self.UNIT}"])
+        self.expect(lambda: not switch.has("checked"), "the switch does not turn off")
+        self.assertEqual(self.jobs.calls, [*self.LOADING, f"--user enable {self.UNIT}", f"--user stop {self.UNIT}"])
         self.finish(program)
         self.assertEqual(self.agent.requests, [])
 
-    def test_a_loaded_job_is_seen_at_the_start(self):
+    def test_the_switch_is_on_at_the_start_if_the_job_is_loaded(self):
         self.jobs.state = "active"
         self.assertTrue(self.start().find("check box", self.SWITCH).has("checked"))
-        self.assertEqual(self.jobs.asked, [])
+        self.assertEqual(self.jobs.calls, [])
 
-    def test_a_job_that_will_not_load_leaves_the_switch_off(self):
+    def test_a_job_that_cannot_be_loaded_leaves_the_switch_off(self):
         self.install_job()
-        self.jobs.refuse()
+        self.jobs.fail()
         program = self.start()
         switch = program.click("check box", self.SWITCH)
-        self.expect(lambda: self.jobs.asked == [*self.LOADING, f"--user disable {self.UNIT}"],
-                    lambda: f"asked: {self.jobs.asked}")
-        self.expect(lambda: (switch, False) in self.desktop.accessibility.switched, "it does not say that it fell back")
+        self.expect(lambda: self.jobs.calls == [*self.LOADING, f"--user disable {self.UNIT}"],
+                    lambda: f"the calls of the tool are {self.jobs.calls}")
+        self.expect(lambda: (switch, False) in self.desktop.accessibility.switched,
+                    "the switch does not report that it is off again")
         self.expect(lambda: f"{self.SWITCH} could not be changed" in self.desktop.accessibility.announced,
-                    lambda: self.desktop.accessibility.announced)
+                    lambda: f"the failure is not among the announcements {self.desktop.accessibility.announced}")
         program.click("check box", "Marketing Recording Mode")
         self.expect_requests("/settings/reload-green-screen")
         self.assertFalse(switch.has("checked"))
 
-    def test_a_job_that_takes_its_time_keeps_only_its_switch_busy(self):
+    def test_a_slow_job_keeps_only_its_own_switch_busy(self):
         self.install_job()
-        self.jobs.slow_down()
+        self.jobs.block()
         program = self.start()
         switch = program.focus("check box", self.SWITCH)
         program.press("space")
-        self.expect(lambda: switch.has("busy") and not switch.has("sensitive"), "it does not say that it is busy")
+        self.expect(lambda: switch.has("busy") and not switch.has("sensitive"), "the switch is not busy")
         self.assertTrue(switch.has("focused"))
         program.press("space")
         program.click("check box", "Marketing Recording Mode")
         self.expect_requests("/settings/reload-green-screen")
         self.assertFalse(switch.has("checked"))
-        self.jobs.go_on()
-        self.expect(lambda: switch.has("checked") and switch.has("sensitive"), "the switch does not go on")
-        self.assertEqual(self.jobs.asked, [*self.LOADING, f"--user enable {self.UNIT}"])
+        self.jobs.unblock()
+        self.expect(lambda: switch.has("checked") and switch.has("sensitive"), "the switch does not turn on")
+        self.assertEqual(self.jobs.calls, [*self.LOADING, f"--user enable {self.UNIT}"])
 
-    def test_closing_meanwhile_leaves_the_change_to_the_service_manager(self):
+    def test_closing_during_a_change_leaves_the_change_to_the_service_manager(self):
         self.install_job()
-        self.jobs.slow_down()
+        self.jobs.block()
         program = self.start()
         program.click("check box", self.SWITCH)
-        self.expect(lambda: self.jobs.asked == self.LOADING, "it was not tried")
+        self.expect(lambda: self.jobs.calls == self.LOADING, lambda: f"the calls of the tool are {self.jobs.calls}")
         program.press("ctrl+w")
         self.expect_end(program)
-        (left,) = self.jobs.asked[2:]
-        self.assertRegex(left, "^--user --no-block .*ExecStartPost=/[^ ]+/systemctl --user enable")
-        self.assertTrue(left.endswith(f"/systemctl --user start {self.UNIT}"), left)
-        self.jobs.go_on()
-        self.expect(lambda: len(self.jobs.ended) == len(self.jobs.asked), "the tool does not end by itself")
+        (remaining,) = self.jobs.calls[2:]
+        self.assertRegex(remaining, "^--user --no-block .*ExecStartPost=/[^ ]+/systemctl --user enable")
+        self.assertTrue(remaining.endswith(f"/systemctl --user start {self.UNIT}"), remaining)
+        self.jobs.unblock()
+        self.expect(lambda: len(self.jobs.finished_calls) == len(self.jobs.calls),
+                    "a call of the tool does not end by itself")
 
     def test_without_a_job_nothing_is_run_and_the_switch_stays_off(self):
         program = self.start()
@@ -86,7 +88,7 @@ class LaunchAtLogin(DesktopCase):
         program.click("check box", "Marketing Recording Mode")
         self.expect_requests("/settings/reload-green-screen")
         self.assertFalse(switch.has("checked"))
-        self.assertEqual(self.jobs.asked, [])
+        self.assertEqual(self.jobs.calls, [])
 
 
 class Typeface(DesktopCase):
@@ -101,7 +103,7 @@ class Typeface(DesktopCase):
         self.expect_file(".vantle/typeface.json", '{\n  "name" : "jetbrains-mono"\n}')
         self.expect_requests("/settings/reload-typeface")
 
-    def test_choosing_what_is_chosen_writes_and_tells_nothing(self):
+    def test_choosing_the_current_entry_writes_nothing_and_sends_no_request(self):
         program = self.start()
         program.pick("Typeface", "JetBrains Mono")
         program.pick("Terminal", "Vantle Terminal")
@@ -128,21 +130,21 @@ class Recording(DesktopCase):
         program = self.start()
         switch = program.click("check box", "Marketing Recording Mode")
         self.expect_file(".vantle/green-screen.json", '{\n  "enabled" : true\n}')
-        self.expect(lambda: switch.has("checked"))
+        self.expect(lambda: switch.has("checked"), "the switch does not turn on")
         program.click("check box", "Marketing Recording Mode")
         self.expect_file(".vantle/green-screen.json", '{\n  "enabled" : false\n}')
-        self.expect(lambda: not switch.has("checked"))
+        self.expect(lambda: not switch.has("checked"), "the switch does not turn off")
         self.expect_requests("/settings/reload-green-screen", "/settings/reload-green-screen")
 
 
 class Updates(DesktopCase):
-    def test_flipping_writes_the_file_and_tells_nobody(self):
+    def test_flipping_writes_the_file_and_sends_no_request(self):
         program = self.start()
         switch = program.find("check box", "Automatic Updates")
         self.assertTrue(switch.has("checked"))
         program.click_on(switch)
         self.expect_file(".vantle/updates.json", '{\n  "automatic" : false\n}')
-        self.expect(lambda: not switch.has("checked"))
+        self.expect(lambda: not switch.has("checked"), "the switch does not turn off")
         self.finish(program)
         self.assertEqual(self.agent.requests, [])
 

@@ -1,5 +1,5 @@
-"""Keys that are held down: real ones, which the X server repeats. With VANTLE_LONG_TESTS at all rates that keyboards are
-set to, from slow to fast; without, at the server's own."""
+"""Keys that are held down and repeated by the X server. With VANTLE_LONG_TESTS at a slow, a usual and a fast repeat
+rate; without, at the usual one."""
 
 import contextlib
 import os
@@ -38,7 +38,7 @@ class HeldKeyCase(DesktopCase):
 
     @contextlib.contextmanager
     def holding(self, code, *modifiers):
-        """A key held down while a block is run, and then until it has been repeated."""
+        """Holds a key down during the block, and after it until the key has been repeated REPEATS more times."""
         with self.desktop.input.holding(code, *modifiers):
             yield
             already = self.presses.count
@@ -46,28 +46,29 @@ class HeldKeyCase(DesktopCase):
 
     def focus(self, control):
         control.act(control.actions.index("SetFocus"))
-        self.expect(lambda: control.has("focused"), f"{control} does not get the keyboard")
+        self.expect(lambda: control.has("focused"), f"{control} does not get the focus")
         return control
 
     def hold(self, code, *modifiers):
         with self.holding(code, *modifiers):
             pass
 
-    def expect_everything_done(self, program, control):
-        """Keys are delivered in order: once a Tab has moved the focus away from the control, all keys before it
-        were handled."""
-        self.expect(lambda: control.has("focused"), f"{control} does not have the keyboard")
+    def expect_keys_handled(self, program, control):
+        """Waits until a Tab has moved the focus away from the control and back. Keys are delivered in order, so all
+        earlier keys have been handled then."""
+        self.expect(lambda: control.has("focused"), f"{control} does not have the focus")
         program.press("Tab")
-        self.expect(lambda: not control.has("focused"), "Tab does not arrive")
+        self.expect(lambda: not control.has("focused"), "Tab does not move the focus")
         program.press("shift+Tab")
-        self.expect(lambda: control.has("focused"), "Tab does not come back")
+        self.expect(lambda: control.has("focused"), "Shift+Tab does not move the focus back")
 
-    def expect_answered(self, program):
+    def expect_dialog_closed(self, program):
         program.expect_no_dialog()
         program.ready()
 
-    def expect_posted(self, *targets):
-        self.expect(lambda: len(self.agent.targets) >= len(targets), lambda: f"posted: {self.agent.targets}")
+    def expect_targets(self, *targets):
+        self.expect(lambda: len(self.agent.targets) >= len(targets),
+                    lambda: f"the agent has received {self.agent.targets} instead of {list(targets)}")
         self.assertEqual(self.agent.targets, list(targets))
 
 
@@ -79,15 +80,15 @@ class HeldKeys(HeldKeyCase):
             with self.repeating(rate):
                 for button, message, action, _ in QUESTIONS:
                     self.focus(program.find("push button", button))
-                    self.hold(SPACE)  # a button is clicked when it is released, or seems to be
+                    self.hold(SPACE)  # a button is clicked on release, and each repeat looks like one
                     dialog = program.dialog(message)
-                    self.expect_everything_done(program, dialog.find("push button", action))
+                    self.expect_keys_handled(program, dialog.find("push button", action))
                     self.assertTrue(dialog.has("active"), f"{message} was answered")
                     program.press("Escape")
-                    self.expect_answered(program)
+                    self.expect_dialog_closed(program)
         self.assertEqual(self.agent.targets, [])
 
-    def test_a_held_key_that_is_down_before_a_question_does_not_answer_it(self):
+    def test_a_key_held_before_a_question_opens_does_not_answer_it(self):
         program = self.start()
         program.show("Data & Privacy")
         for rate in RATES:
@@ -96,10 +97,10 @@ class HeldKeys(HeldKeyCase):
                     with self.holding(key):
                         program.click("push button", QUESTIONS[0][0])
                         dialog = program.dialog(QUESTIONS[0][1])
-                    self.expect_everything_done(program, dialog.find("push button", QUESTIONS[0][2]))
+                    self.expect_keys_handled(program, dialog.find("push button", QUESTIONS[0][2]))
                     self.assertTrue(dialog.has("active"), "the question was answered")
                     program.press("Escape")
-                    self.expect_answered(program)
+                    self.expect_dialog_closed(program)
         self.assertEqual(self.agent.targets, [])
 
     def test_a_key_held_on_the_default_button_answers_once(self):
@@ -113,10 +114,10 @@ class HeldKeys(HeldKeyCase):
                     program.press("space")
                     program.dialog(message)
                     self.hold(key)
-                    self.expect_answered(program)
-                    self.expect_everything_done(program, opening)
+                    self.expect_dialog_closed(program)
+                    self.expect_keys_handled(program, opening)
                     posted += [target] if target else []
-                    self.expect_posted(*posted)
+                    self.expect_targets(*posted)
                     program.expect_no_dialog()
 
     def test_a_held_space_flips_a_switch_once(self):
@@ -125,11 +126,11 @@ class HeldKeys(HeldKeyCase):
         for number, rate in enumerate(RATES, 1):
             with self.repeating(rate):
                 self.hold(SPACE)
-                self.expect_everything_done(program, switch)
-                self.expect_posted(*["/settings/reload-green-screen"] * number)
+                self.expect_keys_handled(program, switch)
+                self.expect_targets(*["/settings/reload-green-screen"] * number)
                 self.assertEqual(switch.has("checked"), number % 2 == 1)
 
-    def test_a_combination_that_is_held_is_recorded_once_and_does_nothing_else(self):
+    def test_a_held_combination_is_recorded_once_and_does_nothing_else(self):
         program = self.start()
         recorder = self.focus(program.find("push button", RECORDER))
         number = 0
@@ -140,14 +141,14 @@ class HeldKeys(HeldKeyCase):
                                                (Q, "ctrl", "⌃Q")):
                     with self.subTest(shown=shown):
                         self.hold(SPACE)
-                        self.expect(lambda: recorder.description == WAITING, lambda: recorder.description)
+                        self.expect_description(recorder, WAITING)
                         self.hold(RETURN)
                         self.assertEqual(recorder.description, WAITING)
                         self.hold(code, modifier)
-                        self.expect(lambda: recorder.description == in_words(shown), lambda: recorder.description)
-                        self.expect_everything_done(program, recorder)
+                        self.expect_description(recorder, in_words(shown))
+                        self.expect_keys_handled(program, recorder)
                         number += 1
-                        self.expect_posted(*["/settings/reload-shortcuts"] * number)
+                        self.expect_targets(*["/settings/reload-shortcuts"] * number)
                         self.assertEqual(recorder.description, in_words(shown))
 
 
@@ -172,8 +173,8 @@ class HeldMenuButton(HeldKeyCase):
 
 
 class KeysThatRepeat(HeldKeyCase):
-    """What a held key goes on doing. How often depends on when it is let go, so each test waits for more than the press
-    and its first repeat can have done."""
+    """Keys whose action is repeated while they are held. The number of repeats depends on the time of the release, so
+    each test waits for an effect that the press and one repeat cannot have."""
 
     def setUp(self):
         super().setUp()
@@ -190,10 +191,11 @@ class KeysThatRepeat(HeldKeyCase):
             with self.repeating(rate):
                 before = len(editor.text)
                 with self.desktop.input.holding(X):
-                    self.expect(lambda: len(editor.text) > before + 2, lambda: f"only {editor.text} is typed")
+                    self.expect(lambda: len(editor.text) > before + 2,
+                                lambda: f"after {before} letters only {editor.text!r} is typed")
                 self.assertEqual(set(editor.text), {"x"})
 
-    def test_a_held_arrow_walks_through_the_pages(self):
+    def test_a_held_arrow_key_goes_through_the_pages(self):
         program = self.start()
         pages = program.pages()
         self.assertGreater(len(pages), 3)
@@ -202,9 +204,10 @@ class KeysThatRepeat(HeldKeyCase):
             with self.repeating(rate):
                 for key, page in ((DOWN, pages[-1]), (UP, pages[0])):
                     with self.desktop.input.holding(key):
-                        self.expect(lambda: program.shows("panel", page), f"the arrow does not get to {page}")
+                        self.expect(lambda: program.shows("panel", page),
+                                    f"the arrow key does not reach the page {page}")
 
-    def test_a_held_page_key_scrolls_on_to_the_end(self):
+    def test_a_held_page_key_scrolls_to_the_end(self):
         program = self.start()
         program.show("Planning")
         first, last = (program.find("push button", f"Actions for P{number}") for number in (0, 99))
@@ -219,4 +222,4 @@ class KeysThatRepeat(HeldKeyCase):
             with self.repeating(rate):
                 for key, row in ((PAGE_DOWN, last), (PAGE_UP, first)):
                     with self.desktop.input.holding(key):
-                        self.expect(lambda: is_in_view(row), f"{row} is not reached")
+                        self.expect(lambda: is_in_view(row), f"{row} is not scrolled into view")

@@ -1,4 +1,4 @@
-"""The whole program by keyboard alone."""
+"""The program used by keyboard alone."""
 
 from harness.case import DesktopCase
 
@@ -19,22 +19,23 @@ class Keyboard(DesktopCase):
         program.press("Up")
         self.expect_file(".vantle/terminal-backend.json", '{\n  "backend" : "iterm"\n}')
 
-    def test_the_arrow_keys_walk_through_the_pages(self):
+    def test_the_arrow_keys_go_through_the_pages(self):
         program = self.start()
         program.focus("list", "Sections")
         for page in program.pages()[1:]:
             program.press("Down")
             program.find("panel", page)
 
-    def test_tab_comes_round_and_shift_tab_goes_the_same_way_back(self):
+    def test_tab_cycles_through_the_controls_and_shift_tab_in_reverse(self):
         program = self.start()
-        there = self.tour(program, "Tab")
-        back = self.tour(program, "shift+Tab")
-        self.assertGreater(len(there), 4)
-        self.assertEqual(there[1:], list(reversed(back[1:])))
+        forwards = self.tour(program, "Tab")
+        backwards = self.tour(program, "shift+Tab")
+        self.assertGreater(len(forwards), 4)
+        self.assertEqual(forwards[1:], list(reversed(backwards[1:])))
 
     def tour(self, program, key):
-        """The names of all controls from the focused one round to it again."""
+        """Role, name and labels of each control that the key reaches, from the focused one until the focus is back on
+        it."""
         first = program.focused()
         names, current = [], first
         while not names or current != first:

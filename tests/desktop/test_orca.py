@@ -1,7 +1,7 @@
 """What Orca says while every page is used by keyboard, compared with stored transcripts.
 
-A transcript lists the strokes, and below each what is said after it. VANTLE_STORE_TRANSCRIPTS=1 stores what is said
-now; read the difference aloud before you keep it.
+A transcript lists key strokes, and below each the utterances after it. VANTLE_STORE_TRANSCRIPTS=1 stores the present
+utterances; read the difference aloud before you keep it.
 """
 
 import os
@@ -16,7 +16,7 @@ from harness.waiting import eventually
 
 _TRANSCRIPTS = pathlib.Path(__file__).resolve().parent / "orca"
 _STORE = "VANTLE_STORE_TRANSCRIPTS" in os.environ
-_VERSION = "43"  # of Orca, whose words the transcripts are
+_VERSION = "43"  # of Orca, with which the transcripts were stored
 _HOME = "/home/user"
 _PROGRAM = "/usr/bin/vantle-settings"
 
@@ -45,7 +45,7 @@ class Transcript(DesktopCase):
         self.write(".vantle/sessions.json", f'[{{"id":"1","cwd":"{self.home}/alpha/src"}}]')
         self.replay("planning")
 
-    def test_while_the_desktops_folder_dialog_is_asked_for(self):
+    def test_while_the_portals_folder_dialog_is_open(self):
         self.addCleanup(FilePortal().close)
         self.replay("portal")
 
@@ -62,7 +62,7 @@ class Transcript(DesktopCase):
         self.replay("about")
 
     def replay(self, name):
-        """Presses what the transcript lists, and compares what is said."""
+        """Presses the keys of a transcript, and compares the utterances."""
         file = _TRANSCRIPTS / f"{name}.txt"
         steps = read(file.read_text())
         self.start()
@@ -76,25 +76,25 @@ class Transcript(DesktopCase):
         self.assertEqual(written(said), written(steps))
 
     def listen(self, expected):
-        """What is said until nothing more comes; waits for as many utterances as are expected, and while storing, when
-        nothing tells how many there will be, until none has followed the last for two seconds."""
+        """Returns the utterances after a stroke. Waits for as many as are expected; while storing, when the number is
+        unknown, until none has followed the last for two seconds."""
         try:
             if _STORE:
                 while True:
                     before = len(self.orca.spoken)
-                    eventually(lambda: len(self.orca.spoken) > before, "nothing more is said", 2)
-            eventually(lambda: len(self.orca.spoken) >= len(expected), "too little is said")
+                    eventually(lambda: len(self.orca.spoken) > before, "there is no further utterance", 2)
+            eventually(lambda: len(self.orca.spoken) >= len(expected), "there are fewer utterances than expected")
         except AssertionError:
-            pass  # the end of what is stored; else the comparison tells what is missing
+            pass  # while storing, this is the end; otherwise the comparison shows what is missing
         self.orca.settle()
-        return [self.steady(text) for text in self.orca.take()]
+        return [self.with_fixed_paths(text) for text in self.orca.take()]
 
-    def steady(self, text):
+    def with_fixed_paths(self, text):
         return text.replace(self.desktop.program, _PROGRAM).replace(str(self.home), _HOME)
 
 
 def read(text):
-    """The steps of a transcript: the strokes of each, and what is said."""
+    """The steps of a transcript: pairs of strokes and a list of utterances."""
     steps = []
     for line in text.splitlines():
         if line.startswith("    "):

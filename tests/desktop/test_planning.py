@@ -42,7 +42,7 @@ class Planning(DesktopCase):
         return program
 
     def open_menu(self, program, project, *names):
-        """Opens a project's menu, which has exactly these items, and returns them by name."""
+        """Opens a project's menu, checks that it has exactly these items, and returns them by name."""
         program.click("push button", f"Actions for {project}")
         items = {}
         for name in (*names, names[0]):
@@ -72,7 +72,7 @@ class Planning(DesktopCase):
         self.assertEqual(self.agent.requests, [])
 
     def drag(self, program, *paths):
-        """Drags over the row, and returns the drag and what would happen on a drop."""
+        """Drags paths over the row of the root. Returns the drag, and the name of the action that a drop would have."""
         drag = Drag(*paths)
         self.addCleanup(drag.close)
         point = program.middle(program.find("label", "Not set"))
@@ -94,24 +94,27 @@ class Planning(DesktopCase):
             drag, action = self.drag(program, *paths)
             self.assertIsNone(action, paths)
             drag.leave()
-        self.assertIsNotNone(self.drag(program, self.plan)[1], "one folder can't either")
+        self.assertIsNotNone(self.drag(program, self.plan)[1], "a single folder is not accepted either")
         self.finish(program)
         self.expect_no_file(FILE)
 
     def test_clearing_removes_the_file_and_the_list(self):
         program = self.open()
         program.click("push button", "Clear planning root")
-        self.expect(lambda: not (self.home / FILE).exists(), "the file stays")
+        self.expect(lambda: not (self.home / FILE).exists(), "the file is not removed")
         self.expect_requests("/settings/reload-planning")
         program.find("label", "Not set")
-        self.expect(lambda: not program.shows("panel", "Alpha"), "the list stays")
+        self.expect(lambda: not program.shows("panel", "Alpha"), "the list still shows")
+
+    def shown_files(self):
+        return f"the file manager was asked to show {self.files.shown}"
 
     def test_the_root_is_revealed(self):
         program = self.open()
         program.click("push button", "Reveal in Finder")
-        self.expect(lambda: self.files.shown == [f"file://{self.plan}"], lambda: self.files.shown)
+        self.expect(lambda: self.files.shown == [f"file://{self.plan}"], self.shown_files)
 
-    def test_projects_show_their_sessions_and_whether_they_are_there(self):
+    def test_projects_show_their_sessions_and_whether_their_folder_exists(self):
         program = self.open()
         alpha, gone = program.find("panel", "Alpha"), program.find("panel", "Gone")
         self.assertEqual(alpha.description, f"{self.home}/alpha")
@@ -133,41 +136,42 @@ class Planning(DesktopCase):
     def test_a_project_and_its_todo_are_revealed(self):
         program = self.open()
         program.click_in_popup(self.open_menu(program, "Alpha", *self.ALL)["Reveal Project in Finder"])
-        self.expect(lambda: self.files.shown == [f"file://{self.home}/alpha"], lambda: self.files.shown)
+        self.expect(lambda: self.files.shown == [f"file://{self.home}/alpha"], self.shown_files)
         program.click_in_popup(self.open_menu(program, "Alpha", *self.ALL)["Reveal TODO in Finder"])
-        self.expect(lambda: self.files.shown[1:] == [f"file://{self.home}/alpha/TODO.toml"], lambda: self.files.shown)
+        self.expect(lambda: self.files.shown[1:] == [f"file://{self.home}/alpha/TODO.toml"], self.shown_files)
 
-    def test_its_todo_is_opened_with_the_default_application(self):
+    def test_a_projects_todo_is_opened_with_the_default_application(self):
         self.write("bin/xdg-open", f'#!/bin/sh\necho "$1" >{self.home}/opened\n')
         (self.home / "bin/xdg-open").chmod(0o755)
         program = self.open(environment={"PATH": f"{self.home}/bin:/usr/bin:/bin"})
         program.click_in_popup(self.open_menu(program, "Alpha", *self.ALL)["Open TODO.toml"])
         self.expect_file("opened", f"file://{self.home}/alpha/TODO.toml\n")
 
-    def test_a_missing_project_can_only_have_its_path_copied(self):
+    def test_the_only_action_for_a_missing_project_copies_its_path(self):
         program = self.open()
         self.open_menu(program, "Gone", "Copy Path")
         program.press("Return")
-        self.expect(lambda: pasted() == f"{self.home}/gone", pasted)
+        self.expect(lambda: pasted() == f"{self.home}/gone", lambda: f"the clipboard has {pasted()!r}")
 
     def enter_folder(self, program, folder):
         dialog = program.dialog("Planning Project Folder")
-        self.expect(lambda: program.focused() and program.focused().role == "text", "no place to type a path")
+        self.expect(lambda: program.focused() and program.focused().role == "text",
+                    "no text field for a path has the focus")
         program.press("ctrl+a")
         program.type(str(folder))
-        self.expect(lambda: program.focused().text == str(folder), "the path does not arrive")
+        self.expect(lambda: program.focused().text == str(folder), "the typed path does not appear in the text field")
         return dialog
 
 
 class Empty(DesktopCase):
-    def test_a_root_without_a_manifest_offers_to_create_one(self):
+    def test_a_root_without_a_manifest_shows_that_it_has_none(self):
         self.write(FILE, f'{{"root":"{self.home}/plan"}}')
         program = self.start()
         program.show("Planning")
         program.find("label", "projects.toml not found")
         self.assertFalse(program.shows("push button", "Refresh"))
 
-    def test_a_manifest_without_projects_says_so(self):
+    def test_a_manifest_without_projects_shows_that_it_has_none(self):
         self.write(FILE, f'{{"root":"{self.home}/plan"}}')
         self.write("plan/projects.toml", "# nothing yet\n")
         program = self.start()

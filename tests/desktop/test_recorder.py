@@ -1,4 +1,4 @@
-"""Shortcuts pressed on the keyboard: what is recorded, what is shown, and what nothing else gets to see."""
+"""Shortcuts pressed on the keyboard: which keys are recorded, how they are shown, and which keys are swallowed."""
 
 import itertools
 import json
@@ -21,10 +21,10 @@ KEYS = {
     "Home": (102, 115), "Up": (103, 126), "keypad 7": (71, 89), "keypad .": (83, 65),
 }
 
-# Keys that no shortcut can be made of.
+# Keys that are never recorded.
 CAPS_LOCK, NUM_LOCK, PRINT = 58, 69, 99
 
-# What the modifiers are recorded and shown as.
+# Modifiers, the mask that is recorded for them, and the symbols that are shown.
 MODIFIERS = [
     (["super"], 0x0100, "⌘"),
     (["ctrl", "shift"], 0x1200, "⌃⇧"),
@@ -33,7 +33,7 @@ MODIFIERS = [
     (["ctrl", "alt", "shift", "super"], 0x1B00, "⌃⌥⇧⌘"),
 ]
 
-# What the keys of a layout show, in the order of their codes.
+# The symbols of keys under each layout, in the order of the keys' codes.
 US = {"`": "`", "1": "1", "-": "-", "=": "=", "Q": "Q", "Y": "Y", "[": "[", "A": "A", ";": ";", "'": "'",
       "\\": "\\", "Z": "Z", "F5": "F5", "Home": "↖", "keypad 7": "7", "keypad .": "."}
 LAYOUTS = {
@@ -49,7 +49,7 @@ LAYOUTS = {
         "'": "-", "\\": "\\", "Z": ";", "/": "Z"},
     ("jp",): {"`": "⟨50⟩", "1": "1", "-": "-", "=": "^", "Q": "Q", "[": "@", "]": "[", "A": "A", ";": ";",
               "'": ":", "\\": "]", "ro": "\\", "yen": "\\", "Z": "Z"},
-    # No Latin layout at all: what a US keyboard shows.
+    # Without any Latin layout the symbols of a US keyboard are shown.
     ("ru",): US,
 }
 
@@ -85,14 +85,14 @@ class ShortcutCase(DesktopCase):
 
 class Layouts(ShortcutCase):
     def expect_keys(self, recorder, shown):
-        """Presses every key, each with other modifiers than the one before."""
+        """Records every key, each with other modifiers than the one before."""
         for (key, symbol), (modifiers, mask, glyphs) in zip(shown.items(), itertools.cycle(MODIFIERS)):
             with self.subTest(key=key, modifiers=modifiers):
                 self.record(recorder, key, *modifiers)
                 self.expect_shown(recorder, glyphs + symbol)
                 self.assertEqual(self.binding(), (KEYS[key][1], mask))
 
-    def test_keys_are_recorded_by_place_and_shown_as_printed(self):
+    def test_keys_are_recorded_by_position_and_shown_as_printed(self):
         recorder = self.start().find("push button", NEXT)
         for layout, shown in LAYOUTS.items():
             with self.subTest(layout=layout):
@@ -100,7 +100,7 @@ class Layouts(ShortcutCase):
                 use_layout(*layout)
                 self.expect_keys(recorder, shown)
 
-    def test_a_second_latin_layout_stands_for_one_that_is_not(self):
+    def test_a_second_latin_layout_replaces_one_that_is_not_latin(self):
         use_layout("ru,us", options="grp:caps_toggle")
         recorder = self.start().find("push button", NEXT)
         # The comma of the Russian layout is on keys that the US layout does not define.
@@ -110,7 +110,7 @@ class Layouts(ShortcutCase):
         self.addCleanup(self.press_key, CAPS_LOCK)
         self.expect_keys(recorder, shown)
 
-    def test_another_layout_shows_at_once(self):
+    def test_a_change_of_layout_shows_at_once(self):
         self.write(FILE, '{"focusLast":{"keyCode":16,"modifiers":256}}')
         recorder = self.start().find("push button", NEXT)
         self.expect_shown(recorder, "⌘Y")
@@ -148,7 +148,7 @@ class Recording(ShortcutCase):
         self.expect_shown(self.recorder, WAITING)
 
     def expect_swallowed(self, key, *modifiers):
-        """The recorder goes on waiting: the next key is the one that it records."""
+        """Checks that the recorder does not record a stroke and continues to wait: it records the next one."""
         next_key, shown = ("Home", "⌘↖") if self.recorder.description == in_words("⌘↑") else ("Up", "⌘↑")
         self.begin()
         self.press_key(key, *modifiers)
@@ -172,7 +172,7 @@ class Recording(ShortcutCase):
         use_layout("de")
         self.expect_swallowed("J", "altgr")
 
-    def test_locks_and_altgr_change_nothing(self):
+    def test_locks_and_altgr_are_ignored(self):
         use_layout("de")
         for stroke, shown in ((["J", "super"], "⌘J"), (["J", "super", "shift"], "⇧⌘J"),
                               (["keypad 7", "super"], "⌘7"), (["J", "altgr", "ctrl"], "⌃J")):
@@ -196,7 +196,7 @@ class Recording(ShortcutCase):
             self.expect_shown(self.recorder, "⌘Y")
             other.act()
             self.expect_shown(other, WAITING)
-            # Enough questions for the key to have been repeated many times.
+            # A hundred queries take long enough for the key to be repeated many times.
             self.assertEqual({other.description for _ in range(100)}, {WAITING})
         self.press_key("Up", "super")
         self.expect_shown(other, "⌘↑")
@@ -229,7 +229,7 @@ class Recording(ShortcutCase):
         self.assertTrue(self.recorder.has("focused"))
         self.program.press("Tab")
         reset = self.program.find("push button", "Reset Focus next notification to default (⇧⌘J)")
-        self.expect(lambda: reset.has("focused"))
+        self.expect(lambda: reset.has("focused"), "Tab does not move the focus to the reset button")
         self.program.press("space")
         self.expect_shown(self.recorder, "⇧⌘J")
 

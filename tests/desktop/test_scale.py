@@ -1,10 +1,10 @@
-"""The window on screens of other densities."""
+"""The window at other scale factors."""
 
 from harness.case import DesktopCase
 
 
 class Scale:
-    def test_controls_are_where_they_are_seen(self):
+    def test_controls_react_where_they_are_drawn(self):
         program = self.start(scale=self.FACTOR)
         self.assertEqual(program.window.box[2:], (860 * self.FACTOR, 640 * self.FACTOR))
         program.pick("Terminal", "Vantle Terminal")

@@ -32,8 +32,8 @@ class Wayland(DesktopCase):
         processes.end(cls.compositor)
 
     def start(self, **environment):
-        # The Wayland client library, and plugins that are unloaded at the end, leak a few hundred bytes that have no
-        # names any more by then; under X11 leaks are looked for.
+        # The Wayland client library, and plugins that are unloaded at the end, leak a few hundred bytes whose stacks
+        # have no symbols left by then. The tests under X11 check for leaks.
         program = Program(self.desktop, self.home, environment={
             "WAYLAND_DISPLAY": self.SOCKET, "DISPLAY": "", "ASAN_OPTIONS": "detect_leaks=0",
             **environment})
@@ -42,17 +42,17 @@ class Wayland(DesktopCase):
         self.assertEqual(self.desktop.windows.of(program.process), [])
         return program
 
-    def test_it_starts_shows_every_page_and_closes(self):
+    def test_the_program_starts_shows_every_page_and_closes(self):
         program = self.start()
         for page in program.pages():
             program.find("list", "Sections").find("list item", page).act()
             program.find("panel", page)
         program.find_in_menu("Window", "Close").act()
         self.expect_end(program)
-        # A client of this system is not told where its window is.
+        # Wayland does not tell a client the position of its window.
         self.expect_file(".local/state/vantle-settings/window", "VantleSettingsWindow=860x640\n")
 
-    def test_a_change_is_written_and_told(self):
+    def test_a_change_is_written_and_announced(self):
         program = self.start()
         program.find("check box", "Marketing Recording Mode").act()
         self.expect_file(".vantle/green-screen.json", '{\n  "enabled" : true\n}')
@@ -60,13 +60,14 @@ class Wayland(DesktopCase):
         program.find_in_menu("Vantle Settings", "Quit Vantle Settings").act()
         self.expect_end(program)
 
-    def test_without_a_keyboard_keys_show_as_the_keymap_librarys_default_prints_them(self):
+    def test_without_a_keyboard_keys_show_as_in_the_keymap_librarys_default_layout(self):
         self.write(".vantle/shortcuts.json", '{"focusLast":{"keyCode":16,"modifiers":256}}')
         program = self.start(XKB_DEFAULT_LAYOUT="de")
         recorder = program.find("push button", "Focus next notification shortcut")
-        self.expect(lambda: recorder.description.startswith("Command Z"), lambda: recorder.description)
+        self.expect(lambda: recorder.description.startswith("Command Z"),
+                    lambda: f"the description is {recorder.description!r}")
 
-    def test_a_screen_reader_can_ask_for_the_portals_dialog_and_give_it_up(self):
+    def test_a_screen_reader_can_open_and_cancel_the_portals_dialog(self):
         portal = FilePortal()
         self.addCleanup(portal.close)
         program = self.start()
@@ -75,12 +76,12 @@ class Wayland(DesktopCase):
         threading.Thread(target=choose.act, daemon=True).start()  # returns when the dialog has ended
         program.find("panel", "Planning Project Folder").find("push button", "Cancel").act()
         self.expect(lambda: portal.closed == 1, "the dialog stays open")
-        # Whose window it is can't be said here.
+        # Under this compositor the program cannot name the dialog's parent window.
         self.assertEqual(portal.parents, [""])
         program.find_in_menu("Window", "Close").act()
         self.expect_end(program)
 
-    def test_it_ends_when_it_is_asked_to(self):
+    def test_sigterm_ends_the_program(self):
         program = self.start()
         program.signal(signal.SIGTERM)
         self.expect_end(program)

@@ -1,4 +1,4 @@
-"""The whole program under Valgrind: no error in memory and nothing lost from its start to its end."""
+"""The program under Valgrind: no memory error and no lost memory from its start to its end."""
 
 import pathlib
 
@@ -8,7 +8,7 @@ SUPPRESSIONS = pathlib.Path(__file__).parent / "toolkit.supp"
 
 
 class Valgrind(DesktopCase):
-    def test_start_a_change_every_page_and_stop(self):
+    def test_starting_a_change_every_page_and_ending(self):
         log = self.home.parent / f"{self.home.name}.valgrind"
         program = self.start(tool=(
             "valgrind", "--quiet", "--error-exitcode=99", "--leak-check=full", "--show-leak-kinds=definite",
@@ -19,6 +19,6 @@ class Valgrind(DesktopCase):
         for page in program.pages():
             program.show(page)
         program.window.close()
-        status = program.ended()
-        said = log.read_text()
-        self.assertEqual((status, said), (0, ""), said[:8000])
+        status = program.wait()
+        report = log.read_text()
+        self.assertEqual((status, report), (0, ""), report[:8000])

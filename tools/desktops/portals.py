@@ -83,7 +83,7 @@ class _Chooser:
         self._open()
         self._backend.send_signal(signal.SIGSTOP)
         self._program.window.close()
-        self._report.check("end beside a stopped backend", (self._program.ended(), self._program.said), (0, ""))
+        self._report.check("end beside a stopped backend", (self._program.wait(), self._program.output), (0, ""))
 
     def _open(self):
         self._program.press("ctrl+o")

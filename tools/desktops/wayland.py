@@ -64,7 +64,7 @@ def _look_at_program(compositor, program, picture, report):
         report.skip("title, app id, states", "the compositor tells nobody")
         take_settled(compositor.take, picture)
         program.find_in_menu("Window", "Close").act()
-        return report.check("end", (program.ended(), program.said), (0, ""))
+        return report.check("end", (program.wait(), program.output), (0, ""))
 
     seen = lambda: compositor.window(WINDOW)
     eventually(seen, "the compositor knows no window of that title")
@@ -80,7 +80,7 @@ def _look_at_program(compositor, program, picture, report):
     if compositor.HEEDS_LEAST_SIZE:
         _try_least_size(compositor, program, report)
     compositor.do(WINDOW, "close")
-    report.check("end", (program.ended(), program.said), (0, ""))
+    report.check("end", (program.wait(), program.output), (0, ""))
 
 
 def _take(compositor, box, picture, report):

@@ -50,7 +50,7 @@ def _look_at_scale(manager, desktop, picture, report):
         _try_states(program, window, report)
         _take(manager, window, picture, report)
         window.close()
-        report.check("end", (program.ended(), program.said), (0, ""))
+        report.check("end", (program.wait(), program.output), (0, ""))
     finally:
         program.kill()
 

@@ -1,5 +1,5 @@
-"""What a screen reader knows of a program: its controls by role and name. They are queried over the accessibility bus
-itself, because a client library would cache older answers."""
+"""A program's controls as a screen reader sees them, by role and name. They are queried over the accessibility bus
+itself, because a client library would return cached answers."""
 
 import subprocess
 import threading
@@ -14,7 +14,7 @@ _PROPERTIES = "org.freedesktop.DBus.Properties"
 _BUS = "org.freedesktop.DBus", "/org/freedesktop/DBus"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _LABELLED_BY = 2
-# Roles of the toolkit whose controls have no children: half of the questions about a page are saved.
+# The toolkit's controls of these roles have no children. Not asking for them halves the number of calls for a page.
 _WITHOUT_CHILDREN = ("check box", "image", "label", "push button", "separator", "text")
 
 # The bits of a control's state that tests ask for.
@@ -28,8 +28,8 @@ STATES = {
 class AccessibilityBus:
     """The bus on which programs expose their controls. `last_focused` is the control that last reported the focus, even
     if the tree does not show it, as in a context menu. `switched` lists each reported change of a checked state as a
-    control and its new state. `announced` lists the texts of announcements and notifications, and `changed` the
-    controls that reported a property change, such as another name or description."""
+    pair of the control and its new state. `announced` lists the texts of announcements and notifications, and `changed`
+    the controls that reported a property change, such as another name or description."""
 
     def __init__(self):
         session = Gio.bus_get_sync(Gio.BusType.SESSION)
@@ -43,9 +43,9 @@ class AccessibilityBus:
         self.switched = []
         self.announced = []
         self.changed = []
-        self._listen("focused", self._hear_focus)
-        self._listen("checked", self._hear_switch)
-        self._listen("showing", self._hear_notification)
+        self._listen("focused", self._on_focused)
+        self._listen("checked", self._on_checked)
+        self._listen("showing", self._on_showing)
         self._subscribe("Announcement", "object:announcement",
                         lambda _control, details: self.announced.append(details[3]))
         self._subscribe("PropertyChange", "object:property-change",
@@ -59,33 +59,34 @@ class AccessibilityBus:
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
         lines = []
         threading.Thread(target=lambda: lines.extend(monitor.stdout), daemon=True).start()
-        # A connection gives its name up when it begins to watch.
-        eventually(lambda: any("member=NameLost" in line for line in list(lines)), "the bus lets nobody watch")
+        # A connection loses its name when it becomes a monitor.
+        eventually(lambda: any("member=NameLost" in line for line in list(lines)),
+                   "dbus-monitor does not start to watch")
         return lambda text: sum(text in line for line in list(lines))
 
     def process(self, name):
-        """The id of the process that has a name on the bus."""
+        """The id of the process that owns a name on the bus."""
         return self.call(*_BUS, "org.freedesktop.DBus", "GetConnectionUnixProcessID", GLib.Variant("(s)", (name,)))[0]
 
-    def _listen(self, state, hear):
+    def _listen(self, state, callback):
         self._connection.signal_subscribe(
             None, "org.a11y.atspi.Event.Object", "StateChanged", None, state, Gio.DBusSignalFlags.NONE,
             lambda _connection, owner, path, _interface, _signal, details:
-                hear(Control(self, owner, path), bool(details.unpack()[1])))
+                callback(Control(self, owner, path), bool(details.unpack()[1])))
         self.call("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry", "RegisterEvent",
                   GLib.Variant("(sass)", (f"object:state-changed:{state}", [], "")))
 
-    def _subscribe(self, signal, event, hear):
+    def _subscribe(self, signal, event, callback):
         self._connection.signal_subscribe(
             None, "org.a11y.atspi.Event.Object", signal, None, None, Gio.DBusSignalFlags.NONE,
             lambda _connection, owner, path, _interface, _signal, details:
-                hear(Control(self, owner, path), details.unpack()))
+                callback(Control(self, owner, path), details.unpack()))
         self.call("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry", "RegisterEvent",
                   GLib.Variant("(sass)", (event, [], "")))
 
-    def _hear_notification(self, control, showing):
-        """Asks for the role without waiting: a program that was stopped does not answer."""
-        def told(connection, answer):
+    def _on_showing(self, control, showing):
+        """Asks for the role without waiting: a stopped program does not answer."""
+        def on_role(connection, answer):
             try:
                 role, = connection.call_finish(answer).unpack()
             except GLib.Error:
@@ -95,13 +96,13 @@ class AccessibilityBus:
 
         if showing:
             self._connection.call(control.owner, control.path, _ACCESSIBLE, "GetRoleName", None, None,
-                                  Gio.DBusCallFlags.NONE, 20000, None, told)
+                                  Gio.DBusCallFlags.NONE, 20000, None, on_role)
 
-    def _hear_focus(self, control, focused):
+    def _on_focused(self, control, focused):
         if focused:
             self.last_focused = control
 
-    def _hear_switch(self, control, checked):
+    def _on_checked(self, control, checked):
         self.switched.append((control, checked))
 
     def call(self, name, path, interface, method, arguments=None):
@@ -109,7 +110,7 @@ class AccessibilityBus:
                                           Gio.DBusCallFlags.NONE, 20000).unpack()
 
     def program(self, process):
-        """The program of that process id, or None until it shows itself."""
+        """The program with a process id, or None until it has registered itself."""
         registry = Control(self, "org.a11y.atspi.Registry", _ROOT)
         for program in registry.children:
             try:
@@ -122,7 +123,7 @@ class AccessibilityBus:
 
 
 class Control:
-    """One node of the tree. A control that is gone has no children, no role and an empty name."""
+    """One node of the tree. A control that no longer exists has no children, an empty role and an empty name."""
 
     def __init__(self, bus, owner, path):
         self._bus = bus
@@ -138,25 +139,25 @@ class Control:
     def __repr__(self):
         return f"{self.role} “{self.name}”"
 
-    def _call(self, interface, method, arguments=None, gone=None):
+    def _call(self, interface, method, arguments=None, if_gone=None):
         try:
             return self._bus.call(self.owner, self.path, interface, method, arguments)
         except GLib.Error:
-            if gone is None:
+            if if_gone is None:
                 raise
-            return gone
+            return if_gone
 
     def _property(self, name, interface=_ACCESSIBLE):
         return self._call(_PROPERTIES, "Get", GLib.Variant("(ss)", (interface, name)), ("",))[0]
 
     @property
     def children(self):
-        found, = self._call(_ACCESSIBLE, "GetChildren", gone=([],))
+        found, = self._call(_ACCESSIBLE, "GetChildren", if_gone=([],))
         return [Control(self._bus, owner, path) for owner, path in found]
 
     @property
     def role(self):
-        return self._call(_ACCESSIBLE, "GetRoleName", gone=("",))[0]
+        return self._call(_ACCESSIBLE, "GetRoleName", if_gone=("",))[0]
 
     @property
     def name(self):
@@ -168,14 +169,14 @@ class Control:
 
     @property
     def labels(self):
-        """The names of the controls that this one is labelled by."""
-        relations, = self._call(_ACCESSIBLE, "GetRelationSet", gone=([],))
+        """The names of the controls that label this one."""
+        relations, = self._call(_ACCESSIBLE, "GetRelationSet", if_gone=([],))
         return [Control(self._bus, owner, path).name
                 for kind, targets in relations if kind == _LABELLED_BY for owner, path in targets]
 
     def has(self, state):
-        """Whether the control is in a state of STATES."""
-        words, = self._call(_ACCESSIBLE, "GetState", gone=([0, 0],))
+        """Whether the control has a state, which is a key of STATES."""
+        words, = self._call(_ACCESSIBLE, "GetState", if_gone=([0, 0],))
         return bool(((words[1] << 32) | words[0]) >> STATES[state] & 1)
 
     @property
@@ -192,14 +193,14 @@ class Control:
 
     @property
     def actions(self):
-        return [action[0] for action in self._call("org.a11y.atspi.Action", "GetActions", gone=([],))[0]]
+        return [action[0] for action in self._call("org.a11y.atspi.Action", "GetActions", if_gone=([],))[0]]
 
     def act(self, index=0):
-        """Does one of the control's actions, the way a screen reader would."""
+        """Performs one of the control's actions, as a screen reader does."""
         return self._call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (index,)))[0]
 
     def walk(self):
-        """The control and everything below it, in reading order."""
+        """The control and its descendants, in reading order."""
         return (control for control, _ in self._walk())
 
     def _walk(self):
@@ -208,23 +209,24 @@ class Control:
         if role in _WITHOUT_CHILDREN:
             return
         if role in ("list", "tree") and self.name == "Files":
-            return  # the toolkit complains when its file dialog is asked for a file while it reads the folder
+            return  # the toolkit warns if a file is queried while its file dialog reads the folder
         for child in self.children:
             yield from child._walk()
 
     def find_all(self, role, name=None):
-        """Everything of that role (or one of several) whose name, or the name of whose label, is as given."""
+        """All controls of the subtree that have the role (or one of several) and the name, their own or that of a
+        label."""
         roles = (role,) if isinstance(role, str) else role
-        return [control for control, its in self._walk()
-                if its in roles and (name is None or control.name == name or name in control.labels)]
+        return [control for control, control_role in self._walk()
+                if control_role in roles and (name is None or control.name == name or name in control.labels)]
 
     def find(self, role, name=None, showing=True):
-        """The one such control, waited for until it shows."""
+        """Waits until there is exactly one such control, showing unless `showing` is false, and returns it."""
         def found():
             controls = [control for control in self.find_all(role, name)
                         if not showing or control.has("showing")]
             return controls if len(controls) == 1 else None
-        return eventually(found, lambda: f"no single {role} “{name}” in:\n{self.outline()}")[0]
+        return eventually(found, lambda: f"expected exactly one {role} “{name}” in:\n{self.outline()}")[0]
 
     def outline(self, depth=0):
         """The tree as text, one line for each control."""

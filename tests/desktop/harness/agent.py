@@ -1,4 +1,4 @@
-"""The agent's side of the loopback port: takes connections and remembers what was asked."""
+"""A stand-in for the agent on the loopback port: it accepts connections and records the requests."""
 
 import collections
 import socket
@@ -15,8 +15,8 @@ def reload(path):
 
 
 class Agent:
-    """Listens from creation to close(). `answer` is what each request is answered with, `delay` seconds later; None
-    answers nothing and keeps the connection open, unless the agent `hangs_up`."""
+    """Listens from creation to close(). `answer` is sent after each request, `delay` seconds later; None sends nothing.
+    With `hangs_up` the agent closes the connection after each request."""
 
     OK = b"HTTP/1.1 200 OK\r\nContent-Length: 2\r\nContent-Type: application/json\r\n\r\n{}"
 
@@ -41,7 +41,7 @@ class Agent:
         return [request.target for request in self.requests]
 
     def close(self):
-        """Stops listening, also to those who are connected."""
+        """Stops listening and closes all connections."""
         if self._listener.fileno() < 0:
             return
         self._closed.set()
@@ -64,8 +64,8 @@ class Agent:
     def _serve(self, connection):
         try:
             stream = connection.makefile("rb")
-            while self._take(stream):
-                self._closed.wait(self._delay)  # a slow agent, which closing wakes
+            while self._read_request(stream):
+                self._closed.wait(self._delay)  # interrupted by close()
                 if self._answer is not None:
                     connection.sendall(self._answer)
                 if self._hangs_up:
@@ -73,7 +73,7 @@ class Agent:
         except (OSError, ValueError):
             pass
 
-    def _take(self, stream):
+    def _read_request(self, stream):
         first = stream.readline()
         if not first:
             return False

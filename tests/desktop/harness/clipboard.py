@@ -1,4 +1,4 @@
-"""What another program would paste, or has copied."""
+"""Other programs that use the clipboard: one that pastes, one that has copied a picture, and a clipboard manager."""
 
 import select
 import threading
@@ -10,7 +10,7 @@ from .waiting import eventually
 
 
 def pasted(selection="CLIPBOARD"):
-    """The text of the clipboard or of another selection; empty where nobody offers one."""
+    """The text of the clipboard or of another selection; empty if no program offers one."""
     connection = display.Display()
     try:
         window = connection.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
@@ -35,7 +35,7 @@ def _answer(connection):
 
 
 class _Owner:
-    """A program that owns selections of the screen until it is closed. It answers in a thread of its own."""
+    """A program that owns selections of the X server until close(). It answers requests in its own thread."""
 
     def __init__(self, *selections):
         self._display = display.Display()
@@ -43,33 +43,33 @@ class _Owner:
         for name in selections:
             self._window.set_selection_owner(self._display.intern_atom(name), X.CurrentTime)
         self._display.sync()
-        self._ends = threading.Event()
+        self._closing = threading.Event()
         self._thread = threading.Thread(target=self._serve, daemon=True)
 
     def open(self):
         self._thread.start()
 
     def close(self):
-        self._ends.set()
+        self._closing.set()
         self._thread.join()
         self._display.close()
 
     def _serve(self):
-        while not self._ends.is_set():
+        while not self._closing.is_set():
             select.select([self._display.fileno()], [], [], 0.05)
             while self._display.pending_events():
-                self._take(self._display.next_event())
+                self._handle(self._display.next_event())
 
     @staticmethod
     def _answer(request, prop):
-        """Says where the answer is, or with X.NONE that there is none."""
+        """Notifies the requestor of the property that has the answer, or with X.NONE that there is none."""
         request.requestor.send_event(event.SelectionNotify(
             time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,
             property=prop))
 
 
 class Picture(_Owner):
-    """A program in which a picture was selected and copied: it offers that, and no text."""
+    """A program that has selected and copied a picture: it offers the picture and no text."""
 
     def __init__(self):
         super().__init__("CLIPBOARD", "PRIMARY")
@@ -77,7 +77,7 @@ class Picture(_Owner):
         self._targets = self._display.intern_atom("TARGETS")
         self.open()
 
-    def _take(self, request):
+    def _handle(self, request):
         if request.type != X.SelectionRequest:
             return
         prop = request.property
@@ -92,30 +92,30 @@ class Picture(_Owner):
 
 
 class Manager(_Owner):
-    """A clipboard manager, which takes over what is on the clipboard when it is asked to; one that is not `quick` never
-    answers."""
+    """A clipboard manager. When a program asks it to, it copies the text of the clipboard and becomes the clipboard's
+    owner. If it does not `respond`, it never answers."""
 
-    def __init__(self, quick=True):
+    def __init__(self, respond=True):
         super().__init__("CLIPBOARD_MANAGER")
         self.requests = 0
-        self._quick = quick
+        self._respond = respond
         self._text = b""
-        self._clipboard, self._format, self._place = (
+        self._clipboard, self._format, self._target_property = (
             self._display.intern_atom(name) for name in ("CLIPBOARD", "UTF8_STRING", "VANTLE_TEST_MANAGER"))
         self._manager = self._display.intern_atom("CLIPBOARD_MANAGER")
         self.open()
 
-    def _take(self, happened):
-        if happened.type == X.SelectionRequest and happened.selection == self._manager:
+    def _handle(self, received):
+        if received.type == X.SelectionRequest and received.selection == self._manager:
             self.requests += 1
-            self._asked = happened
-            if self._quick:
-                self._window.convert_selection(self._clipboard, self._format, self._place, X.CurrentTime)
-        elif happened.type == X.SelectionNotify:
-            self._text = self._window.get_full_property(self._place, X.AnyPropertyType).value
+            self._save_request = received
+            if self._respond:
+                self._window.convert_selection(self._clipboard, self._format, self._target_property, X.CurrentTime)
+        elif received.type == X.SelectionNotify:
+            self._text = self._window.get_full_property(self._target_property, X.AnyPropertyType).value
             self._window.set_selection_owner(self._clipboard, X.CurrentTime)
-            self._answer(self._asked, self._asked.property)
-        elif happened.type == X.SelectionRequest:
-            happened.requestor.change_property(happened.property, self._format, 8, self._text)
-            self._answer(happened, happened.property)
+            self._answer(self._save_request, self._save_request.property)
+        elif received.type == X.SelectionRequest:
+            received.requestor.change_property(received.property, self._format, 8, self._text)
+            self._answer(received, received.property)
         self._display.flush()

@@ -1,5 +1,5 @@
 """A Wayland compositor without a screen, and a keyboard for it: a client that speaks the compositor's protocol for
-virtual keyboards, so that keys can be struck by their place."""
+virtual keyboards, so that keys can be pressed by the kernel's codes."""
 
 import contextlib
 import itertools
@@ -16,12 +16,12 @@ from .waiting import eventually
 
 _CONFIGURATION = "xwayland disable\noutput HEADLESS-1 resolution 1280x900\n"
 
-# Of the kernel's codes and the bit in the state that the keyboard reports.
+# For each modifier, the kernel's code of its key and its bit in the state that the keyboard reports.
 _MODIFIERS = {"ctrl": (29, 4), "shift": (42, 1), "alt": (56, 8), "super": (125, 64), "altgr": (100, 128)}
 
 
 class Compositor:
-    """`socket` is what WAYLAND_DISPLAY has to be."""
+    """A compositor that runs until close(). `socket` is the value of WAYLAND_DISPLAY for its clients."""
 
     def __init__(self, log):
         self._folder = tempfile.mkdtemp(prefix="vantle-wayland-")
@@ -29,7 +29,7 @@ class Compositor:
         with open(configuration, "w") as file:
             file.write(_CONFIGURATION)
         command = ["sway", "-c", configuration]
-        # It refuses to run as root.
+        # Sway refuses to run as root.
         if os.getuid() == 0:
             os.chown(self._folder, 65534, 65534)
             command = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", *command]
@@ -46,9 +46,9 @@ class Compositor:
 
 
 class Keyboard:
-    """A keyboard with a layout of setxkbmap's."""
+    """A virtual keyboard with a layout that setxkbmap knows."""
 
-    # Objects that every connection has, or gives these numbers first.
+    # The ids of the display, which is fixed, and of the registry, the first object that is created.
     _DISPLAY, _REGISTRY = 1, 2
 
     def __init__(self, compositor):
@@ -83,7 +83,7 @@ class Keyboard:
 
     @contextlib.contextmanager
     def holding(self, code, *modifiers):
-        """The same key held down, which the program that gets it repeats by itself."""
+        """Holds a key down during the block. The program that receives it repeats it by its own timer."""
         state = 0
         for key, bit in (_MODIFIERS[name] for name in modifiers):
             self._key(key, True)
@@ -121,13 +121,13 @@ class Keyboard:
         socket.send_fds(self._socket, [head + body], files)
 
     def _wait(self):
-        """Until the compositor has done everything that was sent."""
+        """Waits until the compositor has handled everything that was sent."""
         callback = next(self._numbers)
         self._send(self._DISPLAY, 0, struct.pack("I", callback))
         while True:
             target, operation, body = self._next()
             if target == self._DISPLAY and operation == 0:
-                raise RuntimeError(f"the compositor refuses: {body}")
+                raise RuntimeError(f"the compositor reports an error: {body}")
             if target == self._REGISTRY and operation == 0:
                 name, length = struct.unpack("II", body[:8])
                 self._globals[body[8:8 + length - 1].decode()] = name
@@ -146,5 +146,5 @@ class Keyboard:
         while len(self._received) < size:
             more = self._socket.recv(65536)
             if not more:
-                raise RuntimeError("the compositor has gone")
+                raise RuntimeError("the compositor has closed the connection")
             self._received += more

@@ -1,4 +1,4 @@
-"""A desktop of its own: X server, window manager, session bus and with it the accessibility bus."""
+"""A desktop for the tests alone: X server, window manager, session bus and accessibility bus."""
 
 import os
 import pathlib
@@ -41,7 +41,7 @@ _FOREIGN = ("XDG_", "QT_", "LC_", "GTK_", "WAYLAND_", "DBUS_", "SESSION_", "AT_S
 
 
 def pictures_of(program):
-    """Where the pictures of a program's desktop go."""
+    """The folder for pictures of the desktop on which a program is tested."""
     return (pathlib.Path(program).resolve().parent / "../desktop-tests").resolve()
 
 
@@ -69,7 +69,7 @@ class Desktop:
         os.environ["DISPLAY"], _ = self._start_screen()
         self._start_window_manager(os.environ["DISPLAY"])
 
-        # These connect to the desktop when they are imported or constructed, so it has to run first.
+        # These connect to the desktop when they are imported or constructed, so the desktop has to run first.
         from .accessibility import AccessibilityBus
         from .input import Input
         from .waiting import eventually
@@ -80,7 +80,7 @@ class Desktop:
         eventually(lambda: self.windows.manager, "the window manager does not start")
 
     def another_screen(self):
-        """A screen of the same size with a window manager, which a case may break down."""
+        """Starts another X server of the same size with a window manager, which a test may kill."""
         from .waiting import eventually
         from .windows import Windows
         name, server = self._start_screen()
@@ -140,15 +140,15 @@ class Desktop:
 
 
 class Screen:
-    """A screen beside the desktop's own: its name as DISPLAY has it, and its windows."""
+    """An X server beside the desktop's own. `name` is its value of DISPLAY, `windows` are its windows."""
 
     def __init__(self, name, server, windows):
         self.name = name
         self.windows = windows
         self._server = server
 
-    def break_down(self):
-        """Kills the X server, without notice to the clients that show windows on it."""
+    def kill(self):
+        """Kills the X server, so that its clients lose their connection without notice."""
         self._server.kill()
         self._server.wait()
 

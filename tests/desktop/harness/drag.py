@@ -1,4 +1,4 @@
-"""Another program from which something is dragged, by the protocol that file managers speak."""
+"""Another program from which files are dragged, by the Xdnd protocol."""
 
 from Xlib import X, Xatom, display
 from Xlib.protocol import event
@@ -10,7 +10,7 @@ _FORMAT = "text/uri-list"
 
 
 class Drag:
-    """Drags paths from creation to drop() or close()."""
+    """A drag of these paths, until drop() or leave(). close() ends the connection to the X server."""
 
     def __init__(self, *paths):
         self._offered = "".join(f"{path.as_uri()}\r\n" for path in paths).encode()
@@ -22,21 +22,21 @@ class Drag:
         self._answers = {}
 
     def over(self, window, x, y):
-        """Moves to a pixel of the screen that is in the window, and returns what would happen to a drop there: the
-        name of an action, or None."""
+        """Moves the drag to a pixel of the screen inside a window. Returns the name of the action that a drop there
+        would have, or None if the window does not accept one."""
         self._target = self._display.create_resource_object("window", window)
         self._tell("XdndEnter", _VERSION << 24, self._atom(_FORMAT))
         self._tell("XdndPosition", 0, int(x) << 16 | int(y), X.CurrentTime, self._atom("XdndActionMove"))
-        accepts, _, _, action = self._answer("XdndStatus")
+        accepts, _, _, action = self._wait_for("XdndStatus")
         return self._display.get_atom_name(action) if accepts & 1 else None
 
     def leave(self):
         self._tell("XdndLeave")
 
     def drop(self):
-        """Drops there, and returns the name of the action that was done, or None."""
+        """Drops at the last position. Returns the name of the action that was performed, or None."""
         self._tell("XdndDrop", 0, X.CurrentTime)
-        done, action, *_ = self._answer("XdndFinished")
+        done, action, *_ = self._wait_for("XdndFinished")
         return self._display.get_atom_name(action) if done & 1 and action else None
 
     def close(self):
@@ -51,21 +51,22 @@ class Drag:
                                                     data=(32, data)))
         self._display.flush()
 
-    def _answer(self, message):
-        """Waits for the target's answer, and gives it the data meanwhile."""
+    def _wait_for(self, message):
+        """Waits for a message from the target and returns its data. Sends the paths whenever the target asks for
+        them."""
         kind = self._atom(message)
-        return eventually(lambda: self._look(kind), f"no {message} comes")
+        return eventually(lambda: self._received(kind), f"the target sends no {message}")
 
-    def _look(self, kind):
+    def _received(self, kind):
         while self._display.pending_events():
-            happened = self._display.next_event()
-            if happened.type == X.SelectionRequest:
-                self._give(happened)
-            elif happened.type == X.ClientMessage and happened.client_type == kind:
-                return list(happened.data[1])[1:]
+            received = self._display.next_event()
+            if received.type == X.SelectionRequest:
+                self._send_paths(received)
+            elif received.type == X.ClientMessage and received.client_type == kind:
+                return list(received.data[1])[1:]
         return None
 
-    def _give(self, request):
+    def _send_paths(self, request):
         request.requestor.change_property(request.property, request.target, 8, self._offered)
         request.requestor.send_event(event.SelectionNotify(
             time=request.time, requestor=request.requestor, selection=request.selection, target=request.target,

@@ -9,7 +9,7 @@ _MODIFIERS = {"ctrl": "Control_L", "shift": "Shift_L", "alt": "Alt_L", "super": 
 
 # The kernel's codes of the same keys and of AltGr, which no layout changes.
 _MODIFIER_CODES = {"ctrl": 29, "shift": 42, "alt": 56, "super": 125, "altgr": 100}
-_X_OFFSET = 8
+_X_OFFSET = 8  # the X server's code of a key minus the kernel's
 
 
 class Input:
@@ -19,9 +19,9 @@ class Input:
         self._display = display.Display()
 
     def press(self, *strokes):
-        """Each stroke is a key's name with its modifiers before it: "Tab", "ctrl+w", "ctrl+shift+z". While a screen
-        reader is there the toolkit delivers plain keys later than shortcuts: wait for what was typed before pressing
-        one."""
+        """Presses keys. Each stroke is a key's name with its modifiers before it: "Tab", "ctrl+w", "ctrl+shift+z".
+        While a screen reader runs, the toolkit delivers plain keys later than shortcuts: wait until typed text has
+        arrived before pressing a shortcut."""
         for stroke in strokes:
             *modifiers, key = stroke.split("+") if stroke != "+" else ["plus"]
             held = [self._x_code(_MODIFIERS[name])[0] for name in modifiers]
@@ -36,7 +36,7 @@ class Input:
 
     @contextlib.contextmanager
     def holding(self, code, *modifiers):
-        """The same key held down, which the server repeats."""
+        """Holds a key down during the block. The X server repeats it."""
         held = [each + _X_OFFSET for each in (*(_MODIFIER_CODES[name] for name in modifiers), code)]
         for x_code in held:
             xtest.fake_input(self._display, X.KeyPress, x_code)
@@ -49,7 +49,7 @@ class Input:
             self._display.sync()
 
     def type(self, text):
-        """Types a text that the keyboard's layout has."""
+        """Types a text, all of whose characters the keyboard's layout has."""
         for character in text:
             self.press({"\n": "Return", "\t": "Tab", " ": "space"}.get(character, character))
 

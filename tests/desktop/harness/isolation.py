@@ -1,4 +1,4 @@
-"""Keeps a test run to itself: a network, a mount namespace and a user of its own, as far as the system allows them."""
+"""Isolates a test run: its own network, mount namespace and user, as far as the system allows them."""
 
 import fcntl
 import os
@@ -11,31 +11,31 @@ import sys
 _STAGE = "VANTLE_DESKTOP_TEST_NETWORK"
 _SIOCGIFFLAGS, _SIOCSIFFLAGS, _IFF_UP = 0x8913, 0x8914, 1
 
-# How root becomes nobody: the second command works where a user namespace has made an ordinary user root.
-_ORDINARY = (["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"],
+# Commands that run another as the user nobody: the second works where a user namespace has made an ordinary user root.
+_AS_NOBODY = (["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"],
              ["unshare", "--map-user=65534", "--map-group=65534"])
 
 
 def enter(as_user=False, folder=None):
-    """Starts this script over, with the same arguments, in namespaces of its own. With `as_user` it goes on as an
-    ordinary user, who may write into `folder`, also where root has started it."""
+    """Restarts this script, with the same arguments, in its own namespaces. With `as_user` a script that root has
+    started continues as an ordinary user, who may write into `folder`."""
     if _STAGE not in os.environ:
         _enter_own_network()
     if os.environ[_STAGE] == "own":
         _raise_loopback()
-        _hide_other_screens()
+        _hide_other_x_servers()
     if as_user and os.environ[_STAGE] != "ready" and os.getuid() == 0:
         _become_ordinary_user(folder)
-    _refuse_if_somebody_listens()
+    _require_free_port()
 
 
 def has_own_mounts():
-    """Whether what this run mounts is seen by nobody else."""
+    """Whether this run has its own mount namespace, so that no other process sees what it mounts."""
     return os.environ.get(_STAGE) == "own"
 
 
 def _enter_own_network():
-    """Restarts in new namespaces; without the permission for them, goes on in the common network."""
+    """Restarts in new namespaces; without the permission for them, continues in the machine's network."""
     unshared = str(pathlib.Path(__file__).resolve().parents[2] / "support" / "unshared")
     separated = [unshared, "--net", "--mount", "--"]
     if subprocess.run([*separated, "true"], stderr=subprocess.DEVNULL).returncode == 0:
@@ -52,9 +52,9 @@ def _raise_loopback():
         fcntl.ioctl(probe, _SIOCSIFFLAGS, name + struct.pack("H", flags | _IFF_UP) + bytes(22))
 
 
-def _hide_other_screens():
-    """X servers in different networks do not see each other's numbers, but would share the folder of their sockets:
-    the later one would take the earlier one's place there."""
+def _hide_other_x_servers():
+    """Mounts an empty folder for the sockets of X servers. Two servers in different networks may choose the same
+    number, and the later one would replace the socket of the earlier one."""
     os.makedirs("/tmp/.X11-unix", exist_ok=True)
     subprocess.run(["mount", "-t", "tmpfs", "-o", "mode=1777", "tmpfs", "/tmp/.X11-unix"], check=True)
 
@@ -63,12 +63,12 @@ def _become_ordinary_user(folder):
     folder.mkdir(parents=True, exist_ok=True)
     folder.chmod(0o1777)
     os.environ[_STAGE] = "ready"
-    for ordinary in _ORDINARY:
-        if subprocess.run([*ordinary, "true"], stderr=subprocess.DEVNULL).returncode == 0:
-            os.execvp(ordinary[0], [*ordinary, sys.executable, *sys.argv])
+    for command in _AS_NOBODY:
+        if subprocess.run([*command, "true"], stderr=subprocess.DEVNULL).returncode == 0:
+            os.execvp(command[0], [*command, sys.executable, *sys.argv])
 
 
-def _refuse_if_somebody_listens():
+def _require_free_port():
     with socket.socket() as probe:
         if probe.connect_ex(("127.0.0.1", 18484)) == 0:
             sys.exit("Something listens on the agent's port, 18484: end it, and try again.")

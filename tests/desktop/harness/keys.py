@@ -1,4 +1,4 @@
-"""The words for the symbols of keys: what a recorder's description says of the combination that it shows."""
+"""Key combinations in words, as in the description of a recorder that shows them in symbols."""
 
 _NAMES = {
     "⌃": "Control", "⌥": "Option", "⇧": "Shift", "⌘": "Command", "↩": "Return", "⇥": "Tab", "␣": "Space",
@@ -11,7 +11,7 @@ _NAMES = {
 
 
 def in_words(shown):
-    """⇧⌘J is Shift Command J; a text without symbols is unchanged."""
+    """Returns “Shift Command J” for ⇧⌘J; a text without symbols is returned unchanged."""
     modifiers = shown[:len(shown) - len(shown.lstrip("⌃⌥⇧⌘"))]
     key = shown[len(modifiers):]
     if key.startswith("⟨"):

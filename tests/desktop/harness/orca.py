@@ -1,4 +1,4 @@
-"""A real Orca, and what it says."""
+"""Runs the installed Orca and records what it says."""
 
 import json
 import os
@@ -44,21 +44,22 @@ class Orca:
         self.take()
 
     def take(self):
-        """What was said since the last call. An utterance that another event stopped at once is marked."""
+        """Returns the utterances since the last call, and forgets them. One that another event interrupted is
+        marked."""
         spoken, self._spoken = self._spoken, []
         return spoken
 
     @property
     def spoken(self):
-        """The same without taking it."""
+        """The utterances that take() would return."""
         return list(self._spoken)
 
     def settle(self):
-        """Waits until Orca has dealt with all that it was told."""
+        """Waits until Orca has handled all events that it has received."""
         self._asked += 1
         self._process.stdin.write(f"{self._asked}\n")
         self._process.stdin.flush()
-        eventually(lambda: self._running() and self._done == self._asked, "Orca is busy for ever")
+        eventually(lambda: self._running() and self._done == self._asked, "Orca does not finish handling its events")
 
     def close(self):
         processes.end(self._process)

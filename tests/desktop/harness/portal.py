@@ -1,5 +1,4 @@
-"""The desktop's portal for file dialogs, as a test provides it: its dialog is nothing but the record of what was
-asked."""
+"""A stand-in for the desktop's portal for file dialogs: it shows no dialog, and records the requests for one."""
 
 import threading
 
@@ -17,29 +16,30 @@ _REQUEST = """<node><interface name="org.freedesktop.portal.Request"><method nam
 
 
 class FilePortal:
-    """`parents` and `options` are the arguments with which each dialog so far was requested, `closed` is how many of
-    them the program has closed. A `stopped` portal takes calls and answers none, as a process that hangs."""
+    """`parents` and `options` are the arguments with which each dialog so far was requested, `closed` is the number of
+    dialogs that the program has closed. A `stopped` portal accepts calls and answers none, like a process that
+    hangs."""
 
     def __init__(self, stopped=False):
         self.parents, self.options, self.closed = [], [], 0
-        self._goes_on = threading.Event()
+        self._running = threading.Event()
         if not stopped:
-            self._goes_on.set()
+            self._running.set()
         self._service = BusService("org.freedesktop.portal.Desktop", _PATH, _CHOOSER, called=self._open,
                                    property=self._version)
 
     def answer(self, code, folder=None):
-        """Ends the newest dialog."""
+        """Ends the newest dialog with a response code and the folder that was chosen."""
         results = {"uris": GLib.Variant("as", [folder.as_uri()])} if folder else {}
         self._service.connection.emit_signal(None, self._request, "org.freedesktop.portal.Request", "Response",
                                              GLib.Variant("(ua{sv})", (code, results)))
 
     def close(self):
-        self._goes_on.set()
+        self._running.set()
         self._service.close()
 
     def _version(self, _name):
-        self._goes_on.wait()
+        self._running.wait()
         return GLib.Variant("u", 4)
 
     def _open(self, _method, arguments):

@@ -1,4 +1,4 @@
-"""Processes that end when the test ends, however it ends."""
+"""Child processes that are killed when the test process ends, for whatever reason."""
 
 import ctypes
 import signal
@@ -11,7 +11,7 @@ _libc = ctypes.CDLL(None)
 def _die_with_parent():
     _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL)
     for number in (signal.SIGINT, signal.SIGHUP):
-        signal.signal(number, signal.SIG_DFL)  # a test run in the background ignores them
+        signal.signal(number, signal.SIG_DFL)  # ignored in a test run that a shell started in the background
 
 
 def start(arguments, **options):
@@ -19,7 +19,7 @@ def start(arguments, **options):
 
 
 def end(process, seconds=5):
-    """Asks a process to end, and makes it."""
+    """Terminates a process, and kills it if it has not ended after these seconds."""
     if process.poll() is None:
         process.terminate()
         try:

@@ -1,4 +1,4 @@
-"""The running program, and everything that a person does with it."""
+"""The running program, and what a user does with it."""
 
 import os
 import pathlib
@@ -14,39 +14,40 @@ _LEAKS = pathlib.Path(__file__).resolve().parent.parent / "leaks.txt"
 
 
 class Program:
-    """Started in a home directory; `scale` is the scale factor of its screen, `tool` the command of a tool that runs
-    programs as themselves, and `folder` where it is started, at home if not said otherwise."""
+    """The program, running with a home directory. `scale` is the scale factor of its screen, `tool` a command such as
+    `strace -D` that runs the program with the process id of the command, and `folder` the working directory, by default
+    the home."""
 
     def __init__(self, desktop, home, scale=1, arguments=(), environment=None, tool=(), folder=None):
         self._desktop = desktop
         self._scale = scale
         self.home = home
-        surroundings = dict(os.environ, HOME=str(home), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+        variables = dict(os.environ, HOME=str(home), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
                             LSAN_OPTIONS=f"suppressions={_LEAKS}:print_suppressions=0")
         if scale != 1:
-            surroundings["QT_SCALE_FACTOR"] = str(scale)
-        surroundings.update(environment or {})
-        self._said = open(home.parent / f"{home.name}.said", "w+b")
-        self._process = processes.start([*tool, desktop.program, *arguments], env=surroundings,
+            variables["QT_SCALE_FACTOR"] = str(scale)
+        variables.update(environment or {})
+        self._output = open(home.parent / f"{home.name}.output", "w+b")
+        self._process = processes.start([*tool, desktop.program, *arguments], env=variables,
                                         cwd=folder or home,
-                                        stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said)
+                                        stdin=subprocess.DEVNULL, stdout=self._output, stderr=self._output)
         self.process = self._process.pid
 
-    # What is there
+    # Windows and controls
 
     @property
     def root(self):
         return eventually(lambda: self._running() and self._desktop.accessibility.program(self.process),
-                          "the program does not show itself on the accessibility bus")
+                          "the program does not appear on the accessibility bus")
 
     @property
     def frame(self):
-        """The settings window on the accessibility bus: one of the program's children, so that no page is searched."""
+        """The settings window on the accessibility bus. It is a child of the program, so no page is searched."""
         def found():
             frames = [child for child in self.root.children
                       if child.role == "frame" and child.name == WINDOW and child.has("showing")]
             return frames if len(frames) == 1 else None
-        return eventually(found, "the window does not show itself on the accessibility bus")[0]
+        return eventually(found, "the window does not appear on the accessibility bus")[0]
 
     @property
     def window(self):
@@ -60,7 +61,7 @@ class Program:
         return any(control.has("showing") for control in self.root.find_all(role, name))
 
     def last_focused(self, name=None):
-        """The control that last reported the focus, or None if it has another name."""
+        """The control that last reported the focus; with a name, None if the control has another one."""
         control = self._desktop.accessibility.last_focused
         return control if name is None or control and control.name == name else None
 
@@ -68,15 +69,15 @@ class Program:
         return self.root.find(role, name)
 
     @property
-    def said(self):
+    def output(self):
         """Everything that the program has written to its standard output and error."""
-        self._said.seek(0)
-        return self._said.read().decode(errors="replace")
+        self._output.seek(0)
+        return self._output.read().decode(errors="replace")
 
-    # What a person does
+    # User input
 
     def ready(self):
-        """Waits until the window has the keyboard and shows its first page."""
+        """Waits until the window shows its sidebar and is active."""
         self.find("list", "Sections")
         eventually(lambda: self.frame.has("active") and self._desktop.windows.active == self.window.identifier,
                    "the window is not active")
@@ -89,15 +90,15 @@ class Program:
         self._desktop.input.type(text)
 
     def middle(self, control):
-        """The pixel in the middle of a control, once that rests somewhere."""
-        x, y, width, height = self._resting_box(control)
+        """The pixel in the middle of a control, once the control has stopped moving."""
+        x, y, width, height = self._settled_box(control)
         return (x + width / 2) * self._scale, (y + height / 2) * self._scale
 
     def reveal(self, control):
-        """Turns the wheel until the control is inside the window."""
+        """Scrolls with the wheel until the control is inside the window."""
         frame_x, frame_y, frame_width, frame_height = self.frame.box
         while True:
-            _, y, width, height = before = self._resting_box(control)
+            _, y, width, height = before = self._settled_box(control)
             below = y + height - (frame_y + frame_height - 8)
             above = frame_y + 24 - y
             if below <= 0 and above <= 0 or height > frame_height:
@@ -110,24 +111,24 @@ class Program:
         return self.click_on(self.find(role, name))
 
     def click_on(self, control):
-        """Clicks a control of the window, which may have to be scrolled to."""
+        """Scrolls to a control of the window if needed, and clicks it."""
         return self.click_here(self.reveal(control))
 
     def click_here(self, control):
-        """Clicks a control where it is, as in a dialog."""
+        """Clicks a control without scrolling, as in a dialog."""
         self._desktop.input.click(*self.middle(control))
         return control
 
     def click_in_popup(self, item):
-        """Clicks an item of the menu or list that has just been opened. Not where the opening click was: the toolkit
-        takes a second click there for a trembling hand."""
-        x, y, width, height = self._resting_box(item)
+        """Clicks an item of the menu or list that has just been opened. Clicks beside the position of the click that
+        opened it: the toolkit ignores a second click there as accidental."""
+        x, y, width, height = self._settled_box(item)
         point = (x + width / 4) * self._scale, (y + height / 2) * self._scale
-        eventually(lambda: self._desktop.windows.popup_at(self.process, *point), f"nothing opens around {item}")
+        eventually(lambda: self._desktop.windows.popup_at(self.process, *point), f"no popup opens around {item}")
         self._desktop.input.click(*point)
 
     def focus(self, role, name=None):
-        """Walks to a control with the Tab key."""
+        """Moves the focus to a control with the Tab key."""
         control = self.find(role, name)
         for _ in range(200):
             if control.has("focused"):
@@ -138,8 +139,8 @@ class Program:
         raise AssertionError(f"Tab never reaches {control}")
 
     def focused(self):
-        """The control that has the keyboard. The toolkit calls a list's current item focused even when the list is
-        not, so items do not count."""
+        """The control that has the keyboard focus. The toolkit reports a list's current item as focused even when the
+        list is not, so list items are skipped."""
         return next((control for control in self.root.walk()
                      if control.has("focused") and control.role != "list item"), None)
 
@@ -157,7 +158,7 @@ class Program:
         self.click_in_popup(self.click("combo box", name).find("list item", entry))
 
     def dialog(self, name):
-        """The dialog of that name, once it has the keyboard."""
+        """The dialog with a name, once it is active."""
         dialog = self.find(("dialog", "alert"), name)
         eventually(lambda: dialog.has("active"), f"{dialog} is not active")
         return dialog
@@ -171,32 +172,32 @@ class Program:
         self.click_in_popup(self.find_in_menu(menu, item, showing=True))
 
     def find_in_menu(self, menu, item, showing=False):
-        """An item of the menu bar, which shows only while its menu is open."""
+        """An item of a menu in the menu bar. It shows only while the menu is open."""
         return self.find("menu bar").find("menu item", menu).find("menu item", item, showing)
 
-    # How it ends
+    # Ending
 
     def signal(self, number=signal.SIGTERM):
         self._process.send_signal(number)
 
-    def ended(self, seconds=SECONDS):
-        """Waits for the end and returns the exit status."""
+    def wait(self, seconds=SECONDS):
+        """Waits until the program has ended, and returns its exit status."""
         eventually(lambda: self._process.poll() is not None, "the program does not end", seconds)
         return self._process.returncode
 
     def kill(self):
         processes.end(self._process)
 
-    def _resting_box(self, control):
-        """The control's box once it has a size and stays where it is."""
+    def _settled_box(self, control):
+        """The control's box once it has a size and no longer changes."""
         seen = [None]
 
-        def rests():
+        def settled():
             box, seen[0] = seen[0], control.box
             return box if box == seen[0] and box[2] > 0 else None
-        return eventually(rests, lambda: f"{control} does not rest: {seen}")
+        return eventually(settled, lambda: f"the box of {control} does not settle; the last one is {seen[0]}")
 
     def _running(self):
         if self._process.poll() is not None:
-            raise AssertionError(f"the program ended with status {self._process.returncode}:\n{self.said}")
+            raise AssertionError(f"the program ended with status {self._process.returncode}:\n{self.output}")
         return True

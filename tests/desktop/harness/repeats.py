@@ -1,4 +1,4 @@
-"""Counts how often a held key has come down, as the X server tells everybody who records its keyboard."""
+"""Counts key presses and repeats, with the X server's record extension."""
 
 import threading
 
@@ -20,7 +20,7 @@ class Presses:
         self._context = self._control.record_create_context(0, [record.AllClients], [range_])
         self._control.sync()
         self._thread = threading.Thread(target=self._connection.record_enable_context,
-                                        args=(self._context, self._take), daemon=True)
+                                        args=(self._context, self._count), daemon=True)
         self._thread.start()
 
     def close(self):
@@ -31,7 +31,7 @@ class Presses:
         self._control.record_free_context(self._context)
         self._control.close()
 
-    def _take(self, reply):
+    def _count(self, reply):
         if reply.category != record.FromServer:
             return
         data = reply.data

@@ -1,4 +1,4 @@
-"""A service of the desktop that a test provides itself, on the session bus."""
+"""Stand-ins for services of the desktop, on the session bus."""
 
 import os
 import threading
@@ -7,9 +7,9 @@ from gi.repository import Gio, GLib
 
 
 class BusService:
-    """Answers under a bus name at one path, from a thread of its own. `called(method, arguments)` is told of each
-    call and may return an answer, `property(name)` answers for the properties. `connection` is
-    the service's own connection to the bus, and `caller` the bus name of the last caller."""
+    """Provides an interface under a bus name at one path, from its own thread. `called(method, arguments)` is called
+    for each call of a method and may return its answer, `property(name)` returns the value of a property. `connection`
+    is the service's own connection to the bus, and `caller` the bus name of the last caller."""
 
     def __init__(self, name, path, interface, called=None, property=None):
         self._name, self._path = name, path
@@ -23,12 +23,12 @@ class BusService:
         if not ready.wait(20):
             raise RuntimeError(f"{name} cannot be provided")
 
-    def tell(self, signal, arguments):
-        """Sends a signal to all who listen."""
+    def emit(self, signal, arguments):
+        """Emits a signal of the interface."""
         self.connection.emit_signal(None, self._path, self._interface.name, signal, arguments)
 
     def close(self):
-        """Gives the name up."""
+        """Disconnects from the bus, which releases the name."""
         self.connection.close_sync()
         self._loop.quit()
         self._thread.join()
@@ -55,7 +55,7 @@ class BusService:
 
 
 class FileManager:
-    """Remembers which items it was asked to show."""
+    """A file manager that records in `shown` the items that it was asked to show."""
 
     _INTERFACE = """<node><interface name="org.freedesktop.FileManager1"><method name="ShowItems">
         <arg type="as" direction="in"/><arg type="s" direction="in"/></method></interface></node>"""

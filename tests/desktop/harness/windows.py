@@ -4,14 +4,14 @@ from Xlib import X, Xutil, display, error, protocol
 
 
 class Windows:
-    """The windows of a screen, that of DISPLAY if not said otherwise."""
+    """The windows on an X server, by default that of DISPLAY."""
 
     def __init__(self, screen=None):
         self._display = display.Display(screen)
         self._root = self._display.screen().root
 
     def of(self, process):
-        """The windows of a process that the window manager has taken over."""
+        """The windows of a process that the window manager manages."""
         return [Window(self._display, window) for window in self._property(self._root, "_NET_CLIENT_LIST")
                 if process in self._property(self._display.create_resource_object("window", window),
                                              "_NET_WM_PID")]
@@ -23,21 +23,22 @@ class Windows:
 
     @property
     def active(self):
-        """The identifier of the window that has the keyboard."""
+        """The identifier of the active window; 0 for none."""
         return next(iter(self._property(self._root, "_NET_ACTIVE_WINDOW")), 0)
 
     def popup_at(self, process, x, y):
-        """Whether a window that the manager does not frame, such as a menu, of that process is at this pixel."""
+        """Whether a popup of the process, such as a menu, is at a pixel: a window that the window manager does not
+        frame."""
         child = self._root.translate_coords(self._root, round(x), round(y)).child
         return bool(child) and process in self._property(child, "_NET_WM_PID")
 
     def popup_box(self, x, y):
-        """x, y, width and height of the window without a frame that is at this pixel."""
+        """x, y, width and height of the popup at a pixel."""
         shape = self._root.translate_coords(self._root, round(x), round(y)).child.get_geometry()
         return shape.x, shape.y, shape.width, shape.height
 
     def pixel(self, x, y):
-        """The colour on the screen there: red, green and blue from 0 to 255."""
+        """The colour of a pixel on the screen: red, green and blue from 0 to 255."""
         image = self._root.get_image(int(x), int(y), 1, 1, X.ZPixmap, 0xffffffff)
         blue, green, red = image.data[:3]
         return red, green, blue
@@ -73,39 +74,39 @@ class Window:
 
     @property
     def minimum(self):
-        """The least width and height that the window asks for."""
+        """The minimum width and height that the window requests."""
         hints = self._window.get_wm_normal_hints()
         return hints.min_width, hints.min_height
 
     @property
     def parent(self):
-        """The identifier of the window that it belongs to; 0 for none."""
+        """The identifier of the window that this one is transient for; 0 for none."""
         return next(iter(_property(self._display, self._window, "WM_TRANSIENT_FOR")), 0)
 
     @property
     def program(self):
-        """The program that the window says it is of, as desktop entries name it."""
+        """The window's class, which desktop entries name as StartupWMClass."""
         return self._window.get_wm_class()[1]
 
     @property
     def variant(self):
-        """Which variant of its theme the frame is asked to be drawn in."""
+        """The theme variant that the window requests for its frame, such as dark."""
         return bytes(_property(self._display, self._window, "_GTK_THEME_VARIANT")).decode()
 
     @property
     def colours(self):
-        """The file of colours that the frame is asked to be drawn in; empty where none is named."""
+        """The colour scheme file that the window requests for its frame; empty for none."""
         return bytes(_property(self._display, self._window, "_KDE_NET_WM_COLOR_SCHEME")).decode()
 
     @property
     def icons(self):
-        """The extents of the pictures that stand for the window in task lists, in pixels."""
-        words, extents = list(_property(self._display, self._window, "_NET_WM_ICON")), []
+        """The sizes of the window's icons, in pixels."""
+        words, sizes = list(_property(self._display, self._window, "_NET_WM_ICON")), []
         while words:
             width, height, *words = words
-            extents.append((width, height))
+            sizes.append((width, height))
             del words[:width * height]
-        return extents
+        return sizes
 
     @property
     def minimised(self):
@@ -117,7 +118,7 @@ class Window:
 
     @property
     def maximised(self):
-        """Whether it fills the screen, as far as the window manager lets it."""
+        """Whether the window is maximised in both directions."""
         states = _property(self._display, self._window, "_NET_WM_STATE")
         return all(state in states for state in self._maximised_states())
 
@@ -128,22 +129,22 @@ class Window:
         self._tell_manager("_NET_ACTIVE_WINDOW", 2, X.CurrentTime)
 
     def close(self):
-        """What the frame's close button does."""
+        """Asks the window manager to close the window, as the frame's close button does."""
         self._tell_manager("_NET_CLOSE_WINDOW", X.CurrentTime, 2)
 
     def move_resize(self, x, y, width, height):
-        """Moves and resizes as a person would with the frame."""
-        everything = 0xF << 8 | 2 << 12 | X.StaticGravity
-        self._tell_manager("_NET_MOVERESIZE_WINDOW", everything, x, y, width, height)
+        """Asks the window manager to move and resize the window, as a user does with its frame."""
+        flags = 0xF << 8 | 2 << 12 | X.StaticGravity
+        self._tell_manager("_NET_MOVERESIZE_WINDOW", flags, x, y, width, height)
 
     def close_button(self):
-        """Where the frame's close button is: at the trailing end of the title bar."""
+        """The pixel in the middle of the frame's close button, at the trailing end of the title bar."""
         x, y, width, _ = self.box
         top = self.frame[2]
         return x + width - top / 2, y - top / 2
 
     def _maximised_states(self):
-        return [self._display.intern_atom(f"_NET_WM_STATE_MAXIMIZED_{way}") for way in ("HORZ", "VERT")]
+        return [self._display.intern_atom(f"_NET_WM_STATE_MAXIMIZED_{direction}") for direction in ("HORZ", "VERT")]
 
     def _tell_manager(self, message, *values):
         data = (list(values) + [0] * 5)[:5]

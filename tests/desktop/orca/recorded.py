@@ -1,4 +1,4 @@
-"""A speech server of Orca's: instead of speaking it writes down what it is asked to say."""
+"""A speech server for Orca that prints texts instead of speaking them."""
 
 from orca import speechserver
 
@@ -8,7 +8,7 @@ def write(kind, text=""):
 
 
 class SpeechServer(speechserver.SpeechServer):
-    """A line for each utterance: what is said, or that speech is stopped."""
+    """Prints a line for each utterance, and for each time that speech is stopped."""
 
     @staticmethod
     def getFactoryName():

@@ -1,8 +1,9 @@
 #!/usr/bin/python3
 """Starts the installed Orca with the preferences of a folder: start.py FOLDER
 
-As its own command does it, but beside an Orca that the same person may be using. It writes what it says to its
-standard output (recorded.py), and answers each line on its standard input with "done" when it has nothing left to do.
+Does the same as Orca's own command, but leaves an Orca that the user may already run alone. Prints what Orca says to
+the standard output (recorded.py), and answers each line on the standard input with "done" once Orca's event queue is
+empty.
 """
 
 import sys
