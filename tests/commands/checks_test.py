@@ -1,5 +1,5 @@
-"""What the checks and the developer presets do where the tools of their version are not here: another version's are
-not taken, and the check says that it was left out. checks_test.py SOURCE"""
+"""The scripts in tools/check with stand-ins for the tools that they run, and the choice of the compiler for the
+developer presets. checks_test.py SOURCE"""
 
 import contextlib
 import json
@@ -17,12 +17,12 @@ COMMANDS = ("bash", "dirname", "env", "git", "grep", "tr", "xargs")
 
 
 @contextlib.contextmanager
-def tools(said, commands=()):
-    """A folder for PATH with the given tools, each of which says what is asked of it for its version."""
+def tools(versions, commands=()):
+    """A folder for PATH with links to commands, and with tools that print the given versions."""
     with tempfile.TemporaryDirectory(prefix="vantle-checks-") as folder:
         for command in commands:
             pathlib.Path(folder, command).symlink_to(shutil.which(command))
-        for name, version in said.items():
+        for name, version in versions.items():
             tool = pathlib.Path(folder, name)
             tool.write_text(f"#!/bin/sh\necho '{version}'\n")
             tool.chmod(0o755)
@@ -35,10 +35,10 @@ def run(*command, path):
 
 
 class PinnedTools(unittest.TestCase):
-    def test_a_check_is_left_out_where_only_another_version_is(self):
+    def test_a_check_is_left_out_if_only_another_version_is_installed(self):
         for check, tool in (("format", "clang-format"), ("lint", "clang-tidy")):
-            for here in ({}, {tool: f"Debian {tool} version 19.1.7"}, {f"{tool}-16": "no version"}):
-                with self.subTest(check=check, here=here), tools(here, COMMANDS) as path:
+            for installed in ({}, {tool: f"Debian {tool} version 19.1.7"}, {f"{tool}-16": "no version"}):
+                with self.subTest(check=check, installed=installed), tools(installed, COMMANDS) as path:
                     done = run(SOURCE / "tools/check" / check, path=path)
                     self.assertEqual((done.returncode, done.stdout), (77, f"left out: {tool} 16 is not here\n"))
 
@@ -57,25 +57,25 @@ class PinnedTools(unittest.TestCase):
 
 
 class FailedTests(unittest.TestCase):
-    """tools/check/tests with a ctest that fails as it is told to, and remembers how it was called."""
+    """tools/check/tests with a ctest in which the given tests fail, and which prints its arguments."""
 
-    def after(self, *failed, again=0):
+    def after(self, *failed, second_status=0):
         lines = "".join(f"\\t {number} - {name} (Failed)\\n" for number, name in enumerate(failed, 1))
         with tools({}, ("bash", "dirname", "mktemp", "tee", "sed", "grep", "wc", "rm")) as path:
             ctest = pathlib.Path(path, "ctest")
-            ctest.write_text(f"#!/bin/sh\necho called: $*\ncase $* in *--rerun-failed) exit {again} ;; esac\n"
+            ctest.write_text(f"#!/bin/sh\necho called: $*\ncase $* in *--rerun-failed) exit {second_status} ;; esac\n"
                              f"printf '{lines}'\nexit {8 if failed else 0}\n")
             ctest.chmod(0o755)
             done = run(SOURCE / "tools/check/tests", "asan", "--parallel", "2", path=path)
         return done.returncode, done.stdout.splitlines()[1 + len(failed):]
 
-    def test_of_the_desktop_have_one_more_attempt_and_are_named(self):
+    def test_of_the_desktop_are_run_once_more_and_named(self):
         attempt = ["Once more, alone: desktop_a, desktop_b", "called: --preset asan --rerun-failed"]
         passed = ["Passed only at the second attempt: desktop_a, desktop_b"]
         self.assertEqual(self.after("desktop_a", "desktop_b"), (0, attempt + passed))
-        self.assertEqual(self.after("desktop_a", "desktop_b", again=8), (8, attempt))
+        self.assertEqual(self.after("desktop_a", "desktop_b", second_status=8), (8, attempt))
 
-    def test_of_other_kinds_and_many_at_once_have_failed(self):
+    def test_of_other_kinds_and_many_at_once_are_not_run_again(self):
         self.assertEqual(self.after(), (0, []))
         for failed in (["model_test"], ["desktop_a", "model_test"], [f"desktop_{name}" for name in "abcd"]):
             with self.subTest(failed=failed):
@@ -83,7 +83,7 @@ class FailedTests(unittest.TestCase):
 
 
 class ChangedSources(unittest.TestCase):
-    def test_are_the_four_of_the_newest_commits_where_nothing_has_changed(self):
+    def test_are_four_of_the_newest_commits_if_nothing_has_changed(self):
         with tools({}, ("awk", "bash", "cat", "mkdir", "sed", "seq", "sort")) as path:
             git = pathlib.Path(path, "git")
             git.write_text("#!/bin/sh\n[ $1 != log ] || seq -f f%.0f.cpp 100000\n")
@@ -95,7 +95,7 @@ class ChangedSources(unittest.TestCase):
 
 
 class Lint(unittest.TestCase):
-    """tools/check/lint in a tree with two changed sources, and a tool that notes which it was called for."""
+    """tools/check/lint in a tree with two changed sources, and a clang-tidy that records for which it was called."""
 
     def linted(self, *arguments):
         with tools({}, ("awk", "bash", "cat", "cc", "date", "dirname", "env", "find", "grep", "mkdir", "python3", "sed",
@@ -128,7 +128,7 @@ class Lint(unittest.TestCase):
                 status, said, called = self.linted(*arguments)
                 self.assertEqual((status, said[-1], sorted(called)), (0, "2 files checked", ["a.cpp", "b.cpp"]))
 
-    def test_leaves_what_has_no_time_to_the_next_run_and_says_so(self):
+    def test_leaves_sources_for_which_there_is_no_time_to_the_next_run_and_says_so(self):
         status, said, called = self.linted("--within", "0")
         self.assertEqual((status, called), (0, []))
         self.assertEqual(said, ["2 of 2 files are left for the next run: tools/check/lint checks them",
@@ -136,8 +136,9 @@ class Lint(unittest.TestCase):
 
 
 class Compiler(unittest.TestCase):
-    def chosen(self, **said):
-        with tools({name.replace("_", "-").replace("clang", "clang++"): text for name, text in said.items()}) as path:
+    def chosen(self, **versions):
+        commands = {name.replace("_", "-").replace("clang", "clang++"): text for name, text in versions.items()}
+        with tools(commands) as path:
             probe = pathlib.Path(path, "probe.cmake")
             probe.write_text(f'include("{SOURCE}/cmake/Clang.cmake")\n'
                              'get_filename_component(name "${CMAKE_CXX_COMPILER}" NAME)\nmessage("chosen: ${name}")\n')
@@ -150,10 +151,10 @@ class Compiler(unittest.TestCase):
         self.assertIn("chosen: clang++\n", self.chosen(
             clang="clang version 21.1.0 (Fedora 21.1.0-1)", clang_16="clang version 16.0.6"))
 
-    def test_is_none_that_is_too_old_or_of_another_numbering(self):
-        for said in ({}, {"clang": "Debian clang version 14.0.6"}, {"clang": "Apple clang version 17.0.0"}):
-            with self.subTest(said=said):
-                self.assertRegex(self.chosen(**said), r"No clang from 16 on is here")
+    def test_is_neither_too_old_nor_apples_clang(self):
+        for versions in ({}, {"clang": "Debian clang version 14.0.6"}, {"clang": "Apple clang version 17.0.0"}):
+            with self.subTest(versions=versions):
+                self.assertRegex(self.chosen(**versions), r"No clang from 16 on is here")
 
 
 if __name__ == "__main__":

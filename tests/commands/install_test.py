@@ -1,9 +1,8 @@
-"""tools/packages: what the lists say of each system, and what the installer does with them. The system's package
-tools are stand-ins that keep to files: `installed`, `offered` by the servers, `known` to the system of these, and
-whether there is a `network`. install_test.py SOURCE"""
+"""The lists in tools/packages, and the installer. The system's package tools are stand-ins whose state is in files: the
+packages that are `installed`, those that the servers have `offered`, those of them that are `known` to the system, and
+`network` if there is one. install_test.py SOURCE"""
 
 import contextlib
-import os
 import pathlib
 import re
 import shutil
@@ -18,8 +17,8 @@ LISTS = ("run", "build", "test")
 COMMANDS = ("awk", "bash", "cat", "cp", "dirname", "env", "fold", "grep", "head", "mkdir", "sed", "tail", "touch",
             "tr")
 
-# What stands for each system's tools. A tool that installs gets verbs and its words for the two failures; every
-# other tool prints what it is asked for.
+# The stand-ins for each system's tools. For a tool that installs: its name, its two verbs and its messages for the two
+# failures. For every other tool: a script that prints the answer.
 INSTALLERS = {
     "debian": ("apt-get", "install", "update", "E: Unable to locate package $name",
                "E: Failed to fetch http://deb.example/pool  Temporary failure resolving 'deb.example'"),
@@ -74,7 +73,7 @@ esac
 
 
 def rows(name):
-    """The cells of a list, one row after the other; the first names the systems."""
+    """The rows of a list, each a list of cells; the first row names the systems."""
     lines = (PACKAGES / f"{name}.txt").read_text().splitlines()
     return [line.split() for line in lines if line.strip() and not line.startswith("#")]
 
@@ -83,8 +82,8 @@ def packages(cell):
     return [name for name in re.split(r"[,|]", cell) if name not in ("", "-")]
 
 
-def asked(system):
-    """What a system is to have for all lists, where it offers every alternative."""
+def required(system):
+    """The packages of all lists for a system that offers every alternative."""
     names = []
     for name in LISTS:
         header, *cells = rows(name)
@@ -95,7 +94,7 @@ def asked(system):
 
 
 class Machine:
-    """A folder with the installer and, as the only commands, the stand-ins of one system and what a shell has."""
+    """A folder with the installer and, as the only commands, the stand-ins of one system and the usual tools."""
 
     def __init__(self, folder, system, user=0):
         self.folder = folder
@@ -115,7 +114,7 @@ class Machine:
             unknown = unknown.replace('"', r'\"')
             self.write(tool, INSTALLER.format(tool=tool, install=install, refresh=refresh, unknown=unknown,
                                               unreachable=unreachable))
-            self.set("offered", asked(system))
+            self.set("offered", required(system))
         self.set("installed", [])
         self.set("known", [])
         self.set("calls", [])
@@ -168,7 +167,7 @@ class Lists(unittest.TestCase):
                     with self.subTest(package=package):
                         self.assertNotRegex(package, r"^lib.*\d(t64)?$|^libqt6")
 
-    def test_alternatives_are_only_where_the_release_is_asked(self):
+    def test_only_systems_that_list_their_offers_have_alternatives(self):
         for name in LISTS:
             header, *cells = rows(name)
             for system in ("fedora", "arch", "opensuse"):
@@ -176,12 +175,12 @@ class Lists(unittest.TestCase):
 
 
 class EverySystem(unittest.TestCase):
-    def test_installs_what_the_lists_ask_for_and_then_nothing(self):
+    def test_installs_the_packages_of_the_lists_and_then_nothing(self):
         for system in INSTALLERS:
             with self.subTest(system=system), machine(system) as here:
                 done = here.install()
                 self.assertEqual((done.returncode, done.stderr), (0, ""))
-                self.assertEqual(sorted(here.get("installed")), sorted(asked(system)))
+                self.assertEqual(sorted(here.get("installed")), sorted(required(system)))
                 here.set("calls", [])
                 self.assertEqual(here.install().stdout, "")
                 self.assertEqual(here.get("calls"), [])
@@ -190,24 +189,24 @@ class EverySystem(unittest.TestCase):
         for system in INSTALLERS:
             with self.subTest(system=system), machine(system) as here:
                 here.set("known", here.get("offered"))
-                here.set("installed", asked(system)[1:])
+                here.set("installed", required(system)[1:])
                 self.assertEqual(here.install().returncode, 0)
                 (call,) = here.get("calls")
-                self.assertEqual(call.split()[-1], asked(system)[0])
-                self.assertNotIn(f" {asked(system)[1]}", call)
+                self.assertEqual(call.split()[-1], required(system)[0])
+                self.assertNotIn(f" {required(system)[1]}", call)
 
-    def fails_saying(self, here, sentence):
+    def expect_failure(self, here, sentence):
         done = here.install()
         self.assertEqual(done.returncode, 1, done.stdout + done.stderr)
         self.assertRegex(done.stderr.splitlines()[0], sentence)
         self.assertFalse(list(here.folder.glob("build/.packages-*")))
         return done
 
-    def test_without_a_network_it_says_so(self):
+    def test_a_missing_network_is_reported(self):
         for system in INSTALLERS:
             with self.subTest(system=system), machine(system) as here:
                 (here.state / "network").unlink()
-                self.fails_saying(here, r"^The package servers cannot be reached: .*\.$")
+                self.expect_failure(here, r"^The package servers cannot be reached: .*\.$")
 
     def test_apt_gives_up_at_the_first_failure_and_a_silent_server_soon(self):
         with machine("debian") as here:
@@ -221,24 +220,24 @@ class EverySystem(unittest.TestCase):
     def test_a_package_that_the_servers_do_not_have_is_named(self):
         for system in INSTALLERS:
             with self.subTest(system=system), machine(system) as here:
-                missing = asked(system)[2]
+                missing = required(system)[2]
                 here.set("offered", [name for name in here.get("offered") if name != missing])
-                self.fails_saying(here, rf"^The package sources of this system have no '{re.escape(missing)}': .*\.$")
+                self.expect_failure(here, rf"^The package sources of this system have no '{re.escape(missing)}': .*\.$")
 
-    def test_what_else_the_tool_says_is_shown(self):
+    def test_other_messages_of_the_tool_are_shown(self):
         for system in INSTALLERS:
             with self.subTest(system=system), machine(system) as here:
                 here.command(INSTALLERS[system][0], 'case "$1" in -Qq | list | formulae | --cellar) exit 0 ;; esac\n'
                                                     "echo The disk is full; exit 7")
-                done = self.fails_saying(here, "^The disk is full$")
+                done = self.expect_failure(here, "^The disk is full$")
                 self.assertIn("The packages could not be installed", done.stderr)
 
-    def test_without_root_and_without_sudo_it_says_what_to_do_and_tries_nothing(self):
+    def test_without_root_and_sudo_it_prints_what_to_do_and_tries_nothing(self):
         for system in set(INSTALLERS) - {"homebrew"}:
             with self.subTest(system=system), machine(system, user=1000) as here:
                 here.set("known", here.get("offered"))
-                done = self.fails_saying(here, "^Installing packages needs root: run this as root, install sudo")
-                for name in asked(system):
+                done = self.expect_failure(here, "^Installing packages needs root: run this as root, install sudo")
+                for name in required(system):
                     self.assertIn(f" {name}", done.stderr)
                 self.assertEqual(here.get("calls"), [])
 
@@ -247,35 +246,36 @@ class EverySystem(unittest.TestCase):
             with self.subTest(system=system), machine(system, user=1000) as here:
                 here.command("sudo", '[ "$1" = -- ] && shift; echo sudo >>"$STATE/sudo"; exec "$@"')
                 self.assertEqual(here.install().returncode, 0)
-                self.assertEqual(sorted(here.get("installed")), sorted(asked(system)))
+                self.assertEqual(sorted(here.get("installed")), sorted(required(system)))
                 self.assertIn("sudo", here.get("sudo"))
 
     def test_a_sudo_that_refuses_is_quoted(self):
         for system in set(INSTALLERS) - {"homebrew"}:
             with self.subTest(system=system), machine(system, user=1000) as here:
                 here.command("sudo", "echo 'sudo: a password is required' >&2; exit 1")
-                self.fails_saying(here, r"^Installing packages needs root, and sudo refused: a password is required\.$")
+                self.expect_failure(here,
+                                    r"^Installing packages needs root, and sudo refused: a password is required\.$")
 
 
 class Alternatives(unittest.TestCase):
-    def test_the_first_that_the_release_has_is_taken(self):
+    def test_the_first_one_that_the_release_offers_is_installed(self):
         with machine("debian") as here:
             offered = [name.removesuffix("-16") for name in here.get("offered") if "-rt-" not in name]
             here.set("offered", offered + ["libclang-rt-dev"])
             self.assertEqual(here.install().returncode, 0)
             self.assertLessEqual({"clang", "lld", "llvm", "libclang-rt-dev"}, set(here.get("installed")))
 
-    def test_an_older_one_that_is_installed_does_not_do(self):
+    def test_a_later_one_that_is_installed_does_not_suffice(self):
         with machine("debian") as here:
             here.set("known", here.get("offered") + ["clang"])
             here.set("installed", ["clang"])
             self.assertEqual(here.install().returncode, 0)
             self.assertIn("clang-16", here.get("installed"))
 
-    def test_what_may_be_left_out_is_left_out_where_there_is_none(self):
+    def test_an_optional_package_is_left_out_if_it_is_not_offered(self):
         with machine("debian") as here:
-            none = ("clang-format-16", "clang-tidy-16")
-            here.set("offered", [name for name in here.get("offered") if name not in none])
+            optional = ("clang-format-16", "clang-tidy-16")
+            here.set("offered", [name for name in here.get("offered") if name not in optional])
             self.assertEqual(here.install().returncode, 0)
             self.assertNotIn("clang-format-16", here.get("installed"))
             self.assertIn("clang-16", here.get("installed"))
@@ -295,7 +295,7 @@ class Alternatives(unittest.TestCase):
 
 
 class UnknownSystem(unittest.TestCase):
-    def test_lists_what_is_taken_to_be_installed(self):
+    def test_prints_the_packages_that_it_takes_to_be_installed(self):
         with machine(None) as here:
             done = here.install("run")
             self.assertEqual(done.returncode, 0)

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes the corpus of JSON files beside this script; its files are committed, so this runs only to change them.
 
-A name begins with the verdict, accept or reject. Files with "whole" after it mean something only as whole
-files; the others also keep their verdict as the value of a member of an object.
+A name begins with the verdict, accept or reject. The verdict of files with "whole" after it is
+valid only for the whole file; that of the others also for their contents as the value of a member of an object.
 """
 
 import pathlib
@@ -176,7 +176,7 @@ for name, text in {
 reject("utf8-outside-texts", b"[1,\xff]")
 reject("utf8-after-the-end", b"[] \xc3")
 
-# A record of each kind as people and programs write them, and one of them cut after each of its bytes.
+# A file of each kind as people and programs write it, and one text that is cut after each of its bytes but the last.
 for name, content in {
     "typeface": "{\n  \"name\" : \"system\"\n}", "updates": "{\"automatic\": false, \"manifest_url\": \"https:\\/\\/example.com\\/m.json\"}",
     "registry": "[{\"cwd\":\"\\/a\",\"id\":\"1\",\"n\":1.5e3},{\"cwd\":\"~\\/b\"}]", "patterns": "{\"\\/a\":[\"x\\/*\",\"y\"],\"\\/b\":[]}",

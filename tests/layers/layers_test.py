@@ -15,7 +15,7 @@ HEADLESS_PLATFORM = {"Platform/Files", "Platform/Agent", "Platform/Keyboard"}
 
 
 def picture():
-    """The layer of each name in the picture: folders end in a slash, Main is the one file."""
+    """The layer of each name in the picture: folders end in a slash, and Main is the only file."""
     drawing = (ROOT / "docs/architecture.md").read_text().split("```")[1]
     layers, layer = {}, None
     for line in drawing.splitlines():
@@ -31,7 +31,7 @@ def sources():
 
 
 def folder(source):
-    """The folder of a source; what lies in its detail/ belongs to it."""
+    """The folder of a source; sources in its detail/ belong to it."""
     return source.rpartition("/")[0].removesuffix("/detail")
 
 

@@ -1,5 +1,5 @@
-"""The package on a system that has nothing else: it installs with what it asks for, the program's window comes
-up, and removing it leaves nothing behind. Wants root, debootstrap and a package source."""
+"""The Debian package on a minimal system: it installs with its dependencies, the program shows its window, and purging
+the package leaves nothing behind. Needs root, debootstrap and a package source."""
 
 import os
 import pathlib
@@ -13,14 +13,14 @@ from Xlib import X, display
 from trees import BUILD, SOURCE, run, temporary_folder
 
 UNSHARED = SOURCE / "tests" / "support" / "unshared"
-NOT_OURS = ("proc", "sys", "dev", "tmp", "var/cache", "var/lib/apt", "var/log")
+IGNORED = ("proc", "sys", "dev", "tmp", "var/cache", "var/lib/apt", "var/log")
 
 
 def package_sources():
-    """The lines by which this system gets its packages."""
-    said = run("apt-get", "indextargets", "--format", "deb $(SITE) $(RELEASE) $(COMPONENT)",
+    """The package sources of this system, as lines of a sources.list."""
+    targets = run("apt-get", "indextargets", "--format", "deb $(SITE) $(RELEASE) $(COMPONENT)",
                "Created-By: Packages")
-    return list(dict.fromkeys(said.splitlines()))
+    return list(dict.fromkeys(targets.splitlines()))
 
 
 def traces(root):
@@ -28,7 +28,7 @@ def traces(root):
     found = set()
     for folder, folders, files in os.walk(root):
         relative = pathlib.Path(folder).relative_to(root)
-        folders[:] = [name for name in folders if str(relative / name) not in NOT_OURS]
+        folders[:] = [name for name in folders if str(relative / name) not in IGNORED]
         found |= {str(relative / name) for name in folders + files if "vantle" in name.lower()}
     return found
 
@@ -48,15 +48,15 @@ class Chroot:
 
 
 class Screen:
-    """An X server without a screen, whose windows' titles can be waited for."""
+    """An X server without a screen, on which a window can be waited for."""
 
     def __enter__(self):
         reader, writer = os.pipe()
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x900x24",
                                         "-nolisten", "tcp"], pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
-        with os.fdopen(reader) as said:
-            self.name = f":{said.readline().strip()}"
+        with os.fdopen(reader) as number:
+            self.name = f":{number.readline().strip()}"
         return self
 
     def __exit__(self, *_):
@@ -75,7 +75,7 @@ class Screen:
 
 
 class BareDebian(unittest.TestCase):
-    def test_installs_starts_and_leaves_without_a_trace(self):
+    def test_installs_starts_and_leaves_nothing_behind_when_purged(self):
         with temporary_folder() as folder, Screen() as screen:
             run("cpack", "--config", BUILD / "CPackConfig.cmake", "-G", "DEB", "-B", folder)
             (package,) = folder.glob("*.deb")
@@ -92,7 +92,7 @@ class BareDebian(unittest.TestCase):
             chroot.run("apt-get", "install", "-y", "-q", "--no-install-recommends", "/tmp/package.deb")
             self.assertIn("usr/bin/vantle-settings", traces(root))
 
-            # What every login gives its programs.
+            # Folders that a login session provides.
             (root / "tmp/home").mkdir()
             (root / "tmp/runtime").mkdir(mode=0o700)
             entry = (root / "usr/share/applications/com.vantle.settings.desktop").read_text()

@@ -1,4 +1,4 @@
-"""The Debian package: what it holds, what it asks for, and that it runs nothing of its own when installed."""
+"""The Debian package: its contents, its dependencies, and that it has no scripts."""
 
 import re
 import unittest
@@ -10,7 +10,7 @@ class DebianPackage(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         folder = cls.enterClassContext(temporary_folder())
-        # As a user makes it whose own group may write what is new, which some systems set up for everybody.
+        # With a umask that lets the group write to new files, which is the default of some systems.
         run("cpack", "--config", BUILD / "CPackConfig.cmake", "-G", "DEB", "-B", folder, umask=0o002)
         (cls.package,) = folder.glob("*.deb")
         cls.folder = folder
@@ -18,11 +18,11 @@ class DebianPackage(unittest.TestCase):
     def field(self, name):
         return run("dpkg-deb", "--field", self.package, name).strip()
 
-    def test_its_file_name_says_name_version_and_machine(self):
-        machine = run("dpkg", "--print-architecture").strip()
-        self.assertEqual(self.package.name, f"vantle-settings_{self.field('Version')}_{machine}.deb")
+    def test_its_file_name_has_name_version_and_architecture(self):
+        architecture = run("dpkg", "--print-architecture").strip()
+        self.assertEqual(self.package.name, f"vantle-settings_{self.field('Version')}_{architecture}.deb")
 
-    def test_it_asks_for_what_is_linked_and_for_what_only_a_run_shows(self):
+    def test_it_depends_on_linked_libraries_and_on_packages_needed_at_run_time(self):
         depends = self.field("Depends")
         for package in ("libc6", r"libqt6core6\w*", r"libqt6widgets6\w*", r"libqt6svg6\w*", r"libqt6dbus6\w*",
                         "qt6-wayland", "fontconfig"):
@@ -30,17 +30,17 @@ class DebianPackage(unittest.TestCase):
         self.assertIn("fonts-dejavu-core | ", depends)
         self.assertNotIn("-dev", depends)
 
-    def test_it_names_no_address_that_nobody_reads(self):
+    def test_its_maintainer_has_no_placeholder_address(self):
         self.assertRegex(self.field("Maintainer"), r"^[^<]+( <[^@<>]+@[^@<>]+>)?$")
         self.assertNotRegex(self.field("Maintainer"), r"\.(invalid|example|test|local)>|@example\.")
 
-    def test_it_says_under_which_licence_it_is(self):
+    def test_it_contains_the_licence(self):
         run("dpkg-deb", "--extract", self.package, self.folder / "licence")
-        said = (self.folder / "licence/usr/share/doc/vantle-settings/copyright").read_text()
+        text = (self.folder / "licence/usr/share/doc/vantle-settings/copyright").read_text()
         for line in (SOURCE / "LICENSE").read_text().split():
-            self.assertIn(line, said)
+            self.assertIn(line, text)
 
-    def test_it_holds_what_an_installation_holds_below_usr(self):
+    def test_it_contains_the_files_of_an_installation_below_usr(self):
         run("cmake", "--install", BUILD, "--prefix", self.folder / "installed/usr")
         run("dpkg-deb", "--extract", self.package, self.folder / "extracted")
         self.assertEqual(files_below(self.folder / "extracted"), files_below(self.folder / "installed"))

@@ -17,7 +17,7 @@ def picture_size(path):
 
 
 def check_metainfo(*arguments):
-    """Runs the checker, which from version 1.0 on warns of an entry without a homepage: the program has none to name."""
+    """Runs the checker. From version 1.0 on it warns of a missing homepage, which the program does not have."""
     version = re.search(r"(\d+)\.", run("appstreamcli", "--version"))
     no_homepage = ["--override=url-homepage-missing=info"] if int(version[1]) >= 1 else []
     run("appstreamcli", *arguments[:1], "--no-net", *no_homepage, *arguments[1:])
@@ -30,7 +30,7 @@ class Installation(unittest.TestCase):
         run("cmake", "--install", BUILD, "--prefix", cls.prefix)
         cls.share = cls.prefix / "share"
 
-    def test_holds_exactly_the_documented_files(self):
+    def test_contains_exactly_the_documented_files(self):
         expected = {
             "bin/vantle-settings",
             "share/applications/com.vantle.settings.desktop",
@@ -52,7 +52,7 @@ class Installation(unittest.TestCase):
         entry = self.share / "applications/com.vantle.settings.desktop"
         known = self.prefix / "checked" / entry.name
         known.parent.mkdir()
-        # Debian 12's checker is older than this key of the standard.
+        # The checker of Debian 12 does not know this key yet.
         known.write_text(entry.read_text().replace("SingleMainWindow=true\n", ""))
         try:
             self.assertEqual(run("desktop-file-validate", known), "")
@@ -78,7 +78,7 @@ class Installation(unittest.TestCase):
         self.assertEqual(run("mandoc", "-T", "lint", "-W", "style", page), "")
         self.assertIn("VANTLE-SETTINGS", run("mandoc", "-T", "utf8", page))
 
-    def test_the_agents_unit_is_described_as_the_service_manager_takes_it(self):
+    def test_the_service_manager_accepts_the_unit_that_the_documents_describe(self):
         readme = (SOURCE / "README.md").read_text()
         (unit,) = re.findall(r"^```\n(\[Unit\]\n.*?)^```$", readme, re.MULTILINE | re.DOTALL)
         page = (self.share / "man/man1/vantle-settings.1").read_text()
@@ -97,7 +97,7 @@ class Installation(unittest.TestCase):
                 self.assertEqual(picture_size(picture), (size, size))
                 self.assertGreater(picture.stat().st_size, 20 * size)
 
-    def test_the_version_is_the_one_people_see(self):
+    def test_the_version_has_three_numbers(self):
         self.assertRegex((self.share / "vantle-settings/version").read_text(), r"\A\d+\.\d+\.\d+\n\Z")
 
     def test_the_program_looks_for_no_library_outside_the_system(self):

@@ -12,11 +12,11 @@ SCRIPTS = SOURCE / "packaging/macos"
 MACH_O = bytes.fromhex("cffaedfe")
 UNIVERSAL = bytes.fromhex("cafebabe")
 
-# Prints the load command of a version, which the stand-in for a binary holds behind its first four bytes.
+# Prints the load commands, which a stand-in for a binary contains after its first four bytes.
 OTOOL = """#!/bin/sh
 tail -c +5 "$2"
 """
-# Keeps a record of its calls.
+# Records its calls, and fails in the one that FAILING names.
 RECORDING = """#!/bin/sh
 printf '%s' "${0##*/}" >>"$RECORD"
 printf ' [%s]' "$@" >>"$RECORD"

@@ -1,5 +1,5 @@
-"""The project configured for macOS on a machine that is none: nothing that only a Mac has is run, and what
-would be compiled there answers, file by file, to what is compiled here."""
+"""The project configured for macOS on another system: no tool that only a Mac has is run, and the sources for macOS
+correspond, file by file, to those that are compiled here."""
 
 import collections
 import json
@@ -63,17 +63,17 @@ class MacConfigure(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.build = cls.enterClassContext(temporary_folder())
-        cls.said = run("cmake", "-S", SOURCE, "-B", cls.build, "-G", "Ninja", "-DVANTLE_TESTS=ON",
+        cls.output = run("cmake", "-S", SOURCE, "-B", cls.build, "-G", "Ninja", "-DVANTLE_TESTS=ON",
                        "-DVANTLE_BENCHMARKS=ON", "-DVANTLE_PRECOMPILED_HEADERS=ON", "-DCMAKE_BUILD_TYPE=Release",
                        f"-DCMAKE_TOOLCHAIN_FILE={SOURCE}/tests/packaging/darwin/toolchain.cmake")
         cls.on_mac = compiled_sources(cls.build)
         cls.here = compiled_sources(BUILD)
 
-    def test_configures_without_a_complaint(self):
-        self.assertNotRegex(self.said, r"CMake (Warning|Error)")
+    def test_configures_without_a_warning(self):
+        self.assertNotRegex(self.output, r"CMake (Warning|Error)")
 
     def is_only_for_linux(self, file):
-        """Whether a source is compiled on Linux alone, or a header's source is."""
+        """Whether a source, or the source of a header, is compiled on Linux alone."""
         source = file.removesuffix(".h") + ".cpp" if file.endswith(".h") else file
         return source in self.here - self.on_mac and file.removesuffix(".h") + ".mm" not in self.on_mac
 
@@ -85,7 +85,7 @@ class MacConfigure(unittest.TestCase):
             linux = bool({f"{ours}.cpp", f"{ours}Linux.cpp"} & (self.here - self.on_mac))
             mac = f"{ours}.mm" in self.on_mac
             with self.subTest(header=header.name):
-                if linux and not mac:  # then it is a piece of something that only Linux has
+                if linux and not mac:  # then only sources for Linux may include it
                     users = includes[f"{ours}.h"] - {f"{ours}.cpp"}
                     self.assertTrue(users)
                     self.assertEqual([user for user in users if not self.is_only_for_linux(user)], [])
@@ -100,7 +100,8 @@ class MacConfigure(unittest.TestCase):
         self.assertEqual(sources - self.here - self.on_mac, set())
 
     def test_nothing_built_on_a_mac_uses_what_only_linux_has(self):
-        """Tools, tests, benchmarks and fuzzers too: a header there is of no use without its source."""
+        """This includes tools, tests, benchmarks and fuzzers, which could include such a header but not link its
+        source."""
         folders, known, checked = folders_searched(self.build), {}, collections.Counter()
         for source in sorted(self.on_mac):
             checked[source.split("/")[0]] += 1
@@ -129,7 +130,7 @@ class MacConfigure(unittest.TestCase):
         self.assertTrue(left_out)
         self.assertEqual(left_out - cases, set())
 
-    def test_the_bundle_says_who_it_is(self):
+    def test_the_bundle_has_its_names_and_versions(self):
         plist = self.build / "bin/Vantle Settings.app/Contents/Info.plist"
         said = plistlib.loads(plist.read_bytes())
         version = (BUILD / "packaging/version").read_text().strip()
@@ -148,7 +149,7 @@ class MacConfigure(unittest.TestCase):
         }
         self.assertEqual({key: said.get(key) for key in expected}, expected)
 
-    def test_the_bundle_says_what_it_reads_in_the_folders_that_the_system_guards(self):
+    def test_the_bundle_says_why_it_reads_the_folders_that_the_system_protects(self):
         said = plistlib.loads((self.build / "bin/Vantle Settings.app/Contents/Info.plist").read_bytes())
         for folder in ("Desktop", "Documents", "Downloads"):
             self.assertIn("planning projects", said[f"NS{folder}FolderUsageDescription"])

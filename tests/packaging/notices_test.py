@@ -1,11 +1,11 @@
-"""THIRD-PARTY.md against what is shipped and linked: nothing that others have written goes unnamed."""
+"""THIRD-PARTY.md lists every file and every library of others that is shipped or linked."""
 
 import fnmatch
 import re
 import subprocess
 import unittest
 
-from trees import BUILD, SOURCE, files_below, run, temporary_folder
+from trees import BUILD, SOURCE, run, temporary_folder
 
 # Libraries of the compiler and of the C library, and those that sanitizers and the toolkit's libraries need.
 OF_THE_SYSTEM = re.compile(r"(ld-linux.*|lib(c|m|dl|rt|pthread|resolv|gcc_s|stdc\+\+|GLX|OpenGL|GL|EGL))$")
@@ -30,8 +30,8 @@ class Notices(unittest.TestCase):
             self.assertTrue(is_listed(name), name)
 
     def test_every_linked_library_is_listed(self):
-        said = run("readelf", "--dynamic", BUILD / "bin/vantle-settings")
-        libraries = re.findall(r"\(NEEDED\).*\[(.+?)\.so", said)
+        dynamic = run("readelf", "--dynamic", BUILD / "bin/vantle-settings")
+        libraries = re.findall(r"\(NEEDED\).*\[(.+?)\.so", dynamic)
         self.assertIn("libQt6Widgets", libraries)
         for name in libraries:
             with self.subTest(library=name):

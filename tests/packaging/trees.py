@@ -1,4 +1,4 @@
-"""The trees a packaging test looks at, and the commands it runs on them."""
+"""The source and build trees of the packaging tests, and functions to run commands on them."""
 
 import contextlib
 import os
@@ -11,7 +11,7 @@ BUILD = pathlib.Path(os.environ["VANTLE_BUILD"])
 
 
 def run(*command, **options):
-    """Runs a command and returns what it said on both streams; a failure shows that in the test's report."""
+    """Runs a command and returns its output on both streams. Raises an error with that output if the command fails."""
     done = subprocess.run([str(word) for word in command], text=True, stdin=subprocess.DEVNULL,
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **options)
     if done.returncode != 0:

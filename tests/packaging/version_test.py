@@ -1,4 +1,4 @@
-"""The version and the day of the release: the same wherever the tree says them, and held against a tag."""
+"""The version and the date of the release: the same in all files, and compared with a tag."""
 
 import re
 import shutil
@@ -50,16 +50,16 @@ class Release(unittest.TestCase):
             (folder / "CHANGELOG.md").write_text(f"# Changelog\n\n## {newest}\n\n## 0.1.0 (2020-01-01)\n")
             return subprocess.run([folder / "tools/check/release", tag], text=True, capture_output=True)
 
-    def test_a_tag_of_the_version_with_a_dated_changelog_is_ready(self):
+    def test_a_tag_of_the_version_with_a_dated_changelog_is_accepted(self):
         done = self.check(f"v{VERSION}", f"{VERSION} ({DATE})")
         self.assertEqual((done.returncode, done.stdout), (0, ""))
 
-    def test_another_tag_is_not(self):
+    def test_another_tag_is_refused(self):
         done = self.check("v99.0.0", f"{VERSION} ({DATE})")
         self.assertEqual((done.returncode, done.stdout),
                          (1, f"The tag is v99.0.0, but CMakeLists.txt says {VERSION}.\n"))
 
-    def test_an_unreleased_or_another_days_changelog_is_not(self):
+    def test_a_changelog_without_a_date_or_with_another_date_or_version_is_refused(self):
         for newest in (f"{VERSION} (unreleased)", f"{VERSION} (2020-01-01)", f"99.0.0 ({DATE})"):
             with self.subTest(newest=newest):
                 done = self.check(f"v{VERSION}", newest)

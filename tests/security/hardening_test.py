@@ -1,5 +1,5 @@
-"""The built release against memory errors: what its compiler and linker were asked for is in it. hardening_test.py
-PROGRAM COMPILE_COMMANDS"""
+"""The release has the protections against memory errors that compiler and linker were asked for.
+hardening_test.py PROGRAM COMPILE_COMMANDS"""
 
 import json
 import platform
@@ -14,34 +14,34 @@ X86 = platform.machine() == "x86_64"
 LANDINGS = {"endbr64"} if X86 else {"bti", "paciasp"}
 
 
-def said(*command):
+def output_of(*command):
     return subprocess.run(command, text=True, check=True, stdout=subprocess.PIPE).stdout
 
 
 class Program(unittest.TestCase):
     def test_is_loaded_at_a_random_address(self):
-        self.assertRegex(said("readelf", "--file-header", PROGRAM), r"Type:\s+DYN")
-        self.assertRegex(said("readelf", "--dynamic", PROGRAM), r"FLAGS_1\).*\bPIE\b")
+        self.assertRegex(output_of("readelf", "--file-header", PROGRAM), r"Type:\s+DYN")
+        self.assertRegex(output_of("readelf", "--dynamic", PROGRAM), r"FLAGS_1\).*\bPIE\b")
 
-    def test_has_read_only_jump_tables_from_the_start(self):
-        self.assertIn("GNU_RELRO", said("readelf", "--program-headers", PROGRAM))
-        self.assertRegex(said("readelf", "--dynamic", PROGRAM), r"FLAGS_1\).*\bNOW\b")
+    def test_has_read_only_relocations_from_the_start(self):
+        self.assertIn("GNU_RELRO", output_of("readelf", "--program-headers", PROGRAM))
+        self.assertRegex(output_of("readelf", "--dynamic", PROGRAM), r"FLAGS_1\).*\bNOW\b")
 
     def test_has_no_memory_that_is_writable_and_executable(self):
-        headers = said("readelf", "--program-headers", "--wide", PROGRAM)
+        headers = output_of("readelf", "--program-headers", "--wide", PROGRAM)
         self.assertRegex(headers, r"GNU_STACK .* RW +0x")
         self.assertNotRegex(headers, r" RWE ")
-        self.assertNotIn("TEXTREL", said("readelf", "--dynamic", PROGRAM))
+        self.assertNotIn("TEXTREL", output_of("readelf", "--dynamic", PROGRAM))
 
     def test_checks_its_stack_and_its_library_calls(self):
-        imported = said("nm", "--dynamic", "--undefined-only", PROGRAM)
+        imported = output_of("nm", "--dynamic", "--undefined-only", PROGRAM)
         self.assertIn(" __stack_chk_fail@", imported)
         self.assertRegex(imported, r" __(?!stack)\w+_chk@")
 
-    def test_every_function_that_can_be_jumped_to_says_so(self):
+    def test_every_exported_function_starts_with_a_landing_instruction(self):
         first = dict(re.findall(r"^[0-9a-f]+ <([^>]+)>:\n +[0-9a-f]+:\s+(\S+)",
-                                said("objdump", "--disassemble", "--no-show-raw-insn", PROGRAM), re.MULTILINE))
-        symbols = [line.split() for line in said("nm", "--defined-only", "--extern-only", PROGRAM).splitlines()]
+                                output_of("objdump", "--disassemble", "--no-show-raw-insn", PROGRAM), re.MULTILINE))
+        symbols = [line.split() for line in output_of("nm", "--defined-only", "--extern-only", PROGRAM).splitlines()]
         functions = {name for _, kind, name in symbols if kind in "TW"} & first.keys()
         self.assertIn("main", functions)
         unmarked = {name for name in functions if first[name] not in LANDINGS}

@@ -1,4 +1,4 @@
-"""SECURITY.md against the tree: no point without a test, no test that is not there. promises_test.py SOURCE"""
+"""Every point of SECURITY.md names its tests, and these exist. promises_test.py SOURCE"""
 
 import pathlib
 import re

@@ -1,20 +1,20 @@
-"""What a program asks of the system, call by call, from its first instruction on."""
+"""The system calls of a program from its start to its end."""
 
 import re
 
-# -D: the program keeps its own process, and the tracer watches from another. -f: and all that it starts.
+# -D runs the program in the started process, and the tracer in another one. -f traces child processes too.
 _TRACER = ("strace", "-D", "-f", "--seccomp-bpf", "-qq", "-s", "4096", "-y", "-e")
 
 
 class Trace:
-    """Calls of these names, written to a file as they happen. `tool` is what to start the program with."""
+    """Writes the calls with these names to a file as they happen. `tool` is the command to start the program with."""
 
     def __init__(self, file, calls):
         self._file = file
         self.tool = (*_TRACER, f"trace={calls}", "-o", str(file))
 
     def calls(self, *names):
-        """Every call of one of these names as its whole line, joined where another thread came between."""
+        """The calls of one of these names, each as one line, also if calls of other threads interrupted it."""
         begun = {}
         found = []
         for line in self._file.read_text(errors="replace").splitlines():

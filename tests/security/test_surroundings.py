@@ -1,4 +1,4 @@
-"""What the running program does to its surroundings, watched call by call while everything in it is changed."""
+"""The system calls of the running program while every setting is changed: files, connections and processes."""
 
 import os
 import pathlib
@@ -16,14 +16,14 @@ MASK = 0o027
 OPENING = ("open", "openat", "openat2", "creat")
 MOVING = ("rename", "renameat", "renameat2", "link", "linkat", "symlink", "symlinkat")
 AGENT = re.compile(r'connect\(.*\{sa_family=AF_INET, sin_port=htons\(18484\), sin_addr=inet_addr\("127\.0\.0\.1"\)\}')
-# Excepts a name with which the toolkit looks for a resource that does not exist.
+# A call with a relative path, except the name with which the toolkit looks for a resource that does not exist.
 RELATIVE = re.compile(r'\w+\((AT_FDCWD(<[^>]*>)?, )?"(?!/|:/non-existent")[^"]+"')
 
 
 class Surroundings(DesktopCase):
-    def test_a_tour_through_everything_touches_only_what_it_may(self):
+    def test_a_tour_through_the_program_uses_only_the_documented_files_and_port(self):
         tour.prepare(self)
-        given = tour.files_left(self.home)
+        before = tour.files_left(self.home)
         trap = self.set_trap()
         trace = Trace(self.home.parent / f"{self.home.name}.trace", "%network,%file,execve,execveat")
         mask = os.umask(MASK)
@@ -35,22 +35,22 @@ class Surroundings(DesktopCase):
         tour.take(self, program)
 
         with self.subTest("only the agent's port on this machine is contacted"):
-            abroad = [call for call in trace.calls(r"\w+") if "sa_family=AF_INET" in call]
-            self.assertTrue(abroad)
-            self.assertEqual([call for call in abroad if not AGENT.match(call)], [])
+            connections = [call for call in trace.calls(r"\w+") if "sa_family=AF_INET" in call]
+            self.assertTrue(connections)
+            self.assertEqual([call for call in connections if not AGENT.match(call)], [])
         with self.subTest("nobody can contact the program"):
             self.assertEqual(trace.calls("listen", "accept", "accept4"), [])
         with self.subTest("no other program is started, least of all a shell"):
             self.assertEqual(len(trace.calls("execve", "execveat")), 1)
-        with self.subTest("nothing is looked for where the program was started"):
+        with self.subTest("nothing is looked for in the working directory"):
             calls = [re.sub(r"AT_FDCWD<[^>]*>", "AT_FDCWD", call) for call in trace.calls(r"(?!getcwd)\w+")]
             self.assertTrue(any("libQt6Core.so.6" in call for call in calls))
-            # The directory dialog asks whether the folder itself is there: it neither lists nor enters it.
-            asked = re.compile(rf'(access|statx)\((AT_FDCWD, )?"/*{re.escape(str(trap))}",')
-            self.assertEqual([call for call in calls if str(trap) in call and not asked.match(call)], [])
+            # The directory dialog checks that the folder itself exists, but neither lists nor enters it.
+            existence_checks = re.compile(rf'(access|statx)\((AT_FDCWD, )?"/*{re.escape(str(trap))}",')
+            self.assertEqual([call for call in calls if str(trap) in call and not existence_checks.match(call)], [])
             self.assertEqual([call for call in calls if RELATIVE.match(call)], [])
         with self.subTest("only the documented files are left behind"):
-            self.assertEqual(tour.files_left(self.home) - given, tour.FILES)
+            self.assertEqual(tour.files_left(self.home) - before, tour.FILES)
         with self.subTest("only the documented files are written"):
             self.assertEqual(self.written(trace), tour.FILES | tour.REMOVED)
         with self.subTest("modes follow the user's mask"):
@@ -59,8 +59,7 @@ class Surroundings(DesktopCase):
                 self.assertEqual((file, oct(mode)), (file, oct(0o666 & ~MASK)))
 
     def set_trap(self):
-        """A folder to start the program in, with files that a program would load if it searched
-        its working directory."""
+        """Creates a working directory for the program, with files that it would load if it searched that folder."""
         trap = self.home.parent / f"{self.home.name}-trap"
         for name in ("platforms/libqxcb.so", "styles/libtrap.so", "imageformats/libqsvg.so", "libQt6Core.so.6",
                      "qt.conf", "Fonts/JetBrainsMono-Regular.ttf"):
@@ -69,17 +68,17 @@ class Surroundings(DesktopCase):
         return trap
 
     def written(self, trace):
-        """The files below the home that were opened for writing, or got another name."""
+        """The files below the home that were opened for writing or renamed."""
         home = f'"{self.home}/'
         opened = [call for call in trace.calls(*OPENING) if re.search(r"O_WRONLY|O_RDWR|O_CREAT|creat\(", call)]
         changes = [call for call in opened + trace.calls(*MOVING) if home in call]
         return {call.rsplit(home)[-1].split('"')[0] for call in changes}
 
 
-class Words(DesktopCase):
+class TextsFromFiles(DesktopCase):
     NAMES = ("<b>bold</b>", "100%s%n", "a &amp; b", "&File", ":/symbols/gear.svg", "$(reboot)`reboot`")
 
-    def test_texts_from_files_are_shown_as_they_are(self):
+    def test_are_shown_as_they_are(self):
         blocks = (f"[[projects]]\nname = '{name}'\npath = '/srv/{name}'\n" for name in self.NAMES)
         self.write("planning/projects.toml", "\n".join(blocks))
         self.write(".vantle/planning.json", f'{{"root":"{self.home}/planning"}}')

@@ -1,4 +1,4 @@
-"""A walk through the whole program that changes everything that can be changed."""
+"""A tour through the whole program that changes every setting."""
 
 import os
 
@@ -7,7 +7,7 @@ name = "alpha"
 path = "/srv/alpha"
 '''
 
-# Everything that the program leaves behind after a tour, and what it has written on the way and cleared again.
+# The files that the program leaves behind after a tour, and those that it has written and removed during it.
 FILES = {
     ".vantle/typeface.json", ".vantle/terminal-backend.json", ".vantle/green-screen.json", ".vantle/updates.json",
     ".vantle/shortcuts.json", ".local/state/vantle-settings/window",
@@ -16,7 +16,7 @@ REMOVED = {".claude/browser-patterns.json"}
 
 
 def prepare(case):
-    """Gives the home something to show on every page."""
+    """Writes the files that give every page something to show."""
     case.write(".vantle/sessions.json", '[{"cwd":"/srv/alpha"}]')
     case.write("planning/projects.toml", MANIFEST)
     case.write(".vantle/planning.json", f'{{"root":"{case.home}/planning"}}')

@@ -7,7 +7,7 @@ set(CMAKE_CXX_COMPILER ${DARWIN_CLANG})
 set(CMAKE_OBJCXX_COMPILER ${DARWIN_CLANG})
 set(CMAKE_CXX_COMPILER_TARGET arm64-apple-macos12)
 set(CMAKE_OBJCXX_COMPILER_TARGET arm64-apple-macos12)
-# No such tool here, and none is needed before something is linked.
+# This tool does not exist here; only linking would need it.
 set(CMAKE_INSTALL_NAME_TOOL install_name_tool)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_PREFIX_PATH ${CMAKE_CURRENT_LIST_DIR}/packages)

@@ -1,4 +1,4 @@
-# Stands in for the toolkit's own package: its modules by name, without anything in them.
+# A stand-in for the toolkit's own package, with its modules as empty targets.
 foreach(module IN LISTS Qt6_FIND_COMPONENTS)
     if(module STREQUAL "DBus")
         set(Qt6_FOUND FALSE)
@@ -20,6 +20,6 @@ set(Qt6Core_VERSION ${Qt6_VERSION})
 set(Qt6Core_VERSION_MAJOR ${Qt6_VERSION_MAJOR})
 set(Qt6Core_VERSION_MINOR ${Qt6_VERSION_MINOR})
 
-# What the toolkit's commands would generate is of no interest to a build that never compiles.
+# The toolkit's commands generate nothing here, as this build never compiles.
 function(qt_add_resources)
 endfunction()
