@@ -1,5 +1,5 @@
-# The compiler of the developer presets: the newest clang here, from 16 on; 14 cannot compile the library's views.
-# Apple's own does not do: its numbers are others, and it has no fuzzer.
+# The compiler of the developer presets: the newest installed clang, at least version 16; 14 cannot compile the views of
+# the standard library. Apple's clang is not used: it has other version numbers, and no fuzzer.
 set(names clang++)
 foreach(number RANGE 30 16 -1)
     list(APPEND names clang++-${number})

@@ -1,4 +1,4 @@
-# What every target of ours is compiled with. Link `VantleCompileOptions` privately.
+# The compile options of every target of this project, which links `VantleCompileOptions` privately.
 add_library(VantleCompileOptions INTERFACE)
 # With optimisation GCC warns of a null dereference at every QPointer, so the warning is only on with Clang.
 target_compile_options(VantleCompileOptions INTERFACE
@@ -9,7 +9,8 @@ target_compile_definitions(VantleCompileOptions INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS
     QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
-# Off on macOS, where compilers and toolkits are usually newer than ours: a new warning should not stop the build.
+# Off on macOS, where compilers and toolkits are usually newer than the tested ones: a new warning should not stop the
+# build.
 if(APPLE)
     set(warningsAreErrors OFF)
 else()

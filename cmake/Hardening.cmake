@@ -1,7 +1,7 @@
-# What the release build does against memory errors that testing has missed: a program at a random address whose
-# jump tables are read-only from the start, with checked library calls, guarded stacks and checked indirect
-# jumps. tests/security/hardening_test.py looks at the built program for each. Builds with sanitizers find the same
-# errors in their own way and go without.
+# Protections of the release build against memory errors that the tests have missed: a position-independent executable
+# with read-only relocations, checked library calls, stack protection and checked indirect jumps.
+# tests/security/hardening_test.py checks the built program for each. Builds with sanitizers detect the same errors
+# themselves and have none of these.
 if(VANTLE_SANITIZERS OR VANTLE_COVERAGE)
     return()
 endif()

@@ -1,10 +1,10 @@
-# Reading the toolkit's headers takes longer than compiling what stands below them, and the builds for testing
-# compile every source. With this on they read those headers once for each kind of target. Off by default: then
-# every source must itself include what it uses.
+# Parsing the toolkit's headers takes longer than compiling the code of a source, and the builds for testing compile
+# every source. With this option they parse those headers once for each kind of target. Off by default: then every
+# source must itself include the headers that it uses.
 option(VANTLE_PRECOMPILED_HEADERS "Compile the toolkit's headers once" OFF)
 
 # vantle_headers(name HEADERS … LIBRARIES …)
-# Headers that targets have in common, and the libraries that they are of.
+# Adds precompiled headers that several targets use, and that belong to these libraries.
 function(vantle_headers name)
     if(NOT VANTLE_PRECOMPILED_HEADERS)
         return()
@@ -15,7 +15,7 @@ function(vantle_headers name)
     target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
 endfunction()
 
-# Lets the target start from such headers.
+# Lets a target use the precompiled headers of that name.
 function(vantle_precompile target name)
     if(VANTLE_PRECOMPILED_HEADERS)
         target_precompile_headers(${target} REUSE_FROM ${name})

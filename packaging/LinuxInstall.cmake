@@ -1,7 +1,7 @@
 # A complete installation below a prefix: the program, its shared data, and what a desktop needs to show it.
 install(TARGETS vantle-settings DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-# Shared data is found from the program's own place, as ../share/vantle-settings.
+# The program looks for its shared data relative to its own folder, in ../share/vantle-settings.
 file(CONFIGURE OUTPUT version CONTENT "${PROJECT_VERSION}\n" @ONLY)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/VantleSettings/Resources/Fonts
     DESTINATION ${CMAKE_INSTALL_DATADIR}/vantle-settings)
@@ -19,7 +19,8 @@ configure_file(linux/vantle-settings.1.in vantle-settings.1 @ONLY)
 configure_file(linux/copyright.in copyright @ONLY)
 install(FILES linux/com.vantle.settings.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 
-# Desktops start the program through the session bus, which wants its whole path: known only when it is installed.
+# Desktops start the program through the session bus, which needs its absolute path. That is known only when the
+# program is installed.
 install(CODE "
     set(VANTLE_PROGRAM \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/vantle-settings\")
     configure_file([[${CMAKE_CURRENT_SOURCE_DIR}/linux/com.vantle.settings.service.in]]

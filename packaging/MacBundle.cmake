@@ -1,4 +1,4 @@
-# The program as an application bundle, whole in the build folder already.
+# The program as an application bundle, which is complete in the build folder already.
 set_target_properties(vantle-settings PROPERTIES
     MACOSX_BUNDLE TRUE
     OUTPUT_NAME "Vantle Settings"
@@ -21,7 +21,8 @@ if(CMAKE_HOST_APPLE)
     set(iconset ${CMAKE_CURRENT_BINARY_DIR}/VantleSettings.iconset)
     file(MAKE_DIRECTORY ${iconset})
     set(pictures)
-    # The platform's grid leaves a tenth of the width free on each side; the drawings have a part of that.
+    # Icons of macOS have a margin of a tenth of the width on each side. The drawings have a part of that margin; the
+    # inset adds the rest.
     foreach(entry IN ITEMS 16:16x16 32:16x16@2x 32:32x32 64:32x32@2x 128:128x128 256:128x128@2x 256:256x256
             512:256x256@2x 512:512x512 1024:512x512@2x)
         string(REGEX MATCH "^([0-9]+):(.+)$" entry ${entry})
@@ -45,7 +46,7 @@ if(CMAKE_HOST_APPLE)
         DEPENDS ${pictures}
         VERBATIM)
     vantle_bundle_resources(Resources ${icns})
-    # The program is made in another folder, and only targets are in order across folders.
+    # The program is a target of another folder, and only dependencies between targets apply across folders.
     add_custom_target(icons DEPENDS ${icns})
     add_dependencies(vantle-settings icons)
 endif()
@@ -57,9 +58,9 @@ set(VANTLE_SIGNING_IDENTITY "" CACHE STRING
 set(VANTLE_NOTARY_PROFILE "" CACHE STRING
     "The name under which `xcrun notarytool store-credentials` keeps the credentials; none: nothing is notarised")
 
-# An installed bundle carries the toolkit. That decides which macOS it needs, and changes what is signed.
+# An installed bundle contains the toolkit, which may need a newer macOS than the program and has to be signed too.
 if(CMAKE_HOST_APPLE)
-    # The script that the toolkit would write takes the blank in the name for the end of it.
+    # The script that the toolkit would generate ends the bundle's name at the space in it.
     set(deploy ${CMAKE_CURRENT_BINARY_DIR}/deploy.cmake)
     file(GENERATE OUTPUT ${deploy} CONTENT "include(\"${QT_DEPLOY_SUPPORT}\")
 qt6_deploy_runtime_dependencies(EXECUTABLE \"Vantle Settings.app\")

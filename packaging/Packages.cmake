@@ -1,4 +1,4 @@
-# `cpack` makes the system's package of an installed build; `cpack --config CPackSourceConfig.cmake` the source.
+# `cpack` makes the system's package of a build, `cpack --config CPackSourceConfig.cmake` the source archive.
 set(VANTLE_PACKAGE_MAINTAINER "The Vantle maintainers" CACHE STRING
     "Who answers for packages made of this build: a name, and an address in angle brackets")
 
@@ -25,8 +25,8 @@ else()
     set(CPACK_GENERATOR DEB)
     set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
     set(CPACK_DEBIAN_PACKAGE_SECTION utils)
-    # The linked libraries, read from the program. The others it meets only when it runs: the toolkit's Wayland
-    # half is a plug-in, and a window without any font shows no text.
+    # Dependencies on linked libraries are read from the program. The others are needed only at run time: the toolkit's
+    # Wayland platform is a plug-in, and without any font a window shows no text.
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-wayland, fontconfig, fonts-dejavu-core | fonts-liberation | fonts-inter")
     set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, at-spi2-core, xdg-utils")

@@ -1,5 +1,5 @@
 # Writes the oldest macOS that every binary in a bundle runs on into the bundle's Info.plist: the program's own
-# deployment target, or that of the toolkit which was deployed beside it if that one is newer.
+# deployment target, or that of the toolkit in the bundle if it is newer.
 #
 #   cmake -DBUNDLE=… -P MinimumSystem.cmake
 file(GLOB_RECURSE files LIST_DIRECTORIES FALSE

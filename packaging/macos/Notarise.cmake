@@ -12,6 +12,6 @@ foreach(image IN LISTS CPACK_PACKAGE_FILES)
     execute_process(
         COMMAND xcrun notarytool submit "${image}" --keychain-profile "${CPACK_VANTLE_NOTARY_PROFILE}" --wait
         COMMAND_ERROR_IS_FATAL ANY)
-    # Fails as well where the service was asked and refused.
+    # This also fails if the service has refused the image.
     execute_process(COMMAND xcrun stapler staple "${image}" COMMAND_ERROR_IS_FATAL ANY)
 endforeach()

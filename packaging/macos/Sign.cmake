@@ -1,5 +1,6 @@
-# Signs a bundle, what lies in it first. With an identity the code gets the hardened runtime and a time stamp, as
-# notarisation demands; without one it is signed ad hoc, which runs on the machine that built it.
+# Signs a bundle, after the libraries and frameworks in it. With an identity the code gets the hardened runtime
+# and a time stamp, as notarisation requires; without one it is signed ad hoc, which runs on the machine that
+# built it.
 #
 #   cmake -DBUNDLE=… [-DIDENTITY=…] -P Sign.cmake
 if(IDENTITY)

@@ -1,8 +1,8 @@
-# Sourced by the checks that are written for one version of a tool: another formats and warns in its own way.
+# Sourced by the checks that need one version of a tool: other versions format and warn differently.
 pinnedVersion=16
 
-# pinnedTool NAME: the command of that version. Where it is not here, ends with 77, which the commands and the tests
-# take for "skipped", and says so.
+# pinnedTool NAME: prints the command of that version. If it is not installed, says so and exits with 77, which the
+# commands and the tests take for "skipped".
 pinnedTool() {
     local tool
     for tool in "$1-$pinnedVersion" "$1"; do

@@ -1,4 +1,4 @@
-"""Prints a source as the compiler sees it, with the comments. preprocess.py COMPILE_COMMANDS SOURCE"""
+"""Prints a source after preprocessing, with its comments. preprocess.py COMPILE_COMMANDS SOURCE"""
 
 import json
 import shlex

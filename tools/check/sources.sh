@@ -6,8 +6,8 @@ sources() {
     done
 }
 
-# The C++ files that differ from what has landed, those that are not committed first. Where nothing does, as in a fresh
-# clone, those of the newest commits, up to four: all are checked by `./test --all`.
+# Prints the C++ files that differ from the main branch, uncommitted ones first. If none differs, as in a fresh clone,
+# prints up to four files of the newest commits; `./test --all` checks all files.
 changedSources() {
     local base
     base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify 'HEAD~1' || true)
@@ -22,7 +22,8 @@ changedSources() {
     cat build/log/changed
 }
 
-# For each name read: the file itself when it is compiled, or the compiled files of a header's name.
+# For each file name on the standard input prints the name itself if it is compiled, or the compiled files that are
+# named after a header.
 compiledSources() {
     local file stem
     while read -r file; do

@@ -1,13 +1,13 @@
-# Sourced by the commands at the top of the tree: one step after the other, quiet when all is well.
+# Sourced by the commands at the top of the tree: runs their steps one after the other, with little output on success.
 
-# The log of the step of that title; what stands in brackets at its end is for people only.
+# Prints the name of the log of a step with that title. A remark in parentheses at the end of the title is left out.
 logName() {
     printf '%s.log' "$(printf '%s' "${1%% (*}" | tr -cs 'A-Za-z0-9' '-')"
 }
 
-# step TITLE COMMAND…: runs the command with its output in build/log. A line shows the step's progress while it
-# takes long, and how it ended. A step that ends with 77 was left out and says why; a failed one shows the end of its
-# output and ends the whole.
+# step TITLE COMMAND…: runs the command with its output in build/log, and shows the progress and the result of a long
+# step in one line. A step that exits with 77 was skipped, and the last line of its output says why. A failed step shows
+# the end of its output and exits the script.
 step() {
     local title=$1 log started status=0
     shift
@@ -27,8 +27,8 @@ step() {
     fi
 }
 
-# Waits for a process, with the last line of its log beside the title: all the time on a terminal, once a minute
-# where nobody looks.
+# Waits for a process, and meanwhile shows the title and the last line of the log: continuously on a terminal, otherwise
+# once a minute.
 watchStep() {
     local title=$1 process=$2 log=$3 ticks=0 status=0 line
     while kill -0 "$process" 2>/dev/null; do
@@ -46,7 +46,7 @@ watchStep() {
     return $status
 }
 
-# Homebrew's packages where CMake looks for them, its clang tools on the path.
+# Lets CMake find Homebrew's packages, and adds its clang tools to the path.
 useHomebrew() {
     CMAKE_PREFIX_PATH=$(brew --prefix)
     PATH=$PATH:$(brew --prefix)/opt/llvm/bin

@@ -9,7 +9,7 @@ installedPackages() {
     pacman -Qq
 }
 
-# Reading the sources anew without upgrading leaves a system that Arch does not support.
+# A refresh without an upgrade makes the next installation a partial upgrade, which Arch does not support.
 refreshSources() {
     asRoot pacman -Syu --noconfirm
 }

@@ -14,7 +14,7 @@ offeredPackages() {
         awk '/^[^ ]/ { name = $1 } $1 == "Candidate:" && $2 != "(none)" { sub(":$", "", name); print name }'
 }
 
-# Without a network apt would try each file four times, with pauses. What fails is tried once more after a refresh.
+# By default apt tries each file four times, with pauses, if there is no network. install retries once after a refresh.
 aptGet() {
     asRoot env DEBIAN_FRONTEND=noninteractive apt-get -y -q -oAcquire::Retries=0 -oAcquire::http::Timeout=10 \
         -oAcquire::https::Timeout=10 "$@"
