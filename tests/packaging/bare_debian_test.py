@@ -19,7 +19,7 @@ IGNORED = ("proc", "sys", "dev", "tmp", "var/cache", "var/lib/apt", "var/log")
 def package_sources():
     """The package sources of this system, as lines of a sources.list."""
     targets = run("apt-get", "indextargets", "--format", "deb $(SITE) $(RELEASE) $(COMPONENT)",
-               "Created-By: Packages")
+                  "Created-By: Packages")
     return list(dict.fromkeys(targets.splitlines()))
 
 

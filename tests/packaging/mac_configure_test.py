@@ -64,8 +64,8 @@ class MacConfigure(unittest.TestCase):
     def setUpClass(cls):
         cls.build = cls.enterClassContext(temporary_folder())
         cls.output = run("cmake", "-S", SOURCE, "-B", cls.build, "-G", "Ninja", "-DVANTLE_TESTS=ON",
-                       "-DVANTLE_BENCHMARKS=ON", "-DVANTLE_PRECOMPILED_HEADERS=ON", "-DCMAKE_BUILD_TYPE=Release",
-                       f"-DCMAKE_TOOLCHAIN_FILE={SOURCE}/tests/packaging/darwin/toolchain.cmake")
+                         "-DVANTLE_BENCHMARKS=ON", "-DVANTLE_PRECOMPILED_HEADERS=ON", "-DCMAKE_BUILD_TYPE=Release",
+                         f"-DCMAKE_TOOLCHAIN_FILE={SOURCE}/tests/packaging/darwin/toolchain.cmake")
         cls.on_mac = compiled_sources(cls.build)
         cls.here = compiled_sources(BUILD)
 

@@ -1,4 +1,4 @@
-"""How the compositors are started, asked and told; each is started anew for each scale factor."""
+"""Starts, queries and controls compositors. A compositor is started anew for each scale factor."""
 
 import dataclasses
 import os
@@ -12,7 +12,7 @@ import expected
 
 @dataclasses.dataclass
 class Seen:
-    """A window as the compositor has it. `box` is its x, y, width and height with its frame, in points."""
+    """A window as the compositor reports it. `box` is its x, y, width and height with its frame, in points."""
     title: str
     app: str
     box: tuple
@@ -21,11 +21,11 @@ class Seen:
 
 
 class Compositor:
-    """One that makes its socket in the session's runtime folder. `socket` is what WAYLAND_DISPLAY has to be. The size
-    of its screen is given in pixels."""
+    """A compositor that creates its socket in the session's runtime folder. `socket` is the value of WAYLAND_DISPLAY
+    for its clients. The size of its screen is given in pixels."""
 
     SCALES = expected.SCALES
-    TELLS_OF_WINDOWS = True
+    REPORTS_WINDOWS = True
     HEEDS_LEAST_SIZE = True  # also when a script, not the user, resizes a window
     DARK = False  # whether all versions draw a dark frame for a window that asks for one
     MINIMISED, MAXIMISED = "minimised and back", "maximised and back"
@@ -39,7 +39,7 @@ class Compositor:
         eventually(lambda: os.path.exists(path), "the compositor does not start")
 
     def look(self, title, report):
-        """Says what else it knows of the window."""
+        """Checks and reports what only this compositor knows of the window."""
 
     def takes_pictures(self):
         return True

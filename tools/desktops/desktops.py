@@ -17,7 +17,7 @@ import x11
 @dataclasses.dataclass(frozen=True)
 class _Desktop:
     name: str
-    command: tuple  # what it is started with, or at least its program
+    command: tuple  # the command that starts it, or at least its program
     kind: str       # what XDG_CURRENT_DESKTOP says on it
 
     @property
@@ -26,7 +26,8 @@ class _Desktop:
 
     @property
     def version(self):
-        """Asked on the desktop itself: some tell it nowhere else."""
+        """The version that the program prints. To be read on the desktop itself, as some programs print it nowhere
+        else."""
         said = subprocess.run([self.command[0], "--version"], capture_output=True, text=True).stdout
         number = re.search(r"\d+(\.\d+)+", said)
         return number.group() if number else "of unknown version"
@@ -58,7 +59,7 @@ DESKTOPS = (
     X11Desktop("openbox", ("openbox", "--sm-disable"), "", dark=False),
     X11Desktop("xfwm4", ("xfwm4",), "XFCE", dark=False),
     X11Desktop("kwin-x11", ("kwin_x11",), "KDE", dark=True),
-    # In later versions the frames are a program of their own, which asks the session instead.
+    # In later versions a program of its own draws the frames, and follows the session instead of the window.
     X11Desktop("mutter-x11", ("mutter", "--x11"), "GNOME", dark=False),
     WaylandDesktop("weston", ("weston",), "", weston.Weston),
     WaylandDesktop("sway", ("sway",), "sway", sway.Sway),

@@ -1,4 +1,4 @@
-"""GNOME Shell, which in its unsafe mode answers whatever is asked in its own language."""
+"""GNOME Shell, which in its unsafe mode evaluates scripts."""
 
 import json
 import os
@@ -25,7 +25,7 @@ _ACTIONS = {"minimise": "window.minimize();", "restore": "window.unminimize();",
             "maximise": "window.maximize(3);", "unmaximise": "window.unmaximize(3);",
             "shrink": "window.move_resize_frame(true, 10, 40, 100, 100);",
             "close": "window.delete(global.get_current_time());"}
-# Scale factors between the whole ones, and no tour.
+# Enables fractional scale factors, and disables the welcome tour.
 _SETTINGS = """[org/gnome/mutter]
 experimental-features=['scale-monitor-framebuffer']
 [org/gnome/shell]
@@ -70,7 +70,7 @@ class GnomeShell(Compositor):
         return self._evaluate(_WINDOW % (json.dumps(title), action))
 
     def _evaluate(self, script):
-        """What the script comes to; nothing while the shell is not there or it fails."""
+        """The result of a script; None while the shell is not running, and if the script fails."""
         try:
             done, answer = self._call("org.gnome.Shell", "/org/gnome/Shell", "Eval", GLib.Variant("(s)", (script,)))
         except GLib.Error:
@@ -89,5 +89,5 @@ class GnomeShell(Compositor):
     @staticmethod
     def _call(name, path, method, arguments=None):
         bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-        # The interfaces have their services' names.
+        # Each interface has the name of its service.
         return bus.call_sync(name, path, name, method, arguments, None, Gio.DBusCallFlags.NONE, 20000).unpack()

@@ -1,4 +1,4 @@
-"""KWin as a Wayland compositor, which runs scripts and calls back over the session bus."""
+"""KWin as a Wayland compositor, which runs scripts that call back over the session bus."""
 
 import json
 import os
@@ -37,9 +37,9 @@ class KWin(Compositor):
 
     def __init__(self, folder, screen, scale, log):
         self._folder = folder
-        self._told = []
+        self._reports = []
         self._listener = BusService(_LISTENER, "/", _INTERFACE,
-                                    called=lambda _method, arguments: self._told.append(arguments[0]))
+                                    called=lambda _method, arguments: self._reports.append(arguments[0]))
         socket = f"vantle-kwin-{scale:g}"
         # Here the size is in points.
         width, height = (round(length / scale) for length in screen)
@@ -57,23 +57,24 @@ class KWin(Compositor):
     def look(self, title, report):
         seen, = self._ask(title)
         report.check("least size", tuple(seen["least"]), LEAST_SIZE)
-        # The session's unless the toolkit has a plugin for this desktop, which passes on what the program asks for.
+        # The colours of the session, unless the toolkit has a plug-in for this desktop, which passes on the program's
+        # request.
         report.note("colours of its frame", seen["colours"])
 
     def do(self, title, action):
         self._ask(title, _ACTIONS[action])
 
     def takes_pictures(self):
-        """Version 6 draws without a graphics card, too, but takes no pictures then."""
+        """Version 6 also draws without a graphics card, but then takes no pictures."""
         answer, = Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
             "org.kde.KWin", "/org/kde/KWin", "org.freedesktop.DBus.Introspectable", "Introspect", None, None,
             Gio.DBusCallFlags.NONE, 20000).unpack()
         return "ScreenShot2" in answer
 
     def take(self, picture):
-        """The compositor writes bare pixels into a pipe."""
+        """The compositor writes raw pixels into a pipe."""
         reading, writing = os.pipe()
-        files = Gio.UnixFDList.new_from_array([writing])  # which closes it
+        files = Gio.UnixFDList.new_from_array([writing])  # takes the descriptor over and closes it
         options = {"native-resolution": GLib.Variant("b", True)}
         answer, _ = Gio.bus_get_sync(Gio.BusType.SESSION).call_with_unix_fd_list_sync(
             "org.kde.KWin", "/org/kde/KWin/ScreenShot2", "org.kde.KWin.ScreenShot2", "CaptureActiveScreen",
@@ -90,15 +91,15 @@ class KWin(Compositor):
         super().close()
 
     def _ask(self, title, action=""):
-        """Lets a script do that with the window, and returns what it tells of the windows of that title."""
+        """Runs a script that does the action to the windows with a title, and returns what it reports of them."""
         script = self._folder / "script.js"
         script.write_text(_SCRIPT % (json.dumps(title), action))
-        self._told.clear()
+        self._reports.clear()
         self._script("loadScript", GLib.Variant("(ss)", (str(script), _LISTENER)))
         self._script("start")
-        eventually(lambda: self._told, "the compositor does not run scripts")
+        eventually(lambda: self._reports, "the compositor does not run scripts")
         self._script("unloadScript", GLib.Variant("(s)", (_LISTENER,)))
-        return json.loads(self._told[-1])
+        return json.loads(self._reports[-1])
 
     @staticmethod
     def _script(method, arguments=None):

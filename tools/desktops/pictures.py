@@ -17,7 +17,7 @@ def take_settled(take, picture):
 
 
 def brightness(picture, x, y, width, height):
-    """The average in that box of a picture, in its pixels: 0 for black, 1 for white."""
+    """The average brightness of a box of a picture, given in pixels: 0 for black, 1 for white."""
     # Some pictures have an opacity, which would count as brightness.
     return float(_ask(picture, "%[fx:mean]", "-alpha", "off", "-crop", f"{width}x{height}+{x}+{y}",
                       "-colorspace", "gray"))

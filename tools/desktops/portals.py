@@ -71,7 +71,7 @@ class _Chooser:
 
     def try_choice(self):
         self._open()
-        self._program.type("/")  # opens the dialog's line for paths
+        self._program.type("/")  # opens the dialog's text field for a path
         shown = self._desktop.accessibility.program(self._backend.pid)
         shown.find("text").set_text(str(self._home / "plan"))
         self._program.press("Return")
@@ -103,4 +103,4 @@ class _Chooser:
 
     def _expect_input(self):
         choose = self._program.find("push button", "Choose planning root…")
-        eventually(lambda: choose.has("enabled") and self._program.frame.has("active"), "the page takes no input")
+        eventually(lambda: choose.has("enabled") and self._program.frame.has("active"), "the page stays disabled")

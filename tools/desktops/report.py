@@ -1,10 +1,11 @@
-"""One line for each thing that was looked at."""
+"""Prints one line for each check."""
 
 import contextlib
 
 
 class Report:
-    """What was seen on one desktop. `version` is that desktop's, `scale` the scale factor that it is seen at."""
+    """The results of one desktop. `version` is the desktop's version, `scale` the scale factor of the present
+    checks."""
 
     def __init__(self, desktop):
         self._desktop = desktop
@@ -20,11 +21,12 @@ class Report:
             self._say(what, "FAILED", f"{seen} instead of {wanted}")
 
     def note(self, what, seen):
-        """For what differs between desktops and is right either way."""
+        """Prints a value that may differ between desktops."""
         self._say(what, "seen", seen)
 
     def check_frame(self, brightness, dark):
-        """Of a desktop whose frames are `dark` where that is asked for, the frame has to be."""
+        """Checks that the frame is dark if the desktop draws `dark` frames on request; otherwise prints its
+        brightness."""
         if dark:
             self.check("frame drawn dark", brightness < 0.5, True)
         else:
@@ -35,7 +37,7 @@ class Report:
 
     @contextlib.contextmanager
     def trying(self, what):
-        """Reports an exception of the block as a failure, and goes on."""
+        """Reports an exception in the block as a failure, and continues after the block."""
         try:
             yield
         except Exception as error:

@@ -28,8 +28,8 @@ def look(described, program, folder, pictures, report):
 
 
 def _install_entry(desktop):
-    """The desktop entry and the icon, where the compositor looks for the user's. An entry counts only if its program
-    is there."""
+    """Installs the desktop entry and the icon for the user. The entry names the program by its path, as compositors
+    ignore an entry whose program does not exist."""
     home = desktop.folder / "home"
     root = pathlib.Path(__file__).resolve().parents[2]
     entries, icons = home / ".local/share/applications", home / ".local/share/icons/hicolor/scalable/apps"
@@ -60,7 +60,7 @@ def _look_at_scale(described, desktop, picture, report):
 def _look_at_program(compositor, program, picture, report):
     program.find("list", "Sections")
     report.check("first size", tuple(program.frame.box[2:]), FIRST_SIZE)
-    if not compositor.TELLS_OF_WINDOWS:
+    if not compositor.REPORTS_WINDOWS:
         report.skip("title, app id, states", "the compositor tells nobody")
         take_settled(compositor.take, picture)
         program.find_in_menu("Window", "Close").act()
@@ -103,14 +103,14 @@ def _try_states(compositor, seen, program, report):
     before = seen().box[2:]
     with report.trying(compositor.MINIMISED):
         compositor.do(WINDOW, "minimise")
-        eventually(lambda: seen().minimised, "it is not minimised")
+        eventually(lambda: seen().minimised, "the window is not minimised")
         compositor.do(WINDOW, "restore")
-        eventually(lambda: not seen().minimised, "it stays minimised")
+        eventually(lambda: not seen().minimised, "the window stays minimised")
         report.check(compositor.MINIMISED, seen().box[2:], before)
     with report.trying(compositor.MAXIMISED):
         compositor.do(WINDOW, "maximise")
         eventually(lambda: seen().maximised and program.frame.box[2] > FIRST_SIZE[0],
-                   lambda: f"it is not maximised: {seen()}")
+                   lambda: f"the window is not maximised: {seen()}")
         compositor.do(WINDOW, "unmaximise")
         eventually(lambda: not seen().maximised and seen().box[2:] == before,
                    lambda: f"{seen().box[2:]} instead of {before}")

@@ -1,10 +1,10 @@
-"""Weston, which tells nobody of its windows."""
+"""Weston, which does not report its windows."""
 
 import shutil
 
 from compositors import Compositor
 
-# At the start the screen would come up from black slowly.
+# Without this, the screen fades in from black at the start.
 _CONFIGURATION = """[shell]
 animation=none
 startup-animation=none
@@ -13,7 +13,7 @@ startup-animation=none
 
 class Weston(Compositor):
     SCALES = 1, 2
-    TELLS_OF_WINDOWS = False
+    REPORTS_WINDOWS = False
 
     def __init__(self, folder, screen, scale, log):
         self._folder = folder
@@ -27,7 +27,7 @@ class Weston(Compositor):
             f"--socket=vantle-weston-{scale:g}"], log)
 
     def take(self, picture):
-        """The tool chooses the name itself, in the folder where it is started."""
+        """The tool writes a file with a name of its own choice into its working directory."""
         self._run("sh", "-c", 'cd "$1" && weston-screenshooter', "sh", str(self._folder))
         taken, = self._folder.glob("wayland-screenshot-*.png")
         shutil.move(taken, picture)

@@ -11,7 +11,8 @@ from harness.waiting import eventually
 from expected import FIRST_SIZE, LEAST_SIZE, SCALES, icons, pixels
 from pictures import brightness, take_settled
 
-# In pixels: the scale factor is the program's alone here. Mutter maximises what would fill four fifths of the screen.
+# In pixels: only the program has a scale factor here. Mutter maximises a window that would fill four fifths of the
+# screen.
 SCREEN = 2160, 1728
 DARK_COLOURS = pathlib.Path("/usr/share/color-schemes/BreezeDark.colors")
 
@@ -42,8 +43,8 @@ def _look_at_scale(manager, desktop, picture, report):
         report.check("title", window.title, WINDOW)
         report.check("class", window.program, "vantle-settings")
         with report.trying("icons"):
-            # They come after the first frame.
-            eventually(lambda: window.icons, "there are none")
+            # The icons are set after the first frame.
+            eventually(lambda: window.icons, "the window has no icons")
             report.check("icons", window.icons, icons(scale))
         colours = str(DARK_COLOURS) if DARK_COLOURS.exists() else ""
         report.check("frame asked for", (window.variant, window.colours), ("dark", colours))
@@ -59,15 +60,15 @@ def _try_states(program, window, report):
     before = window.box
     with report.trying("minimised and back"):
         window.minimise()
-        eventually(lambda: window.minimised, "it is not minimised")
+        eventually(lambda: window.minimised, "the window is not minimised")
         window.activate()
-        eventually(lambda: not window.minimised, "it stays minimised")
+        eventually(lambda: not window.minimised, "the window stays minimised")
         program.ready()
         report.check("minimised and back", window.box, before)
     with report.trying("maximised and back"):
         window.maximise()
         eventually(lambda: window.maximised and _fills(window, report.scale),
-                   lambda: f"it is not maximised: {window.box}")
+                   lambda: f"the window is not maximised: {window.box}")
         window.maximise(False)
         eventually(lambda: not window.maximised and window.box == before,
                    lambda: f"{window.box} instead of {before}")

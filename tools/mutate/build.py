@@ -31,7 +31,7 @@ GUARD = ('mount --bind "$0" "$0"; mount --bind "$0" "$1"; mount --bind "$0" /tmp
 
 
 def lock():
-    """Keeps the build tree for this run, as long as the file that it gives is open. Two runs would delete each other's
+    """Locks the build tree for this run, until the returned file is closed. Two runs would delete each other's
     folders."""
     TREE.mkdir(parents=True, exist_ok=True)
     file = open(TREE / "lock", "w", encoding="utf-8")
@@ -91,7 +91,7 @@ class Programs:
     def link(self, name, objects, output):
         words = list(self._links[name])
         place = words.index("-o")
-        # An object that stands before the libraries is taken in the place of theirs.
+        # The linker uses an object that precedes the libraries instead of the one in a library.
         return words[:place] + ["-o", str(output), *map(str, objects)] + words[place + 2:]
 
     def run(self, name, program):
@@ -100,7 +100,7 @@ class Programs:
 
 
 class Together:
-    """The object that holds many mutants of one source, and the programs with it. All slots share it."""
+    """An object with many mutants of one source, and the programs that contain it. All slots share it."""
 
     def __init__(self, programs):
         self._folder = TREE / "mutants" / "together"
@@ -111,7 +111,7 @@ class Together:
         self._folder.mkdir(parents=True)
 
     def numbers(self, source, tokens, mutants):
-        """The numbers of those mutants that the object holds; `program` gives programs with it."""
+        """Compiles the object for a source if needed. Returns the numbers of the mutants that it contains."""
         with self._working:
             if self._source != source:
                 self._source, self._linked = source, {}
@@ -119,7 +119,7 @@ class Together:
             return self._numbers
 
     def _compile(self, source, tokens, mutants):
-        """Compiles as many mutants together as compile."""
+        """Compiles the mutants together, without those that do not compile."""
         original, copy = source.read_bytes(), self._folder / source.name
         command = self._programs.compilation(source, copy, self._folder / "together.o")
         while True:
@@ -155,7 +155,7 @@ class Slot:
         (self.folder / "home").mkdir(parents=True, exist_ok=True)
 
     def compile(self, source, text, *options):
-        """The object's bytes, and its path; no bytes where the text does not compile."""
+        """Returns the object's bytes and its path; no bytes if the text does not compile."""
         copy, output = self.folder / source.name, self.folder / (source.stem + ".o")
         copy.write_bytes(text)
         output.unlink(missing_ok=True)
@@ -174,13 +174,14 @@ class Slot:
         return self._unchanged[source, options]
 
     def link(self, name, objects, program=None):
-        """The test program in which these objects replace the library's; nothing where it does not link."""
+        """Links the test program with these objects instead of the library's. Returns its path, or None if it does not
+        link."""
         program = program or self.folder / name
         status, _ = run(self._programs.link(name, objects, program), 600, 600, cwd=TREE)
         return program if status == 0 else None
 
     def limits(self, name, slow):
-        """How many seconds a program may take: of its own on the processor, and of everybody's. Makes sure that it
+        """The limits for a program in seconds: of processor time and of elapsed time. Checks first that the program
         passes without any change."""
         with self._measuring:
             if (name, slow) not in self._limits:
@@ -188,13 +189,13 @@ class Slot:
                 status, seconds = self.test(TREE / "bin" / name, slow, (1200, 1200))
                 if status != 0:
                     sys.exit(f"{name} fails without any change: {status}")
-                of_its_own = resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime - before
-                self._limits[name, slow] = 3 + 10 * of_its_own, 20 + 10 * seconds
+                processor_seconds = resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime - before
+                self._limits[name, slow] = 3 + 10 * processor_seconds, 20 + 10 * seconds
             return self._limits[name, slow]
 
     def test(self, program, slow, limits, number=-1):
-        """The exit status of a program's slow tests or of its others, None after the limits, and the seconds that it
-        ran. The number is that of the mutant to be chosen."""
+        """Runs a program's slow tests or its others. Returns the exit status, or None if a limit was exceeded, and the
+        elapsed seconds. `number` is the mutant that the program chooses."""
         name = program.name
         command, environment = self._programs.run(name, program)
         work = self.folder / "home"
@@ -212,7 +213,7 @@ class Slot:
 
 
 def without_precompiled_headers(words):
-    """A precompiled header goes with the options that it was compiled with."""
+    """The command without its precompiled headers, which fit only the options that they were compiled with."""
     kept = list(words)
     for option in ("-include-pch", "-include"):
         while option in kept:
@@ -221,20 +222,21 @@ def without_precompiled_headers(words):
     return [word for word in kept if word not in ("-Winvalid-pch", "-fpch-instantiate-templates")]
 
 
-def run(command, of_its_own, limit, **options):
-    """Exit status, or None after the limits, and the seconds that it took. One limit is on the processor's time."""
+def run(command, processor_seconds, elapsed_seconds, **options):
+    """Returns the exit status, or None if a limit was exceeded, and the elapsed seconds. The limits are seconds of
+    processor time and of elapsed time."""
     def restrain():
         # A mutant that outlives this tool would write to the folders of the next run.
         ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
         resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
-        resource.setrlimit(resource.RLIMIT_CPU, (int(of_its_own) + 1, int(of_its_own) + 2))
+        resource.setrlimit(resource.RLIMIT_CPU, (int(processor_seconds) + 1, int(processor_seconds) + 2))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
         resource.setrlimit(resource.RLIMIT_FSIZE, (2 * MEMORY, 2 * MEMORY))
     start = time.monotonic()
     with subprocess.Popen(list(map(str, command)), stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                           stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=restrain, **options) as process:
         try:
-            status = process.wait(limit)
+            status = process.wait(elapsed_seconds)
         except subprocess.TimeoutExpired:
             os.killpg(process.pid, signal.SIGKILL)
             status = None

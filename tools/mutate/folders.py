@@ -3,7 +3,7 @@ docs/mutation.md says which are left out."""
 
 SOURCES = "VantleSettings/"
 
-# Tests that are slow without optimisation run last, on the mutants that all others have let survive.
+# Tests that are slow without optimisation run last, on the mutants that survive all others.
 SLOW_TESTS = {
     "json_corpus_test": ["*"],
     "planning_test": ["Manifest.ReadsBackWhatAGeneratorWrote", "Manifest.EveryScalarJoinsASignAsUnicodeSays",

@@ -32,8 +32,8 @@ class Mutant:
     line: int
     start: int
     end: int
-    text: str   # what stands in the place of the bytes from start to end
-    what: str   # for people
+    text: str   # replaces the bytes from start to end
+    what: str   # a description for people
 
     def applied(self, source):
         return source[:self.start] + self.text.encode() + source[self.end:]
@@ -54,7 +54,7 @@ def mutants_of(tokens, source):
             first, last = tokens[index + 2], tokens[pairs[index + 1] - 1]
             before = source[first.start:last.end].decode()
             for value in CONDITIONS[token.text]:
-                # All that the condition names stays in use.
+                # The condition stays in the text, so that the variables in it are still used.
                 operator = "||" if value == "true" else "&&"
                 add(first, last, f"({before}) {operator} {value}", f"{token.text} ({shown(before)}) → {value}")
         elif token.text == "?":
@@ -75,7 +75,7 @@ def of_token(tokens, index, add):
     token, before, after = tokens[index], tokens[index - 1], tokens[index + 1] if index + 1 < len(tokens) else None
     if after is None or before.text == "operator":
         return
-    # A sign with white space on both sides stands between two values; a reference or a template's bracket does not.
+    # An operator with white space on both sides is binary; a reference or a template's bracket has none on one side.
     binary = token.spaced and after.spaced
     if token.text in OPERATORS and (binary or token.text in ("++", "--")):
         for other in OPERATORS[token.text]:
@@ -111,7 +111,7 @@ def of_number(token, add):
 
 
 def end_of_statement(tokens, index, pairs):
-    """The index of the next semicolon that stands in no bracket."""
+    """The index of the next semicolon outside brackets."""
     while tokens[index].text != ";":
         if tokens[index].text in "([{":
             index = pairs[index]
@@ -135,14 +135,14 @@ def of_choice(tokens, index, pairs, source, add):
 
 
 def of_statements(tokens, pairs, source, add):
-    """Statements left out, and neighbours in the other order."""
+    """Leaves statements out, and exchanges neighbouring ones."""
     def text(first, end):
         return source[tokens[first].start:tokens[end].end].decode()
 
     previous = None
     for first, end in statements(tokens, pairs):
         if tokens[first].text not in CONTROL:
-            # An empty one may be the whole body of a condition.
+            # An empty statement remains, as it may be the whole body of a condition.
             add(tokens[first], tokens[end], ";", f"{shown(text(first, end))} left out")
         if tokens[first].text in JUMPS or tokens[first - 1].text not in (";", "{", "}"):
             continue
@@ -184,7 +184,7 @@ def end_of(tokens, index, pairs):
 
 
 def declares(tokens, first, end):
-    """Whether it is a declaration: a type stands before the name that is given a value, or stands alone."""
+    """Whether the statement is a declaration: a type precedes the name."""
     for index in range(first, end + 1):
         if tokens[index].text in ("=", ";", "(", "{", "["):
             return index - 2 >= first and tokens[index - 1].is_name() and (

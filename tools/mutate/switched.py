@@ -1,5 +1,5 @@
-"""A source with the mutants of its functions' bodies, one of which is chosen when the program starts: all are compiled
-and linked at once. What stands in no body, or does not compile so, is tried in an object of its own."""
+"""A source with all mutants inside its functions' bodies, which are compiled and linked at once. The program chooses
+one when it starts. A mutant outside a body, or that does not compile in this way, is tried in an object of its own."""
 
 import re
 
@@ -19,7 +19,8 @@ BEFORE_A_BODY = (")", "const", "noexcept", "override", "final")
 
 
 def switched(tokens, source, mutants):
-    """The source's text with these mutants, a dictionary by number, and the numbers of those that are in it."""
+    """Returns the source's text with these mutants, a dictionary by number, and the numbers of those that are in the
+    text."""
     parts, place, held = [BEFORE_ALL.encode(), b'#line 1 "source"\n'], 0, set()
     for first, last, is_void in bodies(tokens, partners(tokens)):
         inside = {number: mutant for number, mutant in mutants.items()
@@ -38,7 +39,7 @@ def switched(tokens, source, mutants):
 
 
 def inside_bodies(tokens, mutants):
-    """Those mutants that stand in bodies of functions."""
+    """The mutants that are inside bodies of functions."""
     places = [(first.start, last.end) for first, last, _ in bodies(tokens, partners(tokens))]
     return [mutant for mutant in mutants if any(start < mutant.start and mutant.end < end for start, end in places)]
 
@@ -50,7 +51,7 @@ def refused(messages):
 
 
 def bodies(tokens, pairs):
-    """First and last token of each body of a function, and whether the function returns nothing."""
+    """Yields the first and last token of each body of a function, and whether the function returns nothing."""
     index, start, classes = 0, 0, []
     while index < len(tokens):
         text = tokens[index].text
@@ -79,7 +80,7 @@ def bodies(tokens, pairs):
 
 
 def top_level(tokens, pairs, start, end):
-    """The tokens of a head without those in brackets, round or angled."""
+    """The tokens from start to end that are outside brackets, of templates too."""
     found, index, angles = [], start, 0
     while index < end:
         text = tokens[index].text

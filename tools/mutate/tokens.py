@@ -12,17 +12,17 @@ RECORD = re.compile(rb"(\w+) '(?:.*?)'\t[^\n]*?Loc=<[^\n]*?:(\d+):(\d+)>\n", re.
 class Token:
     kind: str
     text: str
-    start: int  # where it stands in the source, in bytes
+    start: int  # offset in the source, in bytes
     end: int
     line: int
-    spaced: bool  # white space before it
+    spaced: bool  # whether white space or a comment precedes it
 
     def is_name(self):
         return self.kind == "raw_identifier"
 
 
 def tokens_of(compiler, path):
-    """The tokens that mean something: neither white space nor comments nor the preprocessor's lines."""
+    """The tokens of a source without white space, comments and preprocessor directives."""
     source = path.read_bytes()
     lines = [0, *(match.end() for match in re.finditer(rb"\n", source))]
     lexed = subprocess.run([compiler, "-std=c++20", "-fsyntax-only", "-Xclang", "-dump-raw-tokens", path],
@@ -43,7 +43,7 @@ def tokens_of(compiler, path):
 
 
 def partners(tokens):
-    """For the index of each opening bracket that of its closing one, and the other way round."""
+    """Maps the index of each opening bracket to that of its closing one, and the other way round."""
     result, open_ones = {}, []
     for index, token in enumerate(tokens):
         if token.text in BRACKETS:

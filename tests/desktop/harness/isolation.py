@@ -13,7 +13,7 @@ _SIOCGIFFLAGS, _SIOCSIFFLAGS, _IFF_UP = 0x8913, 0x8914, 1
 
 # Commands that run another as the user nobody: the second works where a user namespace has made an ordinary user root.
 _AS_NOBODY = (["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"],
-             ["unshare", "--map-user=65534", "--map-group=65534"])
+              ["unshare", "--map-user=65534", "--map-group=65534"])
 
 
 def enter(as_user=False, folder=None):

@@ -23,7 +23,7 @@ class Program:
         self._scale = scale
         self.home = home
         variables = dict(os.environ, HOME=str(home), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
-                            LSAN_OPTIONS=f"suppressions={_LEAKS}:print_suppressions=0")
+                         LSAN_OPTIONS=f"suppressions={_LEAKS}:print_suppressions=0")
         if scale != 1:
             variables["QT_SCALE_FACTOR"] = str(scale)
         variables.update(environment or {})
