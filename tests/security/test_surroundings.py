@@ -38,7 +38,7 @@ class Surroundings(DesktopCase):
             connections = [call for call in trace.calls(r"\w+") if "sa_family=AF_INET" in call]
             self.assertTrue(connections)
             self.assertEqual([call for call in connections if not AGENT.match(call)], [])
-        with self.subTest("nobody can contact the program"):
+        with self.subTest("the program accepts no connections"):
             self.assertEqual(trace.calls("listen", "accept", "accept4"), [])
         with self.subTest("no other program is started, least of all a shell"):
             self.assertEqual(len(trace.calls("execve", "execveat")), 1)

@@ -34,7 +34,7 @@ class Sway(Compositor):
         return Seen(node["name"], node["app_id"], box, not node["visible"], node["type"] == "con")
 
     def look(self, _title, report):
-        report.skip("least size", "the compositor tells nobody of it")
+        report.skip("least size", "the compositor does not report it")
 
     def do(self, title, action):
         self._tell(f'[title="^{title}$"] {_COMMANDS[action]}')

@@ -61,7 +61,7 @@ def _look_at_program(compositor, program, picture, report):
     program.find("list", "Sections")
     report.check("first size", tuple(program.frame.box[2:]), FIRST_SIZE)
     if not compositor.REPORTS_WINDOWS:
-        report.skip("title, app id, states", "the compositor tells nobody")
+        report.skip("title, app id, states", "the compositor does not report them")
         take_settled(compositor.take, picture)
         program.find_in_menu("Window", "Close").act()
         return report.check("end", (program.wait(), program.output), (0, ""))
