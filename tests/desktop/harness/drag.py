@@ -19,7 +19,6 @@ class Drag:
         self._source.set_selection_owner(self._atom("XdndSelection"), X.CurrentTime)
         self._source.change_property(self._atom("XdndActionList"), Xatom.ATOM, 32, [
             self._atom(f"XdndAction{action}") for action in ("Move", "Copy", "Link")])
-        self._answers = {}
 
     def over(self, window, x, y):
         """Moves the drag to a pixel of the screen inside a window. Returns the name of the action that a drop there
