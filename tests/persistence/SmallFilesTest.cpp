@@ -190,8 +190,8 @@ TEST(SmallFiles, AReadOnlyHomeFailsTheSaveAndChangesNothing)
 
 TEST(SmallFiles, WithoutAnyHomeNothingIsReadOrWritten)
 {
-    // Only root can become a user whom the password database does not know. For any other user that database has
-    // a home directory even without HOME: the real one, which no test may touch.
+    // Only root can become a user whom the password database does not know. For any other user that database
+    // has a home directory even without HOME: the real one, which no test may touch.
     if (::geteuid() != 0)
         GTEST_SKIP() << "only root can become a user without a home directory";
     ASSERT_EQ(::chmod(testHome().toUtf8().constData(), 0777), 0);

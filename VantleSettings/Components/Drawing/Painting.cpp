@@ -1,13 +1,8 @@
 #include "Components/Drawing/Painting.h"
 
-#include "Components/Drawing/Tokens.h"
-
 #include <QPainter>
-#include <QPen>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <numbers>
 
 namespace

@@ -7,7 +7,7 @@ import threading
 from gi.repository import Gio, GLib
 
 from . import processes
-from .waiting import eventually
+from .waiting import eventually, eventually_one
 
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
 _PROPERTIES = "org.freedesktop.DBus.Properties"
@@ -222,11 +222,9 @@ class Control:
 
     def find(self, role, name=None, showing=True):
         """Waits until there is exactly one such control, showing unless `showing` is false, and returns it."""
-        def found():
-            controls = [control for control in self.find_all(role, name)
-                        if not showing or control.has("showing")]
-            return controls if len(controls) == 1 else None
-        return eventually(found, lambda: f"expected exactly one {role} “{name}” in:\n{self.outline()}")[0]
+        return eventually_one(
+            lambda: [control for control in self.find_all(role, name) if not showing or control.has("showing")],
+            lambda: f"expected exactly one {role} “{name}” in:\n{self.outline()}")
 
     def outline(self, depth=0):
         """The tree as text, one line for each control."""

@@ -6,7 +6,7 @@ import signal
 import subprocess
 
 from . import processes
-from .waiting import SECONDS, eventually
+from .waiting import SECONDS, eventually, eventually_one
 
 WINDOW = "Vantle Settings"
 
@@ -43,19 +43,18 @@ class Program:
     @property
     def frame(self):
         """The settings window on the accessibility bus. It is a child of the program, so no page is searched."""
-        def found():
-            frames = [child for child in self.root.children
-                      if child.role == "frame" and child.name == WINDOW and child.has("showing")]
-            return frames if len(frames) == 1 else None
-        return eventually(found, "the window does not appear on the accessibility bus")[0]
+        return eventually_one(
+            lambda: [child for child in self.root.children
+                     if child.role == "frame" and child.name == WINDOW and child.has("showing")],
+            "the window does not appear on the accessibility bus")
 
     @property
     def window(self):
         """The settings window as the window manager sees it."""
-        def found():
-            windows = [window for window in self._desktop.windows.of(self.process) if window.title == WINDOW]
-            return windows if len(windows) == 1 else None
-        return eventually(lambda: self._running() and found(), "the window does not appear")[0]
+        return eventually_one(
+            lambda: self._running() and [window for window in self._desktop.windows.of(self.process)
+                                         if window.title == WINDOW],
+            "the window does not appear")
 
     def shows(self, role, name):
         return any(control.has("showing") for control in self.root.find_all(role, name))

@@ -25,3 +25,11 @@ def eventually(condition, message, seconds=SECONDS):
         source = context.find_source_by_id(alarm)
         if source:
             source.destroy()
+
+
+def eventually_one(found, message):
+    """Waits until found() returns exactly one element, and returns that. See eventually()."""
+    def single():
+        elements = found()
+        return elements if len(elements) == 1 else None
+    return eventually(single, message)[0]
