@@ -1,6 +1,6 @@
+#include "HeapInUse.h"
 #include "Model/SettingsModel.h"
 #include "SettingsWindow/SettingsRootView.h"
-#include "agent/HeapInUse.h"
 
 #include <QApplication>
 #include <QDir>

@@ -17,13 +17,19 @@ HEADLESS_PLATFORM = {"Platform/Files", "Platform/Agent", "Platform/Keyboard"}
 def picture():
     """The layer of each name in the picture: folders end in a slash, and Main is the only file."""
     drawing = (ROOT / "docs/architecture.md").read_text().split("```")[1]
-    layers, layer = {}, None
+    layers, number = {}, None
     for line in drawing.splitlines():
         if start := re.match(r" (\d)  ", line):
-            layer = int(start.group(1))
+            number = int(start.group(1))
         for name in re.findall(r"(?<!\S)(?:[A-Z]\w+/)+(?=\s|$)|(?<!\S)Main(?=\s)", line):
-            layers[name] = layer
+            layers[name] = number
     return layers
+
+
+def layer(source, layers):
+    """The layer of a source, or None, in the picture's `layers`."""
+    names = [name for name in layers if source.startswith(name) or source == f"{name}.cpp"]
+    return layers[max(names, key=len)] if names else None
 
 
 def sources():
@@ -49,8 +55,7 @@ class Layers(unittest.TestCase):
         cls.sources = sources()
 
     def layer(self, source):
-        names = [name for name in self.picture if source.startswith(name) or source == f"{name}.cpp"]
-        return self.picture[max(names, key=len)] if names else None
+        return layer(source, self.picture)
 
     def test_the_picture_has_seven_layers(self):
         self.assertGreater(len(self.sources), 40)
@@ -115,6 +120,33 @@ def cycles(below):
     for name in list(below):
         follow(name, [])
     return found
+
+
+class TestFolders(unittest.TestCase):
+    """The tests of a folder of the program are in the folder of the same name below tests/."""
+    TESTS = ROOT / "tests"
+
+    def files(self):
+        return [file.relative_to(self.TESTS).as_posix() for file in sorted(self.TESTS.glob("[A-Z]*/**/*"))]
+
+    def test_each_is_that_of_a_folder_of_the_program(self):
+        folders = {folder(file) for file in self.files() if file.endswith(SUFFIXES)}
+        self.assertGreater(len(folders), 20)
+        self.assertEqual([name for name in sorted(folders) if not (PROGRAM / name).is_dir()], [])
+
+    def test_the_tests_of_a_source_are_in_its_folder(self):
+        at = {pathlib.PurePath(source).stem: folder(source) for source in sources()}
+        elsewhere = [f"tests/{file}, but {at[subject]}" for file in self.files() if file.endswith("Test.cpp")
+                     for subject in [pathlib.PurePath(file).stem.removesuffix("Test")]
+                     if subject in at and folder(file) != at[subject]]
+        self.assertEqual(elsewhere, [])
+
+    def test_no_test_includes_a_layer_above_its_folder(self):
+        layers, known = picture(), sources()
+        above = [f"tests/{file} includes {included}" for file in self.files() if file.endswith((".h", ".cpp"))
+                 for included in re.findall(r'^#include "([^"]+)"', (self.TESTS / file).read_text(), re.MULTILINE)
+                 if included in known and layer(included, layers) > layer(file, layers)]
+        self.assertEqual(above, [])
 
 
 class OperatingSystem(unittest.TestCase):
