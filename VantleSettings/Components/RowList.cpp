@@ -55,6 +55,7 @@ void RowList::setIds(std::vector<QUuid> ids)
     if (ids != m_ids) {
         keepRows(ids);
         m_ids = std::move(ids);
+        m_isVirtualized = mustVirtualize();
         expectHeights();
     }
     for (const auto &[index, row] : m_rows)
@@ -89,6 +90,17 @@ void RowList::keepRows(const std::vector<QUuid> &ids)
             discard(row);
     }
     m_rows = std::move(kept);
+}
+
+/// Whether creating all rows would take too long: there are many, or their texts are long together.
+bool RowList::mustVirtualize() const
+{
+    if (count() > virtualizationThreshold)
+        return true;
+    qsizetype length = 0;
+    for (qsizetype index = 0; index < count() && m_delegate.textLength; ++index)
+        length += m_delegate.textLength(index);
+    return length > virtualizationTextLength;
 }
 
 void RowList::expectHeights()
@@ -127,10 +139,10 @@ bool RowList::measure()
     return true;
 }
 
-/// The rows that must exist in any case: all of a short list, of a longer one those in view.
+/// The rows that must exist in any case: all, or if the list is virtualized, those in view.
 RowList::Range RowList::wanted() const
 {
-    if (count() <= virtualizationThreshold)
+    if (!m_isVirtualized)
         return {0, count()};
     if (!isVisible() || !m_scrollArea)
         return {0, 0};
@@ -198,7 +210,7 @@ void RowList::makeRow(qsizetype index)
 
 void RowList::dropOutside(Range range)
 {
-    if (count() <= virtualizationThreshold)
+    if (!m_isVirtualized)
         return;
     std::erase_if(m_rows, [&](const auto &entry) {
         const auto &[index, row] = entry;

@@ -12,9 +12,9 @@
 
 class QScrollArea;
 
-/// A list of any number of rows, with dividers between them. Up to a hundred rows all exist. Of a longer list
-/// there are only the rows in view, the one with the keyboard focus and those that the delegate keeps. A row
-/// is deleted at the latest when its id leaves the list.
+/// A list of any number of rows, with dividers between them. Up to a hundred rows all exist, unless their
+/// texts are very long. Of other lists there are only the rows in view, the one with the keyboard focus and
+/// those that the delegate keeps. A row is deleted at the latest when its id leaves the list.
 ///
 /// The toolkit's item views paint their rows and open an editor in one of them at a time. Here each row has
 /// its own controls, which keep caret and undo history and are in the accessibility tree.
@@ -32,11 +32,14 @@ public:
         /// Returns the function that estimates the height of each row, in points. Called again when the ids
         /// or the text size change.
         std::function<std::function<int(qsizetype index)>()> expectedHeights;
+        /// The length of a row's texts, in UTF-16 code units. Called again when the ids change.
+        std::function<qsizetype(qsizetype index)> textLength = {};
         /// Whether a row has state that exists nowhere else, so that it must not be deleted out of view.
         std::function<bool(const QWidget *row)> mustKeep = {};
     };
 
-    static constexpr qsizetype virtualizationThreshold = 100;
+    static constexpr qsizetype virtualizationThreshold = 100;    ///< a list of more rows is virtualized
+    static constexpr qsizetype virtualizationTextLength = 30000; ///< so is one of more text
 
     explicit RowList(RowDelegate delegate, QWidget *parent = nullptr);
     ~RowList() override;
@@ -68,6 +71,7 @@ private:
 
     qsizetype count() const { return qsizetype(m_ids.size()); }
     void keepRows(const std::vector<QUuid> &ids);
+    bool mustVirtualize() const;
     void expectHeights();
     bool measure();
     Range wanted() const;
@@ -84,6 +88,7 @@ private:
     RowDelegate m_delegate;
     QWidget *m_start; ///< invisible; marks where the rows begin in the tab order
     std::vector<QUuid> m_ids;
+    bool m_isVirtualized = false; ///< rows out of view do not exist
     RowGeometry m_geometry;
     std::map<qsizetype, Row> m_rows;
     QPointer<QScrollArea> m_scrollArea;

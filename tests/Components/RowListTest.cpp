@@ -28,6 +28,33 @@ TEST_F(RowListTest, OfMoreThanAHundredRowsOnlyThoseInViewExist)
     EXPECT_LT(list->createdCount(), 15);
 }
 
+TEST_F(RowListTest, OfRowsWithVeryLongTextsOnlyThoseInViewExist)
+{
+    textLength = 601;
+    fill(50);
+    show();
+    for (const int position : {0, 1, 777, area.verticalScrollBar()->maximum()}) {
+        scrollTo(position);
+        EXPECT_EQ(createdRows(), expectedInView()) << "scrolled to " << position;
+    }
+    EXPECT_LT(list->createdCount(), 15);
+}
+
+TEST_F(RowListTest, TheLengthsOfTheTextsAreAskedForAgainWhenTheIdsChange)
+{
+    textLength = 600;
+    fill(50);
+    show();
+    EXPECT_EQ(list->createdCount(), 50) << "30,000 characters are not too many";
+    fill(51);
+    processEvents();
+    EXPECT_EQ(createdRows(), expectedInView());
+    textLength = 10;
+    fill(51);
+    processEvents();
+    EXPECT_EQ(list->createdCount(), 51);
+}
+
 TEST_F(RowListTest, RowsOutOfViewAreNotInTheAccessibilityTree)
 {
     fill(1000);

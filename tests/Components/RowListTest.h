@@ -113,6 +113,7 @@ protected:
     std::vector<QUuid> ids;
     std::map<QUuid, int> heights; ///< of rows whose height is not the expected one
     int expectedHeight = rowHeight;
+    qsizetype textLength = 0; ///< of each row
     int madeCount = 0;
     QWidget *keptRow = nullptr; ///< the row that the delegate keeps
     QPushButton *above = new QPushButton;
@@ -129,6 +130,7 @@ protected:
                 static_cast<ButtonRow *>(row)->button->setText(QString::number(index));
             },
         .expectedHeights = [this] { return [height = expectedHeight](qsizetype) { return height; }; },
+        .textLength = [this](qsizetype) { return textLength; },
         .mustKeep = [this](const QWidget *row) { return row == keptRow; },
     });
     QScrollArea area;

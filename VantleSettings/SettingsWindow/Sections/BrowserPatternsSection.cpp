@@ -104,6 +104,8 @@ RowList *BrowserPatternsSection::projectRows()
                     return height(project(index));
                 };
             },
+        .textLength =
+            [project](qsizetype index) { return project(index).root.size() + project(index).urls.size(); },
         .mustKeep =
             [](const QWidget *row) { return static_cast<const ProjectRow *>(row)->editor().isTouched(); },
     });

@@ -88,6 +88,11 @@ RowList *PlanningSection::projectRows()
         .show = [](QWidget *row, qsizetype) { static_cast<PlanningProjectRow *>(row)->render(); },
         .expectedHeights =
             [] { return [height = PlanningProjectRow::expectedHeight()](qsizetype) { return height; }; },
+        .textLength =
+            [this](qsizetype index) {
+                const PlanningProject &project = m_model.planningProjects.value()[size_t(index)];
+                return project.name.size() + project.path.size();
+            },
     });
 }
 

@@ -16,6 +16,8 @@
 #include <QStringBuilder>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -25,6 +27,7 @@ constexpr int editorGap = 8;
 constexpr int editorPadding = 8;
 constexpr int editorPaddingVertical = 6;
 constexpr int editorRadius = 6;
+constexpr qsizetype heightLimit = 10000; ///< in characters: these fill the highest editor
 
 /// The rounded background around an editor.
 class EditorBackground : public QWidget
@@ -77,6 +80,7 @@ std::function<int(const BrowserConfigProject &)> ProjectRow::expectedHeight()
     const int rest =
         rowHeight(TextStyle::size13Semibold, TextStyle::size11) + editorGap + 2 * editorPaddingVertical;
     return [rest, editor = PatternsEditor::expectedHeight()](const BrowserConfigProject &project) {
-        return rest + editor(project.urls.count(u'\n') + 1);
+        const QStringView urls(project.urls);
+        return rest + editor(urls.first(std::min(urls.size(), heightLimit)).count(u'\n') + 1);
     };
 }

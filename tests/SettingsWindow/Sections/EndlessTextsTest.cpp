@@ -1,4 +1,5 @@
 #include "Components/MenuButton.h"
+#include "Components/RowList.h"
 #include "Components/Text/PatternsEditor.h"
 #include "PageTest.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
@@ -100,6 +101,51 @@ TEST_P(EndlessTextsTest, AsAFolderWithPatternsThatAreEditedAndSaved)
         lines << pattern.toString();
     EXPECT_EQ(lines, QStringList(u"x"_s) + before.split(u'\n', Qt::SkipEmptyParts));
     window->grab();
+}
+
+/// Fifty projects, so few that all their rows would exist if their texts were short.
+class ManyLongTextsTest : public PageTest
+{
+protected:
+    static constexpr int count = 50;
+    static constexpr int length = 2000;
+
+    static QString path(int number) { return u'/' + QString::number(100 + number) + u"w"_s.repeated(length); }
+
+    /// How many rows there are at the moment.
+    qsizetype rowCount() const { return page->findChild<RowList *>()->createdCount(); }
+};
+
+TEST_F(ManyLongTextsTest, PlanningCreatesOnlyTheRowsInView)
+{
+    QByteArray toml;
+    for (int number = 0; number < count; ++number)
+        toml += "[[projects]]\npath = '" + path(number).toUtf8() + "'\n";
+    putManifest(toml);
+    show<PlanningSection>();
+    EXPECT_TRUE(shows(path(0)));
+    EXPECT_LT(rowCount(), 20);
+    window->ensureWidgetVisible(button(u"Refresh"_s));
+    processEvents();
+    EXPECT_TRUE(shows(path(count - 1)));
+    EXPECT_LT(rowCount(), 20);
+}
+
+TEST_F(ManyLongTextsTest, BrowserPatternsCreatesOnlyTheRowsInViewAndSavesAll)
+{
+    QJsonObject patterns;
+    for (int number = 0; number < count; ++number)
+        patterns[path(number)] = QJsonArray{path(number)};
+    putHomeFile(u".claude/browser-patterns.json"_s, QJsonDocument(patterns).toJson());
+    show<BrowserPatternsSection>();
+    EXPECT_TRUE(shows(path(0)));
+    EXPECT_LT(rowCount(), 10);
+    window->ensureWidgetVisible(button(u"Save Patterns"_s));
+    processEvents();
+    EXPECT_TRUE(shows(path(count - 1)));
+    EXPECT_LT(rowCount(), 10);
+    press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(QJsonDocument::fromJson(*homeFile(u".claude/browser-patterns.json"_s)).object(), patterns);
 }
 
 std::string nameOf(const testing::TestParamInfo<QString> &test)
