@@ -32,19 +32,10 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/com.vantle.settings.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vantle-settings.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
-# Up to 24 pixels, a simpler drawing is used, which is clearer.
 set(icons)
 foreach(size IN ITEMS 16 22 24 32 48 64 96 128 256 512)
-    if(size LESS_EQUAL 24)
-        set(drawing ${CMAKE_CURRENT_SOURCE_DIR}/icon/vantle-settings-small.svg)
-    else()
-        set(drawing ${CMAKE_CURRENT_SOURCE_DIR}/icon/vantle-settings.svg)
-    endif()
     set(picture ${CMAKE_CURRENT_BINARY_DIR}/icon-${size}.png)
-    add_custom_command(OUTPUT ${picture}
-        COMMAND render-icon ${drawing} 0 ${size} ${picture}
-        DEPENDS render-icon ${drawing}
-        VERBATIM)
+    vantle_icon(${size} ${picture})
     list(APPEND icons ${picture})
     install(FILES ${picture} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
         RENAME com.vantle.settings.png)

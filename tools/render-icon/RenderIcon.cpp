@@ -1,8 +1,10 @@
-// render-icon SVG INSET SIZE PNG
+// render-icon SVG INSET SIZE PICTURE
 //
 // Draws the application's icon once, SIZE pixels square, for the build. INSET is the empty share of the
-// picture's width on each side, which icon sets ask for in different amounts.
+// picture's width on each side, which icon sets ask for in different amounts. The picture is a PNG if its
+// name says so, else the bare pixels of QImage::Format_ARGB32_Premultiplied, row by row.
 
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QString>
@@ -19,12 +21,22 @@ int fail(const char *reason, const char *about)
     return 1;
 }
 
+bool save(const QImage &picture, const QString &name)
+{
+    if (name.endsWith(QStringLiteral(".png")))
+        return picture.save(name);
+    QFile file(name);
+    const auto size = picture.sizeInBytes();
+    return file.open(QIODevice::WriteOnly) &&
+           file.write(reinterpret_cast<const char *>(picture.constBits()), size) == size && file.flush();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     if (argc != 5)
-        return fail("wants four arguments", "SVG INSET SIZE PNG");
+        return fail("wants four arguments", "SVG INSET SIZE PICTURE");
     QSvgRenderer drawing(QString::fromLocal8Bit(argv[1]));
     if (!drawing.isValid())
         return fail("not a drawing", argv[1]);
@@ -44,7 +56,7 @@ int main(int argc, char **argv)
         const double margin = size * inset;
         drawing.render(&painter, QRectF(0, 0, size, size).adjusted(margin, margin, -margin, -margin));
     }
-    if (!picture.save(QString::fromLocal8Bit(argv[4]), "PNG"))
+    if (!save(picture, QString::fromLocal8Bit(argv[4])))
         return fail("cannot write", argv[4]);
     return 0;
 }

@@ -8,7 +8,6 @@
 #include <QPixmap>
 #include <QPlatformSurfaceEvent>
 #include <QStandardPaths>
-#include <QSvgRenderer>
 #include <QWidget>
 #include <QWindow>
 
@@ -108,17 +107,13 @@ private:
     xcb_atom_t m_scheme = XCB_ATOM_NONE;
 };
 
+/// The icon as the build has rendered it. Loading PNG files would need eight times as many instructions.
 QPixmap applicationIcon(int extent)
 {
-    // Up to 24 pixels a simpler drawing is clearer.
-    QSvgRenderer drawing(extent <= 24 ? QStringLiteral(":/icon/vantle-settings-small.svg")
-                                      : QStringLiteral(":/icon/vantle-settings.svg"));
-    QPixmap picture(extent, extent);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawing.render(&painter, QRectF(0, 0, extent, extent));
-    return picture;
+    QFile file(QStringLiteral(":/icon-%1").arg(extent));
+    const QByteArray pixels = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const auto *first = reinterpret_cast<const uchar *>(pixels.constData());
+    return QPixmap::fromImage(QImage(first, extent, extent, QImage::Format_ARGB32_Premultiplied).copy());
 }
 
 /// For task lists that don't look for the program's desktop entry.
