@@ -13,7 +13,6 @@
 #include "Platform/Desktop/Appearance/Symbol.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 
-#include <QDir>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -168,9 +167,9 @@ SettingsGroup *editor()
 SettingsGroup *tiles()
 {
     std::vector<QWidget *> all;
-    const QStringList files = QDir(u":/symbols"_s).entryList();
-    for (qsizetype i = 0; i < files.size(); ++i)
-        all.push_back(new SidebarIcon(files[i].chopped(4), SystemColor(i % 10)));
+    const QStringList names = drawnSymbolNames();
+    for (qsizetype i = 0; i < names.size(); ++i)
+        all.push_back(new SidebarIcon(names[i], SystemColor(i % 10)));
     const auto middle = all.begin() + 14;
     return new SettingsGroup({.header = u"Tiles"_s}, {padded(sideBySide({all.begin(), middle})),
                                                       padded(sideBySide({middle, all.end()}))});
@@ -180,7 +179,7 @@ SettingsGroup *tiles()
 class SymbolSheet : public QWidget
 {
 public:
-    SymbolSheet() { setFixedSize(2 * column, rowHeight * int((m_files.size() + 1) / 2)); }
+    SymbolSheet() { setFixedSize(2 * column, rowHeight * int((m_names.size() + 1) / 2)); }
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -188,8 +187,8 @@ protected:
         QPainter painter(this);
         painter.fillRect(rect(), Tokens::cardBackground);
         painter.setFont(textFont(TextStyle::size10));
-        for (qsizetype i = 0; i < m_files.size(); ++i)
-            drawRow(painter, m_files[i].chopped(4), QPoint(int(i % 2) * column, int(i / 2) * rowHeight));
+        for (qsizetype i = 0; i < m_names.size(); ++i)
+            drawRow(painter, m_names[i], QPoint(int(i % 2) * column, int(i / 2) * rowHeight));
     }
 
 private:
@@ -208,7 +207,7 @@ private:
         painter.drawText(QRect(x, origin.y(), column - (x - origin.x()), rowHeight), Qt::AlignVCenter, name);
     }
 
-    const QStringList m_files = QDir(u":/symbols"_s).entryList();
+    const QStringList m_names = drawnSymbolNames();
 };
 
 } // namespace
