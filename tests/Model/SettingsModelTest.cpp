@@ -70,6 +70,16 @@ TEST_F(SettingsModelTest, IsMadeFromTheFilesInAFixedOrder)
                             "read ~/.vantle/planning.json"));
 }
 
+TEST_F(SettingsModelTest, ReadsThePlanningRootBeforeItsManifest)
+{
+    world.put(u".vantle/planning.json"_s, R"({"root": "/plan"})");
+    const SettingsModel model;
+    const std::vector<std::string> record = world.takeRecord();
+    ASSERT_GE(record.size(), 2U);
+    EXPECT_THAT(std::vector(record.end() - 2, record.end()),
+                ElementsAre("read ~/.vantle/planning.json", "read /plan/projects.toml"));
+}
+
 TEST_F(SettingsModelTest, StartsFromTheDefaultsWhereThereAreNoFiles)
 {
     world.put(u".vantle/sessions.json"_s, "");

@@ -106,6 +106,19 @@ TEST(SessionMatching, EqualAndNestedProjectsEachCount)
               (std::vector<std::int64_t>{4, 3, 4, 0, 0, 4}));
 }
 
+TEST(SessionMatching, PathsWithTheSameHashAreDifferentProjects)
+{
+    const QString one = u"/\u6F99\u9DAD\u92D9\u51C0\u4E00"_s;
+    const QString other = u"/\u7FD1\u55D6\u7E5C\u528F\u5F21"_s; // the same 64 bits of FNV-1a
+    EXPECT_EQ(countSessions({one, other}, {{one, 2}, {other, 3}}), (std::vector<std::int64_t>{2, 3}));
+}
+
+TEST(SessionMatching, ADirectoryMayBeOneUnitLongerThanEveryProject)
+{
+    const QString project = u'/' + QString(62, u'a');
+    EXPECT_EQ(countOf(project, {{project + u'a', 2}, {project, 3}}), 3);
+}
+
 TEST(SessionMatching, WithoutSessionsOrProjectsThereIsNothingToCount)
 {
     EXPECT_EQ(countSessions({}, {{u"/a"_s, 1}}), std::vector<std::int64_t>());
