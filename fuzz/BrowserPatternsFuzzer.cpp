@@ -1,6 +1,6 @@
 #include "Foundation/Json.h"
 #include "Fuzzing.h"
-#include "Persistence/Persistence.h"
+#include "Persistence/BrowserPatterns.h"
 
 /// What is loaded survives a save, and the rows made of it give it back, but for roots without patterns.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)

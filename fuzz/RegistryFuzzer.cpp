@@ -1,6 +1,5 @@
 #include "Foundation/Json.h"
 #include "Fuzzing.h"
-#include "Persistence/Persistence.h"
 #include "Persistence/SessionRegistry.h"
 
 #include <algorithm>

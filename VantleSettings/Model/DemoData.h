@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Persistence/Persistence.h"
+#include "Persistence/BrowserPatterns.h"
 #include "PlanningProjects/PlanningProject.h"
 
 #include <vector>

@@ -1,5 +1,6 @@
 #include "Foundation/Text.h"
 #include "Model/SettingsModel.h"
+#include "Persistence/SessionRegistry.h"
 #include "Platform/Files/Path.h"
 
 #include <algorithm>

@@ -3,6 +3,8 @@
 #include "AgentBridge/AgentBridge.h"
 #include "LaunchAgent/LaunchAgent.h"
 #include "Model/DemoData.h"
+#include "Persistence/Persistence.h"
+#include "Persistence/SessionRegistry.h"
 #include "Persistence/SharedFiles.h"
 #include "Planning/Planning.h"
 #include "PlanningProjects/PlanningProjects.h"

@@ -4,7 +4,7 @@
 #include "Model/SettingsSection.h"
 #include "Options/Options.h"
 #include "Persistence/BrowserConfigProject.h"
-#include "Persistence/Persistence.h"
+#include "Persistence/BrowserPatterns.h"
 #include "PlanningProjects/PlanningProject.h"
 #include "Shortcuts/Shortcuts.h"
 

@@ -1,5 +1,6 @@
+#include "Persistence/BrowserPatterns.h"
+
 #include "Persistence/HomeFile.h"
-#include "Persistence/Persistence.h"
 #include "Persistence/SharedFiles.h"
 
 #include <algorithm>

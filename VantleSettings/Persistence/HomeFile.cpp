@@ -1,7 +1,6 @@
 #include "Persistence/HomeFile.h"
 
 #include "Foundation/Seam.h"
-#include "Persistence/Persistence.h"
 #include "Platform/Files/FileSystem.h"
 #include "Platform/Files/Home.h"
 #include "Platform/Files/Path.h"

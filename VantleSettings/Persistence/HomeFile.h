@@ -8,6 +8,14 @@
 #include <functional>
 #include <optional>
 
+namespace Persistence
+{
+
+/// Makes sure that the directory that contains this file exists.
+void ensureDir(const QString &filePath);
+
+} // namespace Persistence
+
 /// How every settings file is read and written: JSON under the home directory, which is looked up for each
 /// call; without a home directory nothing is read or written. A file holds one record. A function `decode`
 /// makes the record from the top-level `Json::Value`, or returns nothing where that is no such record.

@@ -1,7 +1,6 @@
 #include "Persistence/SessionRegistry.h"
 
 #include "Persistence/HomeFile.h"
-#include "Persistence/Persistence.h"
 #include "Persistence/SharedFiles.h"
 
 #include <algorithm>

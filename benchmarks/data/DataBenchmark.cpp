@@ -1,5 +1,5 @@
 #include "Foundation/Text.h"
-#include "Persistence/Persistence.h"
+#include "Persistence/SessionRegistry.h"
 #include "PlanningProjects/Manifest.h"
 #include "PlanningProjects/SessionMatching.h"
 #include "Platform/Files/Path.h"

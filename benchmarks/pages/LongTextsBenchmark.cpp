@@ -1,7 +1,7 @@
 #include "BenchmarkApplication.h"
 #include "Components/Text/PatternsEditor.h"
 #include "OpenPage.h"
-#include "Persistence/Persistence.h"
+#include "Persistence/BrowserPatterns.h"
 #include "Ratios.h"
 #include "SettingsWindow/Sections/BrowserPatternsSection.h"
 #include "SettingsWindow/Sections/PlanningSection.h"

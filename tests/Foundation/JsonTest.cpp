@@ -223,6 +223,7 @@ TEST(Json, NamesAreEqualWhenTheyAreCanonicallyEquivalent)
     EXPECT_EQ(parse("{\"Key\":\"x\"}").root()["\u212aey"].text(), u"x"_s);
     EXPECT_EQ(parse("{\"na\\u006de\":\"x\"}").root()["name"].text(), u"x"_s);
     EXPECT_TRUE(parse("{\"Name\":\"x\",\" name\":\"x\"}").root()["name"].isAbsent());
+    EXPECT_TRUE(parse("{\"nam\u00e9\":\"x\"}").root()["name"].isAbsent());
 }
 
 TEST(Json, CountsAndListsElementsOfArraysOnly)

@@ -1,5 +1,6 @@
+#include "Persistence/BrowserPatterns.h"
+
 #include "HomeFiles.h"
-#include "Persistence/Persistence.h"
 #include "RecordingFileSystem.h"
 
 #include <QDir>

@@ -1,6 +1,5 @@
 #include "ChildProcess.h"
 #include "HomeFiles.h"
-#include "Persistence/Persistence.h"
 #include "Persistence/SessionRegistry.h"
 #include "Rounds.h"
 

@@ -1,7 +1,6 @@
 #include "Persistence/SessionRegistry.h"
 
 #include "HomeFiles.h"
-#include "Persistence/Persistence.h"
 #include "RecordingFileSystem.h"
 
 #include <QDir>

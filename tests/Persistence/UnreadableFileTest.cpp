@@ -1,5 +1,6 @@
 #include "ChildProcess.h"
 #include "HomeFiles.h"
+#include "Persistence/BrowserPatterns.h"
 #include "Persistence/Persistence.h"
 #include "Planning/Planning.h"
 #include "Shortcuts/Shortcuts.h"

@@ -1,6 +1,8 @@
 #include "Foundation/Json.h"
 #include "HomeFiles.h"
+#include "Persistence/BrowserPatterns.h"
 #include "Persistence/Persistence.h"
+#include "Persistence/SessionRegistry.h"
 #include "Planning/Planning.h"
 #include "Shortcuts/Shortcuts.h"
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Foundation/Text.h"
+#include "Persistence/BrowserConfigProject.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace Persistence
+{
+
+/// URL patterns by project root, in code-point order of the root.
+using BrowserPatterns = Text::Map<QStringList>;
+
+/// `~/.claude/browser-patterns.json`; empty by default.
+BrowserPatterns loadBrowserPatterns();
+bool saveBrowserPatterns(const BrowserPatterns &patterns); ///< whether the file was written
+void clearBrowserPatterns();
+
+/// The patterns in the rows: one per line, trimmed. Rows without patterns are left out; of rows with the same
+/// root the last wins.
+BrowserPatterns browserPatterns(const std::vector<BrowserConfigProject> &rows);
+
+} // namespace Persistence
