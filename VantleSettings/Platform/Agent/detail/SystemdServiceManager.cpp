@@ -132,7 +132,8 @@ void SystemdServiceManager::isLoaded(std::chrono::milliseconds patience, Answer 
 }
 
 /// Enables the unit once it has started and disables it where it has not, so that the next login does what
-/// the switch shows.
+/// the switch shows. A unit that is enabled for all users stays so: only masking would prevent its start at
+/// login, but also every other one.
 void SystemdServiceManager::load(Answer answer)
 {
     if (!hasJobFile())
