@@ -1,6 +1,7 @@
 #include "Foundation/JsonWriter.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 #include <type_traits>
 
@@ -85,26 +86,62 @@ private:
 
     void writeBytes(const QByteArray &utf8) { writeBytes(utf8.begin(), utf8.end()); }
 
-    template <class Units>
-    void writeBytes(const Units *begin, const Units *end)
+    template <class Unit>
+    void writeBytes(const Unit *begin, const Unit *end)
     {
-        const auto escaped = std::count_if(begin, end, mustBeEscaped<Units>);
+        qsizetype escaped = 0;
+        forEachBlock(begin, end, [&](const Unit *block, const Unit *blockEnd) {
+            escaped += escapedCount(block, blockEnd);
+        });
         const qsizetype start = m_out.size();
         m_out.resize(start + 2 + (end - begin) + escaped * (longestEscape - 1));
         char *out = m_out.data() + start;
         *out++ = '"';
-        if (escaped == 0) {
-            out = std::transform(begin, end, out, [](Units unit) { return char(unit); });
-        } else {
-            for (; begin != end; ++begin) {
-                if (mustBeEscaped(*begin))
-                    out = escape(char(*begin), out);
-                else
-                    *out++ = char(*begin);
-            }
-        }
+        forEachBlock(begin, end, [&](const Unit *block, const Unit *blockEnd) {
+            out = escaped == 0 || escapedCount(block, blockEnd) == 0 ? copy(block, blockEnd, out)
+                                                                     : copyEscaped(block, blockEnd, out);
+        });
         *out++ = '"';
         m_out.truncate(out - m_out.constData());
+    }
+
+    template <class Unit, class Function>
+    static void forEachBlock(const Unit *begin, const Unit *end, Function function)
+    {
+        while (begin != end) {
+            const Unit *const blockEnd = begin + std::min(end - begin, blockLength);
+            function(begin, blockEnd);
+            begin = blockEnd;
+        }
+    }
+
+    /// Counts in a type as small as the units, so that the compiler can count many at a time.
+    template <class Unit>
+    static qsizetype escapedCount(const Unit *begin, const Unit *end)
+    {
+        std::make_unsigned_t<Unit> count = 0;
+        for (; begin != end; ++begin)
+            count += mustBeEscaped(*begin) ? 1 : 0;
+        return count;
+    }
+
+    /// Returns where the next byte goes, as do the others.
+    template <class Unit>
+    static char *copy(const Unit *begin, const Unit *end, char *out)
+    {
+        return std::transform(begin, end, out, [](Unit unit) { return char(unit); });
+    }
+
+    template <class Unit>
+    static char *copyEscaped(const Unit *begin, const Unit *end, char *out)
+    {
+        for (; begin != end; ++begin) {
+            if (mustBeEscaped(*begin))
+                out = escape(char(*begin), out);
+            else
+                *out++ = char(*begin);
+        }
+        return out;
     }
 
     template <class Unit>
@@ -113,7 +150,6 @@ private:
         return std::make_unsigned_t<Unit>(unit) < 0x20 || unit == '"' || unit == '\\' || unit == '/';
     }
 
-    /// Returns where the next byte goes.
     static char *escape(char byte, char *out)
     {
         static constexpr std::string_view plain = "\"\\/\b\f\n\r\t";
@@ -126,7 +162,8 @@ private:
         return std::ranges::copy("u00" + QByteArray(1, byte).toHex(), out).out;
     }
 
-    static constexpr qsizetype longestEscape = 6; ///< in bytes
+    static constexpr qsizetype longestEscape = 6;      ///< in bytes
+    static constexpr std::ptrdiff_t blockLength = 255; ///< at most what escapedCount() can count
 
     QByteArray &m_out;
     int m_depth = 0;

@@ -17,7 +17,7 @@ struct SortedRow {
 SortedRow sortedRow(const QString &root, const QStringList &patterns)
 {
     return {Text::sortKey(Text::lowercased(Path::lastComponent(root).toString())),
-            {.root = root, .urls = patterns.join(u'\n')}};
+            {.root = root, .urls = patterns.size() == 1 ? patterns.front() : patterns.join(u'\n')}};
 }
 
 } // namespace

@@ -48,7 +48,7 @@ QStringList patterns(const QString &urls)
     patterns.reserve(urls.count(u'\n') + 1);
     for (const QStringView line : QStringView(urls).tokenize(u'\n')) {
         if (const QStringView pattern = Text::trimmed(line); !pattern.isEmpty())
-            patterns.append(pattern.toString());
+            patterns.append(pattern.size() == urls.size() ? urls : pattern.toString());
     }
     return patterns;
 }

@@ -27,6 +27,12 @@ std::optional<Json::Document> document(const QString &path)
     return bytes ? Json::Document::parse(*bytes) : std::nullopt;
 }
 
+bool holdsRecord(const QString &path, const std::function<bool(const Json::Value &)> &isRecord)
+{
+    const auto present = document(path);
+    return present && isRecord(present->root());
+}
+
 /// The paths to which a file that could not be read may be copied before it is overwritten.
 QStringList unreadableCopies(const QString &path)
 {
@@ -53,8 +59,7 @@ bool HomeFile::write(const QString &relativePath, const Json::Node &record,
     const auto path = absolute(relativePath); // the home directory may have changed meanwhile
     if (!path)
         return false;
-    const auto present = document(*path);
-    if (!present || !isRecord(present->root()))
+    if (!holdsRecord(*path, isRecord))
         files().keepCopy(*path, unreadableCopies(*path));
     return files().write(*path, Json::encode(record));
 }

@@ -69,6 +69,21 @@ TEST(JsonWriter, EscapesTextsAndNamesAlike)
     }
 }
 
+TEST(JsonWriter, EscapesWhereverInALongText)
+{
+    for (const QString &letter : {u"w"_s, u"é"_s}) {
+        for (const int before : {0, 1, 200, 254, 255, 256, 257, 509, 510, 511, 900}) {
+            for (const int slashes : {1, 2, 255, 256, 1000}) {
+                const QString start = letter + u"x"_s.repeated(before);
+                const QByteArray written =
+                    '"' + start.toUtf8() + QByteArray("\\/").repeated(slashes) + "end\"";
+                EXPECT_EQ(Json::encode(QString(start + u"/"_s.repeated(slashes) + u"end"_s)), written)
+                    << before << ' ' << slashes;
+            }
+        }
+    }
+}
+
 TEST(JsonWriter, SortsMembersByTheBytesOfTheirNames)
 {
     const std::vector<std::vector<QString>> orders = {

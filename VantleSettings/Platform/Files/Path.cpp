@@ -80,7 +80,10 @@ QStringView Path::lastComponent(QStringView path)
 {
     while (path.size() > 1 && path.endsWith(u'/'))
         path.chop(1);
-    return path == u"/" ? path : path.sliced(path.lastIndexOf(u'/') + 1);
+    if (path == u"/")
+        return path;
+    // The toolkit's search from the end takes several times as long.
+    return path.last(std::find(path.rbegin(), path.rend(), u'/') - path.rbegin());
 }
 
 QString Path::parent(const QString &path)
