@@ -13,6 +13,7 @@
 #include <QSvgRenderer>
 
 #include <cstdio>
+#include <utility>
 
 namespace
 {
@@ -49,7 +50,7 @@ QByteArray pointList(const QPainterPath &path)
 class Recorder : public QPaintEngine
 {
 public:
-    explicit Recorder(const QByteArray &symbol) : QPaintEngine(AllFeatures), m_symbol(symbol) {}
+    explicit Recorder(QByteArray symbol) : QPaintEngine(AllFeatures), m_symbol(std::move(symbol)) {}
 
     bool begin(QPaintDevice *) override { return true; }
     bool end() override { return true; }
