@@ -85,7 +85,7 @@ QFont textFont(TextStyle style)
     const Face wanted = face(style);
     QFont font = systemText().font;
     if (style == TextStyle::size12SemiboldMono)
-        font.setFamilies(QStringList{u"JetBrains Mono"_s} + font.families());
+        font.setFamily(u"JetBrains Mono"_s); // with a second family the toolkit would look up all fallbacks
     if (style == TextStyle::groupHeader)
         font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
     font.setPixelSize(scaledWithText(wanted.size));

@@ -17,7 +17,7 @@ QFont systemFont()
     QFont font = QGuiApplication::font();
     const QString unnamed = QStringLiteral("Sans Serif"); // Qt's name where the desktop sets no font
     if (font.family() == unnamed)
-        font.setFamilies({QStringLiteral("Inter"), unnamed});
+        font.setFamily(QStringLiteral("Inter")); // fontconfig replaces it by its default where it is missing
     return font;
 }
 
