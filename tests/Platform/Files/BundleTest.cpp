@@ -54,6 +54,13 @@ TEST(InstalledBundle, ReadsItsVersionWithoutTheLineEnd)
     EXPECT_EQ(prefix.bundle().version, u"2.7.1"_s);
 }
 
+TEST(InstalledBundle, ReadsNoMoreThan64BytesOfAVersion)
+{
+    const Prefix prefix;
+    prefix.writeVersion(QByteArray(100, '7'));
+    EXPECT_EQ(prefix.bundle().version, QString(64, u'7'));
+}
+
 TEST(InstalledBundle, AnEmptyVersionIsNone)
 {
     const Prefix prefix;

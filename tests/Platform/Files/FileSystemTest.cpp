@@ -95,6 +95,13 @@ TEST(FileSystem, ReadsNothingButRegularFilesAndNeverWaitsForOne)
     ::close(socket);
 }
 
+TEST(FileSystem, AFileThatCannotBeReadHasNoBytes)
+{
+    // A regular file that can be opened, but whose beginning is no memory. (It does not exist on every
+    // system.)
+    EXPECT_FALSE(files().read(u"/proc/self/mem"_s));
+}
+
 TEST(FileSystem, RefusesToReadFilesOf4GiBAndMore)
 {
     putHomeFile(u"sparse"_s, "[]");
