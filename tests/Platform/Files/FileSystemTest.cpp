@@ -151,6 +151,13 @@ TEST(FileSystem, WritesInPlaceAndKeepsModeOwnerAndLinks)
     EXPECT_EQ(QDir(testHome()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 3);
 }
 
+TEST(FileSystem, WritingNoBytesEmptiesAFile)
+{
+    putHomeFile(u"file"_s, "old");
+    EXPECT_TRUE(files().write(homePath(u"file"_s), {}));
+    EXPECT_EQ(homeFile(u"file"_s), QByteArray(""));
+}
+
 TEST(FileSystem, WritingFollowsALinkToAFileThatIsNotThereYet)
 {
     ASSERT_TRUE(QFile::link(u"target"_s, homePath(u"link"_s)));
