@@ -40,6 +40,14 @@ TEST(FileCopy, HasTheBytesOfAFileOfAnyLength)
     }
 }
 
+TEST(FileCopy, NothingIsLeftOfAFileThatCannotBeRead)
+{
+    // A regular file that can be opened, but whose beginning is no memory. (It does not exist on every
+    // system.)
+    FileSystem::system().keepCopy(u"/proc/self/mem"_s, {homePath(u"copy"_s)});
+    EXPECT_EQ(filesInHome(), QStringList());
+}
+
 TEST(FileCopy, AnExistingCopyIsComparedToTheLastByte)
 {
     const QByteArray bytes = QByteArray(131072, 'x');

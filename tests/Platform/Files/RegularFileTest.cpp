@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +40,30 @@ TEST(RegularFile, IsClosedOnce)
     EXPECT_TRUE(file.close());
     EXPECT_FALSE(file.isOpen());
     EXPECT_FALSE(file.close());
+}
+
+TEST(RegularFile, IsClosedAtTheEndOfItsLife)
+{
+    putHomeFile(u"file"_s, "x");
+    int descriptor = -1;
+    {
+        const RegularFile file(homePath(u"file"_s), O_RDONLY);
+        descriptor = file.descriptor();
+        EXPECT_GE(::fcntl(descriptor, F_GETFD), 0);
+    }
+    EXPECT_LT(::fcntl(descriptor, F_GETFD), 0);
+}
+
+TEST(RegularFile, AnInterruptionOfAnEarlierCallRepeatsNothing)
+{
+    putHomeFile(u"file"_s, "x");
+    errno = EINTR;
+    const RegularFile file(homePath(u"file"_s), O_RDONLY);
+    ASSERT_TRUE(file.isOpen());
+    char byte = 0;
+    errno = EINTR;
+    EXPECT_EQ(file.read(0, &byte, 1), 1);
+    EXPECT_EQ(file.read(1, &byte, 1), 0);
 }
 
 TEST(RegularFile, IsTheSameUnderAHardLinkButNotAsACopy)
