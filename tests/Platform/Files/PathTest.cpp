@@ -121,6 +121,7 @@ TEST(Path, Standardizing)
         {u"/path/down/../"_s, u"/path"_s},
         {u"/path/./"_s, u"/path"_s},
         {u"./"_s, u"."_s},
+        {u"a/"_s, u"a"_s},
         {u"./path"_s, u"path"_s},
         {u"./path/."_s, u"path"_s},
         {u"path/."_s, u"path"_s},
