@@ -28,6 +28,17 @@ std::vector<std::string> OutsideWorld::takeRecord()
     return std::exchange(m_record, {});
 }
 
+std::vector<std::string> OutsideWorld::takeChanges()
+{
+    std::vector<std::string> changes;
+    for (const std::string &entry : takeRecord()) {
+        const std::string verb = entry.substr(0, entry.find(' '));
+        if (verb == "write" || verb == "post")
+            changes.push_back(verb);
+    }
+    return changes;
+}
+
 void OutsideWorld::note(const std::string &verb, const QString &object, const QByteArray &bytes)
 {
     QString shown = object;

@@ -27,6 +27,9 @@ public:
     /// "post http://127.0.0.1:18484/settings/reload-typeface".
     std::vector<std::string> takeRecord();
 
+    /// Of the same, only "write" and "post", without what was written or posted.
+    std::vector<std::string> takeChanges();
+
     bool filesRefuse = false; ///< nothing can be written
     bool serviceIsLoaded = false;
     bool serviceRefuses = false; ///< loading and unloading change nothing
