@@ -11,6 +11,7 @@
 #include "Components/Switch.h"
 #include "Components/Text/Label.h"
 #include "Platform/Desktop/Appearance/Symbol.h"
+#include "Platform/Desktop/Appearance/detail/SymbolShapes.h"
 #include "SettingsWindow/Sections/ProjectRow.h"
 
 #include <QHBoxLayout>
@@ -167,9 +168,8 @@ SettingsGroup *editor()
 SettingsGroup *tiles()
 {
     std::vector<QWidget *> all;
-    const QStringList names = drawnSymbolNames();
-    for (qsizetype i = 0; i < names.size(); ++i)
-        all.push_back(new SidebarIcon(names[i], SystemColor(i % 10)));
+    for (const DrawnSymbol &symbol : drawnSymbols())
+        all.push_back(new SidebarIcon(symbol.name.toString(), SystemColor(all.size() % 10)));
     const auto middle = all.begin() + 14;
     return new SettingsGroup({.header = u"Tiles"_s}, {padded(sideBySide({all.begin(), middle})),
                                                       padded(sideBySide({middle, all.end()}))});
@@ -179,7 +179,7 @@ SettingsGroup *tiles()
 class SymbolSheet : public QWidget
 {
 public:
-    SymbolSheet() { setFixedSize(2 * column, rowHeight * int((m_names.size() + 1) / 2)); }
+    SymbolSheet() { setFixedSize(2 * column, rowHeight * int((drawnSymbols().size() + 1) / 2)); }
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -187,8 +187,11 @@ protected:
         QPainter painter(this);
         painter.fillRect(rect(), Tokens::cardBackground);
         painter.setFont(textFont(TextStyle::size10));
-        for (qsizetype i = 0; i < m_names.size(); ++i)
-            drawRow(painter, m_names[i], QPoint(int(i % 2) * column, int(i / 2) * rowHeight));
+        QPoint origin;
+        for (const DrawnSymbol &symbol : drawnSymbols()) {
+            drawRow(painter, symbol.name.toString(), origin);
+            origin = origin.x() == 0 ? origin + QPoint(column, 0) : QPoint(0, origin.y() + rowHeight);
+        }
     }
 
 private:
@@ -206,8 +209,6 @@ private:
         painter.setPen(textColor(TextColor::secondary));
         painter.drawText(QRect(x, origin.y(), column - (x - origin.x()), rowHeight), Qt::AlignVCenter, name);
     }
-
-    const QStringList m_names = drawnSymbolNames();
 };
 
 } // namespace

@@ -1,10 +1,12 @@
 #include "Platform/Window/FirstFrame.h"
 #include "Platform/Window/WindowChrome.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QPainter>
+#include <QImage>
 #include <QPixmap>
 #include <QPlatformSurfaceEvent>
 #include <QStandardPaths>
@@ -107,22 +109,19 @@ private:
     xcb_atom_t m_scheme = XCB_ATOM_NONE;
 };
 
-/// The icon as the build has rendered it. Loading PNG files would need eight times as many instructions.
-QPixmap applicationIcon(int extent)
-{
-    QFile file(QStringLiteral(":/icon-%1").arg(extent));
-    const QByteArray pixels = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    const auto *first = reinterpret_cast<const uchar *>(pixels.constData());
-    return QPixmap::fromImage(QImage(first, extent, extent, QImage::Format_ARGB32_Premultiplied).copy());
-}
-
-/// For task lists that don't look for the program's desktop entry.
-void showIcon(QWidget &window)
+/// The icon for task lists that don't look for the program's desktop entry. The build has rendered it into
+/// pictures of bare pixels, each named by its width; PNG files would need six times as many instructions.
+QIcon applicationIcon()
 {
     QIcon icon;
-    for (const int extent : {16, 24, 32, 48, 64, 128})
-        icon.addPixmap(applicationIcon(extent));
-    window.setWindowIcon(icon);
+    for (const QFileInfo &picture : QDir(QStringLiteral(":/icon")).entryInfoList()) {
+        QFile file(picture.filePath());
+        QImage pixels(QSize(1, 1) * picture.fileName().toInt(), QImage::Format_ARGB32_Premultiplied);
+        if (file.open(QIODevice::ReadOnly) &&
+            file.read(reinterpret_cast<char *>(pixels.bits()), pixels.sizeInBytes()) == pixels.sizeInBytes())
+            icon.addPixmap(QPixmap::fromImage(pixels));
+    }
+    return icon;
 }
 
 } // namespace
@@ -139,7 +138,7 @@ void prepareWindow(QWidget &window)
         return;
     }
     new DarkFrames(connection, colors); // the application owns it
-    afterFirstFrame(window, [&window] { showIcon(window); });
+    afterFirstFrame(window, [&window] { window.setWindowIcon(applicationIcon()); });
 }
 
 void extendUnderTitleBar(QWidget &)

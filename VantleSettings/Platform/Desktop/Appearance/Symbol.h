@@ -4,7 +4,6 @@
 #include <QFont>
 #include <QIcon>
 #include <QString>
-#include <QStringList>
 
 class QPainter;
 
@@ -23,9 +22,6 @@ struct Symbol {
 
 /// Draws the symbol around the centre of `box`. An unknown name draws nothing.
 void drawSymbol(QPainter &painter, const Symbol &symbol, const QRectF &box, const QColor &color);
-
-/// The names of the drawings in Resources/Symbols.
-QStringList drawnSymbolNames();
 
 /// The symbol as an icon for buttons and menus, sharp at every scale factor.
 QIcon symbolIcon(const Symbol &symbol, const QColor &color);

@@ -68,14 +68,6 @@ int symbolExtent(qreal pointSize)
     return 2 * qRound(0.75 * pointSize);
 }
 
-QStringList drawnSymbolNames()
-{
-    QStringList names;
-    for (const DrawnSymbol &symbol : drawnSymbols())
-        names << symbol.name.toString();
-    return names;
-}
-
 QImage drawnSymbolMask(const QString &name, qreal pointSize, qreal scale)
 {
     const auto symbol = std::ranges::find(drawnSymbols(), QStringView(name), &DrawnSymbol::name);
