@@ -134,6 +134,19 @@ bool Json::Value::isArrayOfTexts() const
                                 [](dom::element element) { return element.is_string(); });
 }
 
+QStringList Json::Value::texts() const
+{
+    QStringList texts;
+    if (const auto array = get<dom::array>(m_element)) {
+        texts.reserve(qsizetype(array->size()));
+        for (const dom::element element : *array) {
+            if (const auto text = get<std::string_view>(element))
+                texts.append(decoded(*text));
+        }
+    }
+    return texts;
+}
+
 std::size_t Json::Value::elementCount() const
 {
     constexpr std::size_t saturatedSize = 0xFFFFFF;

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <simdjson.h>
 
@@ -45,6 +46,7 @@ public:
     Text::Map<Value> members() const;
 
     bool isArrayOfTexts() const;
+    QStringList texts() const; ///< the elements of an array that are texts
     std::size_t elementCount() const;
     std::vector<Value> elements() const;
 

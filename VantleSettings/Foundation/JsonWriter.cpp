@@ -1,9 +1,10 @@
 #include "Foundation/JsonWriter.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <string>
 #include <string_view>
-#include <type_traits>
 
 namespace
 {
@@ -11,11 +12,16 @@ namespace
 class Writer
 {
 public:
-    explicit Writer(QByteArray &out) : m_out(out) {}
+    /// What has been written.
+    QByteArray take()
+    {
+        m_out.truncate(m_size);
+        return std::move(m_out);
+    }
 
-    void operator()(std::nullptr_t) { m_out += "null"; }
-    void operator()(bool value) { m_out += value ? "true" : "false"; }
-    void operator()(std::int64_t value) { m_out += QByteArray::number(qint64(value)); }
+    void operator()(std::nullptr_t) { append("null"); }
+    void operator()(bool value) { append(value ? "true" : "false"); }
+    void operator()(std::int64_t value) { append(std::to_string(value)); }
     void operator()(const QString &value) { writeText(value); }
 
     void operator()(const QStringList &texts)
@@ -30,15 +36,14 @@ public:
 
     void operator()(const Json::Object &object)
     {
-        std::vector<std::pair<QByteArray, const Json::Node *>> members;
-        for (const auto &[name, value] : object)
-            members.emplace_back(name.toUtf8(), &value);
-        std::sort(members.begin(), members.end(),
-                  [](const auto &a, const auto &b) { return a.first < b.first; });
+        std::vector<std::pair<QByteArray, const Json::Object::value_type *>> members;
+        for (const auto &member : object)
+            members.emplace_back(member.first.toUtf8(), &member);
+        std::ranges::sort(members, {}, &decltype(members)::value_type::first);
         writeContainer('{', members, '}', [this](const auto &member) {
-            writeBytes(member.first);
-            m_out += " : ";
-            write(*member.second);
+            writeText(member.second->first);
+            append(" : ");
+            write(member.second->second);
         });
     }
 
@@ -48,32 +53,62 @@ private:
     template <class Elements, class WriteElement>
     void writeContainer(char open, const Elements &elements, char close, WriteElement writeElement)
     {
-        m_out += open;
-        m_out += '\n';
+        append({&open, 1});
+        append("\n");
         ++m_depth;
-        const char *separator = "";
+        std::string_view separator;
         for (const auto &element : elements) {
-            m_out += separator;
+            append(separator);
             indent();
             writeElement(element);
             separator = ",\n";
         }
         --m_depth;
-        m_out += '\n';
+        append("\n");
         indent();
-        m_out += close;
+        append({&close, 1});
     }
 
-    void indent() { m_out.append(qsizetype{2} * m_depth, ' '); }
-
-    /// Most texts are ASCII: these are written without a UTF-8 copy.
-    void writeText(const QString &text)
+    void indent()
     {
-        const QStringView units(text);
-        if (isAscii(units))
-            writeBytes(units.utf16(), units.utf16() + units.size());
-        else
-            writeBytes(text.toUtf8());
+        const qsizetype width = qsizetype{2} * m_depth;
+        setEnd(std::fill_n(room(width), width, ' '));
+    }
+
+    void append(std::string_view bytes)
+    {
+        setEnd(std::ranges::copy(bytes, room(qsizetype(bytes.size()))).out);
+    }
+
+    /// Where the next byte goes, with room for this many. They are written when setEnd() has been called.
+    char *room(qsizetype count)
+    {
+        if (m_out.size() - m_size < count)
+            m_out.resize(std::max(2 * m_out.size(), m_size + count));
+        return m_out.data() + m_size;
+    }
+
+    void setEnd(const char *end) { m_size = end - m_out.constData(); }
+
+    void writeText(QStringView text)
+    {
+        append("\"");
+        while (!text.isEmpty()) {
+            const QStringView block = text.first(blockLength(text));
+            if (isAscii(block))
+                escape(block.utf16(), block.utf16() + block.size());
+            else
+                escape(block.toUtf8());
+            text = text.sliced(block.size());
+        }
+        append("\"");
+    }
+
+    /// How much of the text is converted at once: a part whose UTF-8 is small, and no half of a character.
+    static qsizetype blockLength(QStringView text)
+    {
+        const qsizetype length = std::min(text.size(), longestBlock);
+        return length > 1 && text[length - 1].isHighSurrogate() ? length - 1 : length;
     }
 
     static bool isAscii(QStringView text)
@@ -84,88 +119,41 @@ private:
         return all < 0x80;
     }
 
-    void writeBytes(const QByteArray &utf8) { writeBytes(utf8.begin(), utf8.end()); }
+    void escape(const QByteArray &utf8) { escape(utf8.begin(), utf8.end()); }
 
+    /// Without a branch for the usual escapes: it would often be mispredicted.
     template <class Unit>
-    void writeBytes(const Unit *begin, const Unit *end)
+    void escape(const Unit *begin, const Unit *end)
     {
-        qsizetype escaped = 0;
-        forEachBlock(begin, end, [&](const Unit *block, const Unit *blockEnd) {
-            escaped += escapedCount(block, blockEnd);
-        });
-        const qsizetype start = m_out.size();
-        m_out.resize(start + 2 + (end - begin) + escaped * (longestEscape - 1));
-        char *out = m_out.data() + start;
-        *out++ = '"';
-        forEachBlock(begin, end, [&](const Unit *block, const Unit *blockEnd) {
-            out = escaped == 0 || escapedCount(block, blockEnd) == 0 ? copy(block, blockEnd, out)
-                                                                     : copyEscaped(block, blockEnd, out);
-        });
-        *out++ = '"';
-        m_out.truncate(out - m_out.constData());
-    }
-
-    template <class Unit, class Function>
-    static void forEachBlock(const Unit *begin, const Unit *end, Function function)
-    {
-        while (begin != end) {
-            const Unit *const blockEnd = begin + std::min(end - begin, blockLength);
-            function(begin, blockEnd);
-            begin = blockEnd;
-        }
-    }
-
-    /// Counts in a type as small as the units, so that the compiler can count many at a time.
-    template <class Unit>
-    static qsizetype escapedCount(const Unit *begin, const Unit *end)
-    {
-        std::make_unsigned_t<Unit> count = 0;
-        for (; begin != end; ++begin)
-            count += mustBeEscaped(*begin) ? 1 : 0;
-        return count;
-    }
-
-    /// Returns where the next byte goes, as do the others.
-    template <class Unit>
-    static char *copy(const Unit *begin, const Unit *end, char *out)
-    {
-        return std::transform(begin, end, out, [](Unit unit) { return char(unit); });
-    }
-
-    template <class Unit>
-    static char *copyEscaped(const Unit *begin, const Unit *end, char *out)
-    {
+        char *out = room((end - begin) * longestEscape);
         for (; begin != end; ++begin) {
-            if (mustBeEscaped(*begin))
-                out = escape(char(*begin), out);
-            else
-                *out++ = char(*begin);
+            const auto byte = static_cast<unsigned char>(*begin);
+            const char escaped = escapes[byte];
+            *out = '\\';
+            out += escaped ? 1 : 0;
+            *out++ = escaped ? escaped : char(byte);
+            if (escaped == 'u')
+                out = std::ranges::copy("00" + QByteArray(1, char(byte)).toHex(), out).out;
         }
-        return out;
+        setEnd(out);
     }
 
-    template <class Unit>
-    static bool mustBeEscaped(Unit unit)
-    {
-        return std::make_unsigned_t<Unit>(unit) < 0x20 || unit == '"' || unit == '\\' || unit == '/';
-    }
+    /// What follows the backslash for each byte; 0 where there is none.
+    static constexpr std::array<char, 256> escapes = [] {
+        std::array<char, 256> escapes{};
+        std::fill_n(escapes.begin(), 0x20, 'u');
+        constexpr std::string_view plain = "\"\\/\b\f\n\r\t";
+        constexpr std::string_view letters = "\"\\/bfnrt";
+        for (std::size_t i = 0; i < plain.size(); ++i)
+            escapes[std::size_t(plain[i])] = letters[i];
+        return escapes;
+    }();
 
-    static char *escape(char byte, char *out)
-    {
-        static constexpr std::string_view plain = "\"\\/\b\f\n\r\t";
-        static constexpr std::string_view letter = "\"\\/bfnrt";
-        *out++ = '\\';
-        if (const auto which = plain.find(byte); which != std::string_view::npos) {
-            *out++ = letter[which];
-            return out;
-        }
-        return std::ranges::copy("u00" + QByteArray(1, byte).toHex(), out).out;
-    }
+    static constexpr qsizetype longestEscape = 6;   ///< in bytes
+    static constexpr qsizetype longestBlock = 4096; ///< in code units
 
-    static constexpr qsizetype longestEscape = 6;      ///< in bytes
-    static constexpr std::ptrdiff_t blockLength = 255; ///< at most what escapedCount() can count
-
-    QByteArray &m_out;
+    QByteArray m_out;     ///< with room for more at its end
+    qsizetype m_size = 0; ///< of what has been written
     int m_depth = 0;
 };
 
@@ -173,7 +161,7 @@ private:
 
 QByteArray Json::encode(const Node &node)
 {
-    QByteArray out;
-    Writer(out).write(node);
-    return out;
+    Writer writer;
+    writer.write(node);
+    return writer.take();
 }

@@ -20,15 +20,6 @@ std::optional<Text::Map<Json::Value>> listsByRoot(const Json::Value &top)
     return isValid ? std::optional(std::move(lists)) : std::nullopt;
 }
 
-QStringList texts(const Json::Value &array)
-{
-    QStringList texts;
-    texts.reserve(qsizetype(array.elementCount()));
-    for (const Json::Value &element : array.elements())
-        texts.append(element.text().value_or(QString()));
-    return texts;
-}
-
 std::optional<Persistence::BrowserPatterns> allPatterns(const Json::Value &top)
 {
     const auto lists = listsByRoot(top);
@@ -36,7 +27,7 @@ std::optional<Persistence::BrowserPatterns> allPatterns(const Json::Value &top)
         return std::nullopt;
     Persistence::BrowserPatterns patterns;
     for (const auto &[root, list] : *lists)
-        patterns.emplace_hint(patterns.end(), root, texts(list));
+        patterns.emplace_hint(patterns.end(), root, list.texts());
     return patterns;
 }
 

@@ -239,6 +239,14 @@ TEST(Json, CountsAndListsElementsOfArraysOnly)
     }
 }
 
+TEST(Json, ListsTheTextsOfArraysOnly)
+{
+    EXPECT_EQ(parse("[\"a\",1,[\"b\"],\"\",\"\u00e9\"]").root().texts(),
+              (QStringList{u"a"_s, u""_s, u"é"_s}));
+    for (const QByteArray bytes : {"{\"a\":\"b\"}", "\"x\"", "[]", "null"})
+        EXPECT_TRUE(parse(bytes).root().texts().isEmpty()) << bytes.toStdString();
+}
+
 TEST(Json, CountsMoreElementsThanTheParserStores)
 {
     constexpr std::size_t count = (1U << 24) + 5;

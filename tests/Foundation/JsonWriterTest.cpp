@@ -74,13 +74,25 @@ TEST(JsonWriter, EscapesTextsAndNamesAlike)
 TEST(JsonWriter, EscapesWhereverInALongText)
 {
     for (const QString &letter : {u"w"_s, u"é"_s}) {
-        for (const int before : {0, 1, 200, 254, 255, 256, 257, 509, 510, 511, 900}) {
-            for (const int slashes : {1, 2, 255, 256, 1000}) {
+        for (const int before : {0, 1, 200, 4094, 4095, 4096, 4097, 8190, 8191, 8192, 9000}) {
+            for (const int slashes : {1, 2, 4095, 4096, 5000}) {
                 const QString start = letter + u"x"_s.repeated(before);
                 const QByteArray written =
                     '"' + start.toUtf8() + QByteArray("\\/").repeated(slashes) + "end\"";
                 EXPECT_EQ(Json::encode(QString(start + u"/"_s.repeated(slashes) + u"end"_s)), written)
                     << before << ' ' << slashes;
+            }
+        }
+    }
+}
+
+TEST(JsonWriter, WritesSurrogatesWhereverInALongText)
+{
+    for (const QString &surrogates : {u"\U0001f600"_s, QString(QChar(0xD83D)), QString(QChar(0xDE00))}) {
+        for (const int before : {0, 1, 4094, 4095, 4096, 8191}) {
+            for (const QString &end : {u""_s, u"end"_s, surrogates + u"end"_s}) {
+                const QString text = u"x"_s.repeated(before) + surrogates + end;
+                EXPECT_EQ(Json::encode(text), '"' + text.toUtf8() + '"') << before;
             }
         }
     }

@@ -123,6 +123,25 @@ class Planning(DesktopCase):
         gone.find("label", "No notch sessions")
         program.find("label", "2 projects · 2 matched sessions")
 
+    def test_a_folder_that_appears_changes_the_descriptions_once(self):
+        program = self.open()
+        row, actions = program.find("panel", "Gone"), program.find("push button", "Actions for Gone")
+        changed = self.desktop.accessibility.changed
+
+        def open_and_close_menu(*items):
+            self.open_menu(program, "Gone", *items)
+            program.press("Escape")
+            self.expect(lambda: program.focused() == actions, "the menu is still open")
+
+        open_and_close_menu("Copy Path")
+        changed.clear()
+        (self.home / "gone").mkdir()
+        for _ in range(2):
+            open_and_close_menu("Reveal Project in Finder", "Copy Path")
+        self.assertEqual(row.description, f"{self.home}/gone")
+        self.assertEqual(actions.description, f"{self.home}/gone, No notch sessions")
+        self.assertEqual([changed.count(control) for control in (row, actions)], [1, 1])
+
     def test_refreshing_reads_the_manifest_again(self):
         program = self.open()
         self.write("plan/projects.toml", f'[[projects]]\nname = "Later"\npath = "{self.home}/alpha"\n')

@@ -18,13 +18,10 @@ namespace
 {
 
 /// Whether two slashes stand side by side. (The toolkit's search for two characters is slow on long texts.)
-bool hasRunOfSlashes(const QString &path)
+bool hasRunOfSlashes(QStringView path)
 {
-    for (qsizetype slash = path.indexOf(u'/'); slash >= 0; slash = path.indexOf(u'/', slash + 1)) {
-        if (slash + 1 < path.size() && path[slash + 1] == u'/')
-            return true;
-    }
-    return false;
+    const auto areSlashes = [](QChar one, QChar other) { return one == u'/' && other == u'/'; };
+    return std::adjacent_find(path.begin(), path.end(), areSlashes) != path.end();
 }
 
 /// The path with each run of slashes as one slash, and without one at the end except for the root.

@@ -17,7 +17,6 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPainter>
-#include <QStringBuilder>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -79,7 +78,7 @@ PlanningProjectRow::PlanningProjectRow(const PlanningProject &project, QWidget *
     texts->insertLayout(0, name);
 
     auto *actions = new MenuButton({u"ellipsis.circle"_s, actionsSymbolSize});
-    actions->setAccessibleName(accessibleText(u"Actions for "_s % project.name));
+    changeAccessibleNameParts(actions, {u"Actions for "_s, project.name});
     m_actions = actions;
     m_badge = badge;
     for (QWidget *text : std::initializer_list<QWidget *>{nameLabel, m_missing, pathLabel, badge})
@@ -108,9 +107,11 @@ void PlanningProjectRow::render()
     m_icon->setSymbol(there ? u"folder.fill"_s : u"folder.badge.questionmark"_s,
                       there ? SystemColor::green : SystemColor::gray);
     m_missing->setVisible(!there);
-    const QString place = there ? m_project.path : QString(m_project.path % u", missing"_s);
-    changeAccessibleDescription(this, accessibleText(place));
-    changeAccessibleDescription(m_actions, accessibleText(place % u", "_s % m_badge->accessibleName()));
+    QStringList description{m_project.path};
+    if (!there)
+        description.append(u", missing"_s);
+    changeAccessibleDescriptionParts(this, description);
+    changeAccessibleDescriptionParts(m_actions, description << u", "_s << m_badge->accessibleName());
 }
 
 /// Adds the items for what exists at this moment; it may be gone when an item is chosen.

@@ -2,6 +2,7 @@
 
 #include "Components/Text/Label.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
@@ -57,9 +58,8 @@ void PageTest::putManifest(const QByteArray &toml) const
 QPushButton *PageTest::button(const QString &name) const
 {
     for (QPushButton *each : page->findChildren<QPushButton *>()) {
-        const QString accessibleName =
-            each->accessibleName().isEmpty() ? each->text() : each->accessibleName();
-        if (accessibleName == name && each->isVisible())
+        const QAccessibleInterface *tree = QAccessible::queryAccessibleInterface(each);
+        if (tree->text(QAccessible::Name) == name && each->isVisible())
             return each;
     }
     return nullptr;

@@ -23,6 +23,15 @@ QAccessibleInterface *makeInterface(const QString &className, QObject *object)
     return plain ? new AccessibleWidget(widget) : nullptr;
 }
 
+void changeParts(QWidget *widget, const char *property, const QStringList &parts, QAccessible::Event change)
+{
+    if (widget->property(property).toStringList() == parts)
+        return;
+    widget->setProperty(property, parts);
+    QAccessibleEvent event(widget, change);
+    QAccessible::updateAccessibility(&event);
+}
+
 } // namespace
 
 void setAccessibleRole(QWidget *widget, QAccessible::Role role)
@@ -55,6 +64,16 @@ void changeAccessibleDescription(QWidget *widget, const QString &description)
 {
     if (description != widget->accessibleDescription())
         widget->setAccessibleDescription(description);
+}
+
+void changeAccessibleNameParts(QWidget *widget, const QStringList &parts)
+{
+    changeParts(widget, AccessibleProperties::nameParts, parts, QAccessible::NameChanged);
+}
+
+void changeAccessibleDescriptionParts(QWidget *widget, const QStringList &parts)
+{
+    changeParts(widget, AccessibleProperties::descriptionParts, parts, QAccessible::DescriptionChanged);
 }
 
 void setSpokenName(QWidget *button, const QString &words)

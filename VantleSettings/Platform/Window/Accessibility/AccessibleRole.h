@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAccessible>
+#include <QStringList>
 
 class QWidget;
 
@@ -23,6 +24,12 @@ void setDescribes(QWidget *text, QWidget *control);
 /// equal one, too.
 void changeAccessibleName(QWidget *widget, const QString &name);
 void changeAccessibleDescription(QWidget *widget, const QString &description);
+
+/// The same for a name or description made of several texts, of which some may be long: they are joined when
+/// assistive technology asks, instead of the widget's own. For widgets with a role from setAccessibleRole()
+/// and for AccessibleButton.
+void changeAccessibleNameParts(QWidget *widget, const QStringList &parts);
+void changeAccessibleDescriptionParts(QWidget *widget, const QStringList &parts);
 
 /// Sets what screen readers say instead of a button's name, e.g. words for the glyphs in it. The accessible
 /// name stays.

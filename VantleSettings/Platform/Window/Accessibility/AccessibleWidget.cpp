@@ -1,5 +1,6 @@
 #include "Platform/Window/Accessibility/AccessibleWidget.h"
 
+#include "Platform/Window/Accessibility/AccessibleText.h"
 #include "Platform/Window/Accessibility/detail/AccessibleProperties.h"
 
 #include <QAbstractButton>
@@ -82,6 +83,22 @@ int AccessibleWidget::indexOfChild(const QAccessibleInterface *child) const
     return found == widgets.end() ? -1 : int(found - widgets.begin());
 }
 
+QString AccessibleWidget::text(QAccessible::Text kind) const
+{
+    const std::optional<QString> joined = joinedParts(kind);
+    return joined ? *joined : QAccessibleWidget::text(kind);
+}
+
+std::optional<QString> AccessibleWidget::joinedParts(QAccessible::Text kind) const
+{
+    const char *property = kind == QAccessible::Name          ? AccessibleProperties::nameParts
+                           : kind == QAccessible::Description ? AccessibleProperties::descriptionParts
+                                                              : nullptr;
+    const QVariant parts = property ? widget()->property(property) : QVariant();
+    return parts.isValid() ? std::optional(accessibleText(parts.toStringList().join(QString())))
+                           : std::nullopt;
+}
+
 QList<QPair<QAccessibleInterface *, QAccessible::Relation>>
 AccessibleWidget::relations(QAccessible::Relation match) const
 {
@@ -106,6 +123,8 @@ std::vector<QWidget *> AccessibleWidget::exposedChildren() const
 
 QString AccessibleButton::text(QAccessible::Text kind) const
 {
+    if (const std::optional<QString> joined = joinedParts(kind))
+        return *joined;
     const auto *button = static_cast<const QAbstractButton *>(widget());
     if (kind == QAccessible::Description)
         return button->accessibleDescription(); // the tooltip says no more than the name

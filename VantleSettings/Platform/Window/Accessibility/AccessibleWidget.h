@@ -2,6 +2,7 @@
 
 #include <QAccessibleWidget>
 
+#include <optional>
 #include <vector>
 
 /// A widget in the accessibility tree. Widgets that only lay out others are not part of that tree: their
@@ -16,9 +17,15 @@ public:
     QAccessibleInterface *child(int index) const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
 
+    /// With those of changeAccessibleNameParts() and changeAccessibleDescriptionParts() of AccessibleRole.h.
+    QString text(QAccessible::Text kind) const override;
+
     /// With those of setDescribes() and setSpokenName() of AccessibleRole.h.
     QList<QPair<QAccessibleInterface *, QAccessible::Relation>>
     relations(QAccessible::Relation match) const override;
+
+protected:
+    std::optional<QString> joinedParts(QAccessible::Text kind) const;
 
 private:
     std::vector<QWidget *> exposedChildren() const;

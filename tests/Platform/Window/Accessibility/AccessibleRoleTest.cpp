@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -62,6 +64,29 @@ TEST(AccessibleRole, ATextIsTiedToTheControlThatItDescribes)
     const auto relations = QAccessible::queryAccessibleInterface(&text)->relations(QAccessible::AllRelations);
     ASSERT_EQ(relations.size(), 1);
     EXPECT_EQ(relations.first().first->object(), &control);
+}
+
+TEST(AccessibleRole, PartsAreJoinedWhenTheyAreAskedFor)
+{
+    QPushButton button;
+    button.setAccessibleName(u"Actions"_s);
+    button.setAccessibleDescription(u"Menu"_s);
+    QWidget row;
+    setAccessibleRole(&row, QAccessible::Grouping);
+    for (QWidget *widget : std::initializer_list<QWidget *>{&button, &row}) {
+        changeAccessibleNameParts(widget, {u"Actions for "_s, u"App"_s});
+        changeAccessibleDescriptionParts(widget, {u"/app"_s, u", missing"_s});
+    }
+    const AccessibleButton ofButton(&button);
+    const QAccessibleInterface *ofRow = QAccessible::queryAccessibleInterface(&row);
+    for (const auto *tree : std::initializer_list<const QAccessibleInterface *>{&ofButton, ofRow}) {
+        EXPECT_EQ(tree->text(QAccessible::Name), u"Actions for App");
+        EXPECT_EQ(tree->text(QAccessible::Description), u"/app, missing");
+        EXPECT_EQ(tree->text(QAccessible::Value), u"");
+    }
+    const QString longest(qsizetype{16} << 20, u'x');
+    changeAccessibleNameParts(&button, {longest, u"yz"_s});
+    EXPECT_EQ(ofButton.text(QAccessible::Name), longest + QChar(0x2026)) << "what a message can carry";
 }
 
 TEST(AccessibleRole, ASpokenNameLabelsAButtonThatKeepsItsName)
