@@ -104,11 +104,12 @@ private:
         append("\"");
     }
 
-    /// How much of the text is converted at once: a part whose UTF-8 is small, and no half of a character.
+    /// How much of the text is converted at once: so little that its UTF-8 is small, but whole characters.
     static qsizetype blockLength(QStringView text)
     {
-        const qsizetype length = std::min(text.size(), longestBlock);
-        return length > 1 && text[length - 1].isHighSurrogate() ? length - 1 : length;
+        if (text.size() <= longestBlock)
+            return text.size();
+        return text[longestBlock - 1].isHighSurrogate() ? longestBlock - 1 : longestBlock;
     }
 
     static bool isAscii(QStringView text)
