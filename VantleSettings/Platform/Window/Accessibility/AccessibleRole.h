@@ -25,9 +25,9 @@ void setDescribes(QWidget *text, QWidget *control);
 void changeAccessibleName(QWidget *widget, const QString &name);
 void changeAccessibleDescription(QWidget *widget, const QString &description);
 
-/// The same for a name or description made of several texts, of which some may be long: they are joined when
-/// assistive technology asks, instead of the widget's own. For widgets with a role from setAccessibleRole()
-/// and for AccessibleButton.
+/// The same for a name or description that is made of several texts, some of which may be long: they are
+/// joined only when assistive technology asks. They come before the widget's own. For widgets with a role
+/// from setAccessibleRole() and for AccessibleButton.
 void changeAccessibleNameParts(QWidget *widget, const QStringList &parts);
 void changeAccessibleDescriptionParts(QWidget *widget, const QStringList &parts);
 
