@@ -8,6 +8,7 @@
 #include "SampleDesk.h"
 #include "SettingsWindow/SettingsRootView.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMainWindow>
@@ -66,11 +67,14 @@ Screenshot afterwards(Screenshot screenshot, const std::function<void(QWidget &)
     return screenshot;
 }
 
+/// The visible control that has the name, or is given it by its accessible interface.
 template <class Control>
 Control &named(QWidget &window, const QString &name)
 {
     for (auto *control : window.findChildren<Control *>()) {
-        if (control->accessibleName() == name && control->isVisible())
+        const QAccessibleInterface *tree = QAccessible::queryAccessibleInterface(control);
+        const bool isNamed = control->accessibleName() == name || tree->text(QAccessible::Name) == name;
+        if (isNamed && control->isVisible())
             return *control;
     }
     qFatal("nothing is called %s", qPrintable(name));
