@@ -146,7 +146,7 @@ private:
         constexpr std::string_view plain = "\"\\/\b\f\n\r\t";
         constexpr std::string_view letters = "\"\\/bfnrt";
         for (std::size_t i = 0; i < plain.size(); ++i)
-            escapes[std::size_t(plain[i])] = letters[i];
+            escapes[static_cast<unsigned char>(plain[i])] = letters[i];
         return escapes;
     }();
 
