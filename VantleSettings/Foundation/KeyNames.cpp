@@ -9,54 +9,54 @@ namespace
 {
 
 struct NamedSymbol {
-    QStringView symbol;
+    QChar symbol;
     QStringView name;
 };
 
 constexpr std::array keySymbols = std::to_array<NamedSymbol>({
-    {u"⌃", u"Control"},
-    {u"⌥", u"Option"},
-    {u"⇧", u"Shift"},
-    {u"⌘", u"Command"},
-    {u"↩", u"Return"},
-    {u"⇥", u"Tab"},
-    {u"␣", u"Space"},
-    {u"⌫", u"Delete"},
-    {u"⎋", u"Escape"},
-    {u"↖", u"Home"},
-    {u"⇞", u"Page Up"},
-    {u"⌦", u"Forward Delete"},
-    {u"↘", u"End"},
-    {u"⇟", u"Page Down"},
-    {u"←", u"Left Arrow"},
-    {u"→", u"Right Arrow"},
-    {u"↓", u"Down Arrow"},
-    {u"↑", u"Up Arrow"},
+    {u'⌃', u"Control"},
+    {u'⌥', u"Option"},
+    {u'⇧', u"Shift"},
+    {u'⌘', u"Command"},
+    {u'↩', u"Return"},
+    {u'⇥', u"Tab"},
+    {u'␣', u"Space"},
+    {u'⌫', u"Delete"},
+    {u'⎋', u"Escape"},
+    {u'↖', u"Home"},
+    {u'⇞', u"Page Up"},
+    {u'⌦', u"Forward Delete"},
+    {u'↘', u"End"},
+    {u'⇟', u"Page Down"},
+    {u'←', u"Left Arrow"},
+    {u'→', u"Right Arrow"},
+    {u'↓', u"Down Arrow"},
+    {u'↑', u"Up Arrow"},
 });
 
 constexpr std::array punctuation = std::to_array<NamedSymbol>({
-    {u"`", u"grave accent"},
-    {u"-", u"minus"},
-    {u"=", u"equals"},
-    {u"[", u"left bracket"},
-    {u"]", u"right bracket"},
-    {u"\\", u"backslash"},
-    {u";", u"semicolon"},
-    {u"'", u"apostrophe"},
-    {u",", u"comma"},
-    {u".", u"period"},
-    {u"/", u"slash"},
-    {u"+", u"plus"},
-    {u"*", u"asterisk"},
-    {u"#", u"number sign"},
-    {u"<", u"less than"},
-    {u"^", u"caret"},
+    {u'`', u"grave accent"},
+    {u'-', u"minus"},
+    {u'=', u"equals"},
+    {u'[', u"left bracket"},
+    {u']', u"right bracket"},
+    {u'\\', u"backslash"},
+    {u';', u"semicolon"},
+    {u'\'', u"apostrophe"},
+    {u',', u"comma"},
+    {u'.', u"period"},
+    {u'/', u"slash"},
+    {u'+', u"plus"},
+    {u'*', u"asterisk"},
+    {u'#', u"number sign"},
+    {u'<', u"less than"},
+    {u'^', u"caret"},
 });
 
 QString keyName(const QString &key)
 {
     for (const NamedSymbol &mark : punctuation) {
-        if (mark.symbol == key)
+        if (key == mark.symbol)
             return mark.name.toString();
     }
     if (key.startsWith(u'⟨') && key.endsWith(u'⟩'))
@@ -71,9 +71,8 @@ QString withKeyNames(const QString &text)
     QString words;
     bool afterSymbol = false;
     for (const QChar unit : text) {
-        const auto *symbol =
-            std::find_if(keySymbols.begin(), keySymbols.end(),
-                         [unit](const NamedSymbol &each) { return each.symbol.front() == unit; });
+        const auto *symbol = std::find_if(keySymbols.begin(), keySymbols.end(),
+                                          [unit](const NamedSymbol &each) { return each.symbol == unit; });
         const bool isSymbol = symbol != keySymbols.end();
         if (afterSymbol && (isSymbol || unit.isLetterOrNumber()))
             words += u' ';
