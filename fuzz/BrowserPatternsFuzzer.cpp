@@ -13,12 +13,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 
     std::vector<BrowserConfigProject> rows;
     for (const auto &[root, list] : patterns)
-        rows.push_back({.root = root, .urls = list.join(u'\n')});
+        rows.push_back({.root = root, .urls = list.joined()});
     const auto edited = Persistence::browserPatterns(rows);
     for (const auto &[root, list] : edited) {
         MUST(patterns.contains(root) && !list.isEmpty());
-        for (const QString &pattern : list)
+        for (qsizetype i = 0; i < list.size(); ++i) {
+            const QStringView pattern = list[i];
             MUST(!pattern.isEmpty() && !pattern.contains(u'\n') && Text::trimmed(pattern) == pattern);
+        }
     }
     MUST(Persistence::saveBrowserPatterns(edited) && Persistence::loadBrowserPatterns() == edited);
     return 0;

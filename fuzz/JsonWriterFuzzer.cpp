@@ -57,9 +57,9 @@ private:
         return Text::decoded(bytes).value_or(QString::fromLatin1(bytes));
     }
 
-    QStringList texts()
+    TextList texts()
     {
-        QStringList texts;
+        TextList texts;
         for (unsigned left = next() % 5; left > 0; --left)
             texts.append(text());
         return texts;
@@ -96,11 +96,11 @@ nlohmann::json theirs(const Json::Node &node)
         nlohmann::json operator()(bool value) const { return value; }
         nlohmann::json operator()(std::int64_t value) const { return value; }
         nlohmann::json operator()(const QString &value) const { return value.toStdString(); }
-        nlohmann::json operator()(const QStringList &texts) const
+        nlohmann::json operator()(const TextList &texts) const
         {
             auto result = nlohmann::json::array();
-            for (const QString &text : texts)
-                result.push_back(text.toStdString());
+            for (qsizetype i = 0; i < texts.size(); ++i)
+                result.push_back(texts[i].toString().toStdString());
             return result;
         }
         nlohmann::json operator()(const Json::Array &array) const
@@ -134,13 +134,9 @@ bool isReadBack(const Json::Node &node, const Json::Value &value)
             return fits ? value.uint32() == std::uint32_t(expected) : !value.uint32();
         }
         bool operator()(const QString &expected) const { return value.text() == expected; }
-        bool operator()(const QStringList &texts) const
+        bool operator()(const TextList &expected) const
         {
-            const auto elements = value.elements();
-            return value.isArray() && std::equal(texts.begin(), texts.end(), elements.begin(), elements.end(),
-                                                 [](const QString &text, const Json::Value &element) {
-                                                     return element.text() == text;
-                                                 });
+            return value.isArrayOfTexts() && value.texts() == expected;
         }
         bool operator()(const Json::Array &array) const
         {

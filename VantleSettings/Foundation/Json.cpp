@@ -134,15 +134,22 @@ bool Json::Value::isArrayOfTexts() const
                                 [](dom::element element) { return element.is_string(); });
 }
 
-QStringList Json::Value::texts() const
+TextList Json::Value::texts() const
 {
-    QStringList texts;
-    if (const auto array = get<dom::array>(m_element)) {
-        texts.reserve(qsizetype(array->size()));
-        for (const dom::element element : *array) {
-            if (const auto text = get<std::string_view>(element))
-                texts.append(decoded(*text));
-        }
+    const std::vector<Value> elements = this->elements();
+    TextList texts;
+    if (elements.size() > 1) { // one text is not copied
+        std::size_t size = 0;  // in bytes: a text has no more code units
+        for (const Value &element : elements)
+            size += element.utf8().value_or(std::string_view()).size();
+        texts.reserve(qsizetype(elements.size()), qsizetype(size));
+    }
+    for (const Value &element : elements) {
+        const auto bytes = element.utf8();
+        if (bytes && isAscii(*bytes))
+            texts.append(QLatin1String(bytes->data(), qsizetype(bytes->size())));
+        else if (bytes)
+            texts.append(decoded(*bytes));
     }
     return texts;
 }

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Foundation/Text.h"
+#include "Foundation/TextList.h"
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
 #include <simdjson.h>
 
@@ -46,7 +46,7 @@ public:
     Text::Map<Value> members() const;
 
     bool isArrayOfTexts() const;
-    QStringList texts() const; ///< the elements of an array that are texts
+    TextList texts() const; ///< the elements of an array that are texts
     std::size_t elementCount() const;
     std::vector<Value> elements() const;
 

@@ -24,9 +24,9 @@ public:
     void operator()(std::int64_t value) { append(std::to_string(value)); }
     void operator()(const QString &value) { writeText(value); }
 
-    void operator()(const QStringList &texts)
+    void operator()(const TextList &texts)
     {
-        writeContainer('[', texts, ']', [this](const QString &text) { writeText(text); });
+        writeContainer('[', texts, ']', [this](QStringView text) { writeText(text); });
     }
 
     void operator()(const Json::Array &array)
@@ -53,26 +53,20 @@ private:
     template <class Elements, class WriteElement>
     void writeContainer(char open, const Elements &elements, char close, WriteElement writeElement)
     {
+        const std::string outerLine = '\n' + std::string(indentWidth * m_depth, ' ');
+        const std::string nextLine = ',' + outerLine + std::string(indentWidth, ' ');
         append({&open, 1});
         append("\n");
         ++m_depth;
-        std::string_view separator;
-        for (const auto &element : elements) {
-            append(separator);
-            indent();
-            writeElement(element);
-            separator = ",\n";
+        std::string_view before = std::string_view(nextLine).substr(2); // the line has begun
+        for (decltype(elements.size()) i = 0; i < elements.size(); ++i) {
+            append(before);
+            writeElement(elements[i]);
+            before = nextLine;
         }
         --m_depth;
-        append("\n");
-        indent();
+        append(outerLine);
         append({&close, 1});
-    }
-
-    void indent()
-    {
-        const qsizetype width = qsizetype{2} * m_depth;
-        setEnd(std::fill_n(room(width), width, ' '));
     }
 
     void append(std::string_view bytes)
@@ -150,12 +144,13 @@ private:
         return escapes;
     }();
 
+    static constexpr std::size_t indentWidth = 2;   ///< in spaces for each level
     static constexpr qsizetype longestEscape = 6;   ///< in bytes
     static constexpr qsizetype longestBlock = 4096; ///< in code units
 
     QByteArray m_out;     ///< with room for more at its end
     qsizetype m_size = 0; ///< of what has been written
-    int m_depth = 0;
+    std::size_t m_depth = 0;
 };
 
 } // namespace

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "Foundation/TextList.h"
+
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
 #include <cstdint>
 #include <utility>
@@ -21,7 +22,7 @@ using Array = std::vector<Node>;
 using Object = std::vector<std::pair<QString, Node>>;
 
 /// A value to write.
-struct Node : std::variant<std::nullptr_t, bool, std::int64_t, QString, QStringList, Array, Object> {
+struct Node : std::variant<std::nullptr_t, bool, std::int64_t, QString, TextList, Array, Object> {
     using variant::variant;
 };
 

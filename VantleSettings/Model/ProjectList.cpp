@@ -14,10 +14,10 @@ struct SortedRow {
     BrowserConfigProject row;
 };
 
-SortedRow sortedRow(const QString &root, const QStringList &patterns)
+SortedRow sortedRow(const QString &root, const TextList &patterns)
 {
     return {Text::sortKey(Text::lowercased(Path::lastComponent(root).toString())),
-            {.root = root, .urls = patterns.size() == 1 ? patterns.front() : patterns.join(u'\n')}};
+            {.root = root, .urls = patterns.joined()}};
 }
 
 } // namespace

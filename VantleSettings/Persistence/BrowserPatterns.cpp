@@ -33,13 +33,12 @@ std::optional<Persistence::BrowserPatterns> allPatterns(const Json::Value &top)
 
 /// The lines of a row, trimmed, without the empty ones. Only a line feed ends a line: a carriage return that
 /// was pasted belongs to its pattern.
-QStringList patterns(const QString &urls)
+TextList patterns(const QString &urls)
 {
-    QStringList patterns;
-    patterns.reserve(urls.count(u'\n') + 1);
-    for (const QStringView line : QStringView(urls).tokenize(u'\n')) {
+    auto patterns = TextList::forPartsOf(urls);
+    for (const QStringView line : patterns.whole().tokenize(u'\n')) {
         if (const QStringView pattern = Text::trimmed(line); !pattern.isEmpty())
-            patterns.append(pattern.size() == urls.size() ? urls : pattern.toString());
+            patterns.addPart(pattern);
     }
     return patterns;
 }
@@ -68,8 +67,8 @@ Persistence::BrowserPatterns Persistence::browserPatterns(const std::vector<Brow
 {
     BrowserPatterns result;
     for (const BrowserConfigProject &row : rows) {
-        if (const QStringList list = patterns(row.urls); !list.isEmpty())
-            result[row.root] = list;
+        if (TextList list = patterns(row.urls); !list.isEmpty())
+            result[row.root] = std::move(list);
     }
     return result;
 }

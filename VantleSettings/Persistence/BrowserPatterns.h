@@ -1,10 +1,8 @@
 #pragma once
 
 #include "Foundation/Text.h"
+#include "Foundation/TextList.h"
 #include "Persistence/BrowserConfigProject.h"
-
-#include <QString>
-#include <QStringList>
 
 #include <vector>
 
@@ -12,7 +10,7 @@ namespace Persistence
 {
 
 /// URL patterns by project root, in code-point order of the root.
-using BrowserPatterns = Text::Map<QStringList>;
+using BrowserPatterns = Text::Map<TextList>;
 
 /// `~/.claude/browser-patterns.json`; empty by default.
 BrowserPatterns loadBrowserPatterns();

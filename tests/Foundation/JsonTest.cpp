@@ -241,9 +241,9 @@ TEST(Json, CountsAndListsElementsOfArraysOnly)
 
 TEST(Json, ListsTheTextsOfArraysOnly)
 {
-    EXPECT_EQ(parse("[\"a\",1,[\"b\"],\"\",\"\u00e9\"]").root().texts(),
-              (QStringList{u"a"_s, u""_s, u"é"_s}));
-    for (const QByteArray bytes : {"{\"a\":\"b\"}", "\"x\"", "[]", "null"})
+    EXPECT_EQ(parse("[\"a\",1,[\"b\"],\"\",\"\u00e9\"]").root().texts(), (TextList{u"a"_s, u""_s, u"é"_s}));
+    EXPECT_EQ(parse("[\"é\"]").root().texts(), TextList{u"é"_s});
+    for (const QByteArray bytes : {"{\"a\":\"b\"}", "[1]", "\"x\"", "[]", "null"})
         EXPECT_TRUE(parse(bytes).root().texts().isEmpty()) << bytes.toStdString();
 }
 

@@ -32,6 +32,9 @@ TEST(JsonWriter, WritesEachKindOfValueInTheEncodersForm)
         {Array{0, -1, std::int64_t{4294967295}}, "[\n  0,\n  -1,\n  4294967295\n]"},
         {Object{{u"/a"_s, Array{u"x"_s, u"y"_s}}, {u"/b"_s, Array{}}},
          "{\n  \"\\/a\" : [\n    \"x\",\n    \"y\"\n  ],\n  \"\\/b\" : [\n\n  ]\n}"},
+        {TextList(), "[\n\n]"},
+        {Object{{u"a"_s, TextList{u"x"_s, u"/"_s, u"\u00e9"_s}}},
+         "{\n  \"a\" : [\n    \"x\",\n    \"\\/\",\n    \"\u00e9\"\n  ]\n}"},
     };
     for (const auto &[value, bytes] : cases)
         EXPECT_EQ(Json::encode(value), bytes);

@@ -87,7 +87,7 @@ TEST(BrowserPatterns, TheLaterRowWithTheSameRootWins)
     const auto composed = patternsOf({{u"/e\u0301"_s, u"x"_s}, {u"/\u00e9"_s, u"y"_s}});
     ASSERT_EQ(composed.size(), 1U);
     EXPECT_EQ(composed.begin()->first, u"/e\u0301"_s);
-    EXPECT_EQ(composed.begin()->second, QStringList{u"y"_s});
+    EXPECT_EQ(composed.begin()->second, TextList{u"y"_s});
 }
 
 TEST(BrowserPatterns, AreWrittenInOrderOfTheirRootsWithSlashesEscaped)

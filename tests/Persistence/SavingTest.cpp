@@ -24,9 +24,12 @@ const QString patternsFile = u".claude/browser-patterns.json"_s;
 /// Patterns that take a while to write.
 Persistence::BrowserPatterns manyPatterns(const QString &pattern)
 {
+    TextList list;
+    for (int i = 0; i < 100; ++i)
+        list.append(pattern);
     Persistence::BrowserPatterns patterns;
     for (int i = 0; i < 200; ++i)
-        patterns[u"/project/"_s + QString::number(i)] = QStringList(100, pattern);
+        patterns[u"/project/"_s + QString::number(i)] = list;
     return patterns;
 }
 

@@ -22,7 +22,7 @@ FOLDERS = {
     "AgentBridge": [(["AgentBridge/*.cpp"], ["agent_bridge_test", "agent_port_test"])],
     "Foundation": [(["Foundation/Json*.cpp"], ["foundation_test", "persistence_test", "json_corpus_test"]),
                    (["Foundation/[KO]*.cpp"], ["foundation_test"]),
-                   (["Foundation/Text.cpp"], ["foundation_test", "model_test", "planning_projects_test"])],
+                   (["Foundation/Text*.cpp"], ["foundation_test", "model_test", "planning_projects_test"])],
     "LaunchAgent": [(["LaunchAgent/*.cpp"], ["launch_agent_test", "model_test", "launchctl_test", "systemd_test"])],
     "Model": [(["Model/*.cpp"], ["model_test"])],
     "Persistence": [(["Persistence/*.cpp"], ["persistence_test"])],
