@@ -39,7 +39,7 @@ public:
     };
 
     static constexpr qsizetype virtualizationThreshold = 100;    ///< a list of more rows is virtualized
-    static constexpr qsizetype virtualizationTextLength = 30000; ///< so is one of more text
+    static constexpr qsizetype virtualizationTextLength = 20000; ///< so is one of more text
 
     explicit RowList(RowDelegate delegate, QWidget *parent = nullptr);
     ~RowList() override;

@@ -63,7 +63,7 @@ void browser(benchmark::State &state, Text text)
         openPage<BrowserPatternsSection>(SettingsSection::browser, model);
 }
 
-// So few that all rows exist if their texts are short: two of 300 characters are the longest of these.
+// So few that all rows exist if their texts are short: two of 200 characters are the longest of these.
 constexpr int rowCount = 50;
 
 /// Creates and draws the Planning page of many projects, each with texts of this length.
@@ -136,7 +136,7 @@ struct Work {
 const std::vector<Work> &works()
 {
     static const std::vector<int> ofOne{1000, 10000, 100000, 1000000, 10000000};
-    static const std::vector<int> ofRows{20, 300, 10000, 100000, 1000000};
+    static const std::vector<int> ofRows{20, 200, 10000, 100000, 1000000};
     static const std::vector<Work> all{{"planning", planning, ofOne},
                                        {"browser", browser, ofOne},
                                        {"key", key, ofOne},
@@ -168,7 +168,7 @@ void registerAll()
                 benchmark::RegisterBenchmark(nameOf(work, kind).c_str(), work.function, kind.text);
             for (const int length : work.lengths)
                 registered->Arg(length);
-            registered->Unit(benchmark::kMillisecond)->MinTime(0.1)->Repetitions(3);
+            registered->Unit(benchmark::kMillisecond)->MinTime(0.1)->Repetitions(5);
         }
     }
 }
@@ -195,7 +195,12 @@ int main(int argc, char **argv)
 {
     const BenchmarkApplication application(argc, argv);
 
-    benchmark::Initialize(&argc, argv);
+    // Other work on the machine comes in bursts: a benchmark's repetitions are spread over the whole run.
+    std::string interleaved = "--benchmark_enable_random_interleaving=true";
+    std::vector<char *> arguments(argv, argv + argc);
+    arguments.insert(arguments.begin() + 1, interleaved.data());
+    int argumentCount = int(arguments.size());
+    benchmark::Initialize(&argumentCount, arguments.data());
     registerAll();
     Ratios ratios;
     benchmark::RunSpecifiedBenchmarks(&ratios);

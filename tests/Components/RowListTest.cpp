@@ -30,7 +30,7 @@ TEST_F(RowListTest, OfMoreThanAHundredRowsOnlyThoseInViewExist)
 
 TEST_F(RowListTest, OfRowsWithVeryLongTextsOnlyThoseInViewExist)
 {
-    textLength = 601;
+    textLength = 401;
     fill(50);
     show();
     for (const int position : {0, 1, 777, area.verticalScrollBar()->maximum()}) {
@@ -42,10 +42,10 @@ TEST_F(RowListTest, OfRowsWithVeryLongTextsOnlyThoseInViewExist)
 
 TEST_F(RowListTest, TheLengthsOfTheTextsAreAskedForAgainWhenTheIdsChange)
 {
-    textLength = 600;
+    textLength = 400;
     fill(50);
     show();
-    EXPECT_EQ(list->createdCount(), 50) << "30,000 characters are not too many";
+    EXPECT_EQ(list->createdCount(), 50) << "20,000 characters are not too many";
     fill(51);
     processEvents();
     EXPECT_EQ(createdRows(), expectedInView());
