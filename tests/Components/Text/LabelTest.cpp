@@ -173,7 +173,7 @@ TEST_F(LabelTest, TenThousandCharactersDoNotWidenALabel)
 /// Texts of millions of characters. Laid out whole, each would keep the window busy for minutes.
 const std::vector<QString> &veryLongTexts()
 {
-    constexpr int million = 1000000;
+    constexpr qsizetype million = 1000000;
     static const std::vector<QString> texts{
         u'/' + u"w"_s.repeated(10 * million),
         u"/folder"_s.repeated(million),
